@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Profiles/Profile.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+
+namespace tervale {
+
+/// There are as many inputs as groups times two, so sets and maps of them are small arrays, without
+/// allocation. Both are walked in the order of the groups, hottest before average.
+inline constexpr std::size_t temperatureInputCount = 2 * SensorGroup::allCases.size();
+
+/// Every input, at the position that sets and maps keep it at.
+constexpr TemperatureInput temperatureInputAt(std::size_t position) {
+    return {SensorGroup::allCases[position / 2], position % 2 == 1};
+}
+constexpr std::size_t positionOf(TemperatureInput input) {
+    return 2 * static_cast<std::size_t>(static_cast<SensorGroup::Case>(input.group)) +
+           (input.average ? 1 : 0);
+}
+
+/// A set of temperature inputs.
+class TemperatureInputSet {
+  public:
+    constexpr TemperatureInputSet() = default;
+    constexpr TemperatureInputSet(std::initializer_list<TemperatureInput> inputs) {
+        for (const TemperatureInput input : inputs)
+            insert(input);
+    }
+
+    constexpr void insert(TemperatureInput input) {
+        members = static_cast<std::uint16_t>(members | (1U << positionOf(input)));
+    }
+    constexpr bool contains(TemperatureInput input) const {
+        return (members >> positionOf(input) & 1U) != 0;
+    }
+    constexpr bool containsGroup(SensorGroup group) const {
+        return contains({group, false}) || contains({group, true});
+    }
+
+    bool operator==(const TemperatureInputSet&) const = default;
+
+  private:
+    std::uint16_t members = 0;
+};
+
+/// A map from temperature inputs to degrees Celsius; an input that could not be read is absent.
+class TemperatureReadings {
+  public:
+    constexpr TemperatureReadings() = default;
+    constexpr TemperatureReadings(
+        std::initializer_list<std::pair<TemperatureInput, double>> readings) {
+        for (const auto& [input, value] : readings)
+            set(input, value);
+    }
+
+    constexpr std::optional<double> at(TemperatureInput input) const {
+        return values[positionOf(input)];
+    }
+    constexpr void set(TemperatureInput input, double value) { values[positionOf(input)] = value; }
+    constexpr void remove(TemperatureInput input) { values[positionOf(input)].reset(); }
+
+    bool operator==(const TemperatureReadings&) const = default;
+
+  private:
+    std::array<std::optional<double>, temperatureInputCount> values{};
+};
+
+} // namespace tervale

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+namespace tervale {
+
+/// The roles that the window draws with, taken from a palette, so that light, dark and high
+/// contrast follow the running system.
+struct Colors {
+    /// Whether text is lighter than what it stands on.
+    bool dark = false;
+    QColor window;
+    QColor sidebar;
+    QColor card;
+    /// Separators and the borders of cards.
+    QColor line;
+    QColor label;
+    QColor secondary;
+    /// Grooves, and whatever lies behind an unselected control.
+    QColor quaternary;
+    QColor control;
+    QColor controlLine;
+    /// Text and symbols of problems.
+    QColor warning;
+    /// The ground of a plot.
+    QColor plot;
+    /// The accent colour as text and thin symbols, readable on the window's ground.
+    QColor accentLabel;
+
+    static Colors of(const QPalette& palette);
+};
+
+/// The palettes that the window draws with where the desktop brings none of its own.
+QPalette lightPalette();
+QPalette darkPalette();
+
+} // namespace tervale

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QFont>
+
+namespace tervale {
+
+/// Sizes in logical pixels.
+namespace fontSize {
+inline constexpr int caption2 = 10;
+inline constexpr int caption = 11;
+inline constexpr int callout = 12;
+inline constexpr int subheadline = 12;
+inline constexpr int body = 13;
+inline constexpr int title = 15;
+} // namespace fontSize
+
+/// The user interface's font. On Linux "Inter" where it is installed, elsewhere the system's own.
+QFont systemFont(int size, QFont::Weight weight = QFont::Normal);
+/// The same in the rounded design where the system has one.
+QFont roundedFont(int size, QFont::Weight weight = QFont::Normal);
+
+} // namespace tervale

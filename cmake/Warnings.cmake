@@ -1,0 +1,7 @@
+# Every target of the project links this; that warnings are errors is the presets' choice.
+add_library(tervale_warnings INTERFACE)
+add_library(Tervale::Warnings ALIAS tervale_warnings)
+target_compile_options(tervale_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    -Wold-style-cast -Woverloaded-virtual -Wcast-align -Wunused -Wnull-dereference
+    -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Wswitch-enum)
