@@ -1,0 +1,157 @@
+#include "TervaleWindow/Appearance/Colors.h"
+
+#include "TervaleWindow/Appearance/Theme.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tervale {
+
+namespace {
+
+/// How strongly the label's colour shows in each role, and the colours that are not taken from it.
+struct Shades {
+    float secondary;
+    float quaternary;
+    float line;
+    float controlLine;
+    float plot;
+    QRgb warning;
+    QRgb accentLabel;
+};
+
+constexpr QRgb accentOnLight = 0xff1a6ef0;
+constexpr QRgb accentOnDark = 0xff5b9bff;
+constexpr Shades lightShades{0.59f, 0.102f, 0.09f, 0.158f, 0.028f, 0xffd9730d, accentOnLight};
+constexpr Shades darkShades{0.587f, 0.126f, 0.084f, 0.126f, 0.032f, 0xffff9f43, accentOnDark};
+constexpr Shades contrastLightShades{0.8f, 0.2f, 0.6f, 0.7f, 0.05f, 0xff8a3d00, 0xff0b4fc0};
+constexpr Shades contrastDarkShades{0.8f, 0.3f, 0.6f, 0.7f, 0.06f, 0xffffbf80, 0xff8cb9ff};
+
+double linear(double component) {
+    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& color) {
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double contrast(double first, double second) {
+    const auto [low, high] = std::minmax(first, second);
+    return (high + 0.05) / (low + 0.05);
+}
+
+const Shades& shades(double labelLuminance, double groundLuminance) {
+    // Ordinary palettes stay below 17 : 1; only black and white themselves come near 21 : 1.
+    const bool strong = contrast(labelLuminance, groundLuminance) > 19;
+    if (labelLuminance > groundLuminance)
+        return strong ? contrastDarkShades : darkShades;
+    return strong ? contrastLightShades : lightShades;
+}
+
+QColor faded(QColor color, float alpha) {
+    color.setAlphaF(alpha);
+    return color;
+}
+
+QColor blended(const QColor& ground, const QColor& over, float share) {
+    const auto mix = [share](float from, float to) { return from + share * (to - from); };
+    return QColor::fromRgbF(mix(ground.redF(), over.redF()), mix(ground.greenF(), over.greenF()),
+                            mix(ground.blueF(), over.blueF()));
+}
+
+struct Basics {
+    QRgb window;
+    QRgb card;
+    QRgb label;
+    QRgb control;
+    QRgb toolTip;
+    QRgb link;
+};
+
+void setEverywhere(QPalette& palette, const QColor& color,
+                   std::initializer_list<QPalette::ColorRole> roles) {
+    for (const QPalette::ColorRole role : roles)
+        palette.setColor(QPalette::All, role, color);
+}
+
+void setDisabled(QPalette& palette, const QColor& window, const QColor& label) {
+    const QColor pale = blended(window, label, 0.4f);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText,
+          QPalette::PlaceholderText})
+        palette.setColor(QPalette::Disabled, role, pale);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, blended(window, label, 0.15f));
+}
+
+QPalette paletteOf(const Basics& basics) {
+    const QColor window(basics.window);
+    const QColor label(basics.label);
+    QPalette palette;
+    setEverywhere(palette, window, {QPalette::Window});
+    setEverywhere(palette, QColor(basics.card), {QPalette::Base});
+    setEverywhere(palette, blended(QColor(basics.card), label, 0.03f), {QPalette::AlternateBase});
+    setEverywhere(palette, QColor(basics.control), {QPalette::Button});
+    setEverywhere(
+        palette, label,
+        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText});
+    setEverywhere(palette, faded(label, 0.5f), {QPalette::PlaceholderText});
+    setEverywhere(palette, Qt::white, {QPalette::HighlightedText, QPalette::BrightText});
+    setEverywhere(palette, Theme::accent(), {QPalette::Highlight});
+    setEverywhere(palette, QColor(basics.link), {QPalette::Link, QPalette::LinkVisited});
+    setEverywhere(palette, QColor(basics.toolTip), {QPalette::ToolTipBase});
+    // The bevels of the widget styles.
+    setEverywhere(palette, blended(QColor(basics.control), Qt::white, 0.15f), {QPalette::Light});
+    setEverywhere(palette, blended(window, Qt::white, 0.1f), {QPalette::Midlight});
+    setEverywhere(palette, blended(window, label, 0.2f), {QPalette::Mid});
+    setEverywhere(palette, blended(window, label, 0.35f), {QPalette::Dark});
+    setEverywhere(palette, Qt::black, {QPalette::Shadow});
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+    setEverywhere(palette, Theme::accent(), {QPalette::Accent});
+#endif
+    setDisabled(palette, window, label);
+    return palette;
+}
+
+} // namespace
+
+Colors Colors::of(const QPalette& palette) {
+    Colors colors;
+    colors.window = palette.color(QPalette::Active, QPalette::Window);
+    colors.card = palette.color(QPalette::Active, QPalette::Base);
+    colors.label = palette.color(QPalette::Active, QPalette::WindowText);
+    colors.control = palette.color(QPalette::Active, QPalette::Button);
+    const double label = luminance(colors.label);
+    const double ground = luminance(colors.window);
+    const Shades& shade = shades(label, ground);
+    colors.dark = label > ground;
+    colors.sidebar = blended(colors.window, colors.label, 0.049f);
+    colors.line = faded(colors.label, shade.line);
+    colors.secondary = faded(colors.label, shade.secondary);
+    colors.quaternary = faded(colors.label, shade.quaternary);
+    colors.controlLine = faded(colors.label, shade.controlLine);
+    colors.plot = faded(colors.label, shade.plot);
+    colors.warning = QColor(shade.warning);
+    colors.accentLabel = QColor(shade.accentLabel);
+    return colors;
+}
+
+QPalette lightPalette() {
+    return paletteOf({.window = 0xfff4f4f6,
+                      .card = 0xffffffff,
+                      .label = 0xff1d1d1f,
+                      .control = 0xffffffff,
+                      .toolTip = 0xffffffff,
+                      .link = accentOnLight});
+}
+
+QPalette darkPalette() {
+    return paletteOf({.window = 0xff1e1e20,
+                      .card = 0xff2a2a2d,
+                      .label = 0xfff5f5f7,
+                      .control = 0xff3a3a3e,
+                      .toolTip = 0xff3a3a3e,
+                      .link = accentOnDark});
+}
+
+} // namespace tervale
