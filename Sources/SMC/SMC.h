@@ -2,6 +2,7 @@
 
 #include "SMC/Fan.h"
 #include "SMC/IORegistry.h"
+#include "SMC/SMCStructure.h"
 #include "SMC/Sensors.h"
 
 #include <cstdint>
@@ -72,6 +73,9 @@ class SMC {
     temperatures(std::span<const TemperatureSensor> sensors);
 
   private:
+    /// One exchange; `key` begins the error's message.
+    SMCStructure call(const std::string& key, const SMCStructure& request);
+
     IORegistry& registry;
     IORegistry::Connection conn = 0;
     std::unordered_map<std::string, Info> infoCache;

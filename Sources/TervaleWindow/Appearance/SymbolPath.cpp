@@ -65,13 +65,15 @@ QPainterPath slashedFan(qreal lineWidth) {
     return path;
 }
 
+// United rather than added: where the two run in opposite senses, the fill rule would cut a gap.
+QPainterPath filled(const QPainterPath& path, qreal lineWidth) {
+    return stroked(path, lineWidth).simplified().united(path.simplified());
+}
+
 QPainterPath filledFan(qreal lineWidth) {
-    QPainterPath path = stroked(blades(), lineWidth);
-    path.addPath(blades());
-    path.setFillRule(Qt::WindingFill);
     QPainterPath hub;
     hub.addEllipse(QPointF(12, 12), 2, 2);
-    path = path.simplified().subtracted(stroked(hub, lineWidth * 0.8));
+    QPainterPath path = filled(blades(), lineWidth).subtracted(stroked(hub, lineWidth * 0.8));
     path.addPath(hub);
     return path;
 }
@@ -138,10 +140,8 @@ QPainterPath markedTriangle() {
 }
 
 QPainterPath filledTriangle(qreal lineWidth) {
-    QPainterPath path = stroked(triangle(), lineWidth);
-    path.addPath(triangle());
-    path.setFillRule(Qt::WindingFill);
-    return path.simplified().subtracted(stroked(exclamationMark(), lineWidth * 1.1));
+    return filled(triangle(), lineWidth)
+        .subtracted(stroked(exclamationMark(), lineWidth * 1.1).simplified());
 }
 
 QPainterPath stopwatch() {

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Model/Model.h"
 
 #include <QWidget>
 
 namespace tervale {
+
+class FigureLabel;
+class SymbolView;
 
 /// The first fan's speed and the CPU's average temperature; a row is there only while its figure is.
 class SidebarSummary final : public QWidget {
@@ -14,25 +18,23 @@ class SidebarSummary final : public QWidget {
     /// `model` outlives the summary.
     explicit SidebarSummary(Model& model, QWidget* parent = nullptr);
 
-    QSize sizeHint() const override;
-    /// The rows as they are shown, such as "2893 rpm" and "58 °C".
-    QStringList rows() const;
-
   protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     struct Row {
-        Symbol symbol;
-        QString text;
-        QColor color;
+        QWidget* widget;
+        SymbolView* symbol;
+        FigureLabel* figure;
     };
 
-    void update();
+    Row addRow(Symbol symbol);
+    void updateFan();
+    void updateProcessor();
 
     Model& model;
-    std::vector<Row> shownRows;
+    Row fan;
+    Row processor;
 };
 
 } // namespace tervale

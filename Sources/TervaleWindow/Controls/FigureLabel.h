@@ -1,0 +1,32 @@
+#pragma once
+
+#include "TervaleWindow/Controls/TextStyle.h"
+
+#include <QLabel>
+
+namespace tervale {
+
+/// One line of text in which all digits take the same width. `setAlignment` as for any label;
+/// leading and trailing sides follow the layout's direction.
+class FigureLabel : public QLabel {
+    Q_OBJECT
+
+  public:
+    explicit FigureLabel(const QFont& font, Ink ink = TextColor::label, QWidget* parent = nullptr);
+
+    void setInk(const Ink& ink);
+    /// The line's height in logical pixels; without one, the font's own.
+    void setLineHeight(int height);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Ink inkOfText;
+    int lineHeight = 0;
+};
+
+} // namespace tervale

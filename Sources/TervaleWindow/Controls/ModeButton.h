@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPushButton>
+
+namespace tervale {
+
+enum class Selection { unselected, selected };
+
+/// A capsule with a text. A click says that it is wanted; whether it is selected is only ever set
+/// from outside. Assistive technology sees the selection as its checked state.
+class ModeButton : public QPushButton {
+    Q_OBJECT
+
+  public:
+    explicit ModeButton(const QString& title, QWidget* parent = nullptr);
+
+    bool isSelected() const;
+    void setSelected(Selection selection);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void nextCheckState() override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace tervale

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+#include <QWidget>
+
+class QRadioButton;
+
+namespace tervale {
+
+/// A row of segments, one of which is selected. Left and Right move the selection. Assistive
+/// technology sees a group of radio buttons.
+class SegmentedPicker : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit SegmentedPicker(const QStringList& titles, QWidget* parent = nullptr);
+
+    int selected() const;
+    /// Shows another selection without any signal.
+    void setSelected(int index);
+    QString title(int index) const;
+    void setTitle(int index, const QString& title);
+
+  signals:
+    /// The user selected another segment.
+    void chosen(int index);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void choose(int index);
+
+    QList<QRadioButton*> segments;
+    int current = 0;
+};
+
+} // namespace tervale

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "TervaleWindow/Appearance/Symbol.h"
+
+#include <QPushButton>
+
+namespace tervale {
+
+/// A symbol without a border that can be clicked. Give it a menu with `setMenu`, and it opens that.
+class SymbolButton : public QPushButton {
+    Q_OBJECT
+
+  public:
+    /// `name` is its tool tip and what assistive technology calls it.
+    SymbolButton(Symbol symbol, const QString& name, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    Symbol drawing;
+};
+
+} // namespace tervale

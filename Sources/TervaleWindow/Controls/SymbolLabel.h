@@ -1,0 +1,32 @@
+#pragma once
+
+#include "TervaleWindow/Controls/SymbolView.h"
+#include "TervaleWindow/Controls/TextLabel.h"
+
+#include <QWidget>
+
+namespace tervale {
+
+/// A symbol and a text beside it, in one colour.
+class SymbolLabel : public QWidget {
+    Q_OBJECT
+
+  public:
+    static constexpr int symbolSide = 15;
+    static constexpr int spacing = 7;
+
+    SymbolLabel(Symbol symbol, const QString& text, Ink ink = TextColor::label,
+                QWidget* parent = nullptr);
+
+    QString text() const;
+    void setText(const QString& text);
+    void setInk(const Ink& ink);
+    void setTextStyle(const TextStyle& style);
+    void setOverflow(Overflow overflow);
+
+  private:
+    SymbolView* symbolView;
+    TextLabel* label;
+};
+
+} // namespace tervale

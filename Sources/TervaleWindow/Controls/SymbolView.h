@@ -1,0 +1,31 @@
+#pragma once
+
+#include "TervaleWindow/Appearance/Symbol.h"
+#include "TervaleWindow/Controls/TextStyle.h"
+
+#include <QWidget>
+
+namespace tervale {
+
+/// One symbol in a square of its own. Decoration: assistive technology does not see it.
+class SymbolView : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `side` in logical pixels; `weight` scales the width of the symbol's lines.
+    SymbolView(Symbol symbol, int side, Ink ink = TextColor::label, QWidget* parent = nullptr);
+
+    void setSymbol(Symbol symbol);
+    void setInk(const Ink& ink);
+    void setWeight(qreal weight);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Symbol drawing;
+    Ink inkOfSymbol;
+    qreal weightOfLines = 1;
+};
+
+} // namespace tervale

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "TervaleWindow/Controls/TextStyle.h"
+
+#include <QLabel>
+
+namespace tervale {
+
+/// What a text does that is wider than its place.
+enum class Overflow {
+    /// It asks its layout for the whole width.
+    demand,
+    elide,
+    wrap,
+};
+
+/// Plain text in one of the window's text styles, in a colour that follows the palette.
+class TextLabel : public QLabel {
+    Q_OBJECT
+
+  public:
+    explicit TextLabel(const QString& text, TextStyle style = TextStyle::body(),
+                       Ink ink = TextColor::label, QWidget* parent = nullptr);
+
+    void setInk(const Ink& ink);
+    void setTextStyle(const TextStyle& style);
+    void setOverflow(Overflow overflow);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override;
+    int heightForWidth(int width) const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int naturalWidth() const;
+
+    TextStyle setting;
+    Ink inkOfText;
+    Overflow whenTooWide = Overflow::demand;
+};
+
+} // namespace tervale

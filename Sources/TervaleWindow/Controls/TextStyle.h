@@ -1,0 +1,32 @@
+#pragma once
+
+#include "TervaleWindow/Appearance/Colors.h"
+
+#include <QFont>
+
+#include <variant>
+
+namespace tervale {
+
+/// How a piece of text is set: a font and the height that each of its lines takes.
+struct TextStyle {
+    QFont font;
+    int lineHeight = 0;
+
+    static TextStyle title();    // 15 bold
+    static TextStyle heading();  // 13 bold
+    static TextStyle section();  // 13 demi-bold
+    static TextStyle emphasis(); // 13 medium
+    static TextStyle body();     // 13
+    static TextStyle callout();  // 12
+    static TextStyle caption();  // 11
+};
+
+enum class TextColor { label, secondary, warning, accent };
+
+/// A role, which follows the palette, or a colour of its own.
+using Ink = std::variant<TextColor, QColor>;
+
+QColor color(const Ink& ink, const Colors& colors);
+
+} // namespace tervale

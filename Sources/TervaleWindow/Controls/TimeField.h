@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QTimeEdit>
+
+namespace tervale {
+
+/// A time of day in hours and minutes, written as the user's locale does. Stepping a section
+/// carries into the other one and past midnight.
+class TimeField : public QTimeEdit {
+    Q_OBJECT
+    Q_PROPERTY(int minuteOfDay READ minuteOfDay WRITE setMinuteOfDay NOTIFY minuteOfDayChanged)
+
+  public:
+    static constexpr int minutesPerDay = 1440;
+
+    explicit TimeField(QWidget* parent = nullptr);
+
+    /// Minutes after midnight, 0 to 1439.
+    int minuteOfDay() const;
+    /// Shows another time without any signal. Anything outside 0 to 1439 is a programming error.
+    void setMinuteOfDay(int minute);
+
+    void stepBy(int steps) override;
+
+  signals:
+    /// The user typed or stepped to another time; once for each.
+    void minuteOfDayChanged(int minute);
+
+  protected:
+    StepEnabled stepEnabled() const override;
+    void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void followLocale();
+    void announce();
+
+    int announced = 0;
+};
+
+} // namespace tervale
