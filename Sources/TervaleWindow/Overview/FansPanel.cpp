@@ -6,7 +6,7 @@
 namespace tervale {
 
 FansPanel::FansPanel(Model& modelShown, QWidget* parent) : Card(parent), model(modelShown) {
-    setLayout(new CenteredFlowLayout(56, 14));
+    setLayout(new CenteredFlowLayout(dialSpacing - 2 * FanDialLayout::overhang, 14));
     setPadding({18, 14, 18, 10});
     connect(&model, &Model::fansChanged, this, &FansPanel::update);
     update();
