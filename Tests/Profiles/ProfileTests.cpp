@@ -121,6 +121,7 @@ TEST(Curve, HasTheLastSpeedForNaN) {
 TEST(Curve, WalksUnorderedPointsAsTheyAreStored) {
     const Curve unordered{{{40, 0.2}, {90, 0.6}, {60, 0.4}}};
     EXPECT_EQ(unordered.speed(50), 0.2 + (10.0 * (0.6 - 0.2)) / 50.0);
+    EXPECT_EQ(unordered.speed(60), 0.4) << "the last point is looked at before the walk";
     EXPECT_EQ(unordered.speed(70), 0.4);
 }
 
