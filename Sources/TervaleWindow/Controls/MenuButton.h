@@ -11,9 +11,9 @@ class MenuButton : public QPushButton {
     Q_OBJECT
 
   public:
-    static constexpr int minimumWidth = 90;
+    static constexpr int leastWidth = 90;
 
-    /// Owns `menu`'s contents through it: the menu becomes the button's child.
+    /// The menu becomes the button's child.
     MenuButton(const QString& title, QMenu* menu, QWidget* parent = nullptr);
 
   protected:

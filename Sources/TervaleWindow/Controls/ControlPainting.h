@@ -1,0 +1,40 @@
+#pragma once
+
+#include "TervaleWindow/Appearance/Colors.h"
+
+#include <QPainter>
+#include <QRectF>
+#include <QWidget>
+
+namespace tervale {
+
+/// What the window's controls are drawn from.
+
+inline constexpr qreal disabledOpacity = 0.45;
+inline constexpr int controlRadius = 7;
+inline constexpr int focusRingWidth = 3;
+
+/// A rounded box whose line runs inside its edge.
+void paintBox(QPainter& painter, const QRectF& box, qreal radius, const QColor& fill,
+              const QColor& line);
+/// As paintBox for a button or field that is drawn on the window's ground, with the light shadow of
+/// a raised one.
+void paintControlBox(QPainter& painter, const QRectF& box, const Colors& colors);
+/// The breath of shade that a button takes on while it is held down.
+QColor pressedShade(const Colors& colors);
+/// A white disc with a soft shadow.
+void paintKnob(QPainter& painter, const QRectF& disc);
+/// The accent-coloured square with chevrons of a control that opens a list.
+void paintChevrons(QPainter& painter, const QRectF& square);
+/// Around the outside of a shape.
+void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius);
+
+/// The corner radius of the ring around a control that is not the usual box.
+void setFocusRadius(QWidget& widget, int radius);
+int focusRadius(const QWidget& widget);
+/// What brought the focus to a widget. Only the keyboard's leaves a ring around most controls.
+enum class FocusOrigin { other, keyboard };
+void setFocusOrigin(QWidget& widget, FocusOrigin origin);
+bool hasKeyboardFocus(const QWidget& widget);
+
+} // namespace tervale

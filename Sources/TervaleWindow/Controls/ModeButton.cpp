@@ -1,0 +1,66 @@
+#include "TervaleWindow/Controls/ModeButton.h"
+
+#include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/ControlPainting.h"
+
+namespace tervale {
+
+namespace {
+
+constexpr int sidePadding = 15;
+constexpr int capsuleHeight = 30;
+
+} // namespace
+
+ModeButton::ModeButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
+    setCheckable(true);
+    setFont(systemFont(fontSize::body, QFont::Medium));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+    setFocusRadius(*this, capsuleHeight / 2);
+}
+
+bool ModeButton::isSelected() const {
+    return isChecked();
+}
+
+void ModeButton::setSelected(Selection selection) {
+    setChecked(selection == Selection::selected);
+}
+
+QSize ModeButton::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(text()) + 2 * sidePadding, capsuleHeight};
+}
+
+QSize ModeButton::minimumSizeHint() const {
+    return {2 * capsuleHeight, capsuleHeight};
+}
+
+// The click only asks.
+void ModeButton::nextCheckState() {}
+
+void ModeButton::paintEvent(QPaintEvent*) {
+    const Colors colors = Colors::of(palette());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
+    painter.setPen(Qt::NoPen);
+    const QRectF capsule = rect();
+    const qreal radius = capsule.height() / 2;
+    painter.setBrush(isChecked() ? Theme::accent() : colors.quaternary);
+    painter.drawRoundedRect(capsule, radius, radius);
+    if (isDown() || (isEnabled() && underMouse())) {
+        QColor shade = pressedShade(colors);
+        shade.setAlphaF(shade.alphaF() * (isDown() ? 1 : 0.4f));
+        painter.setBrush(shade);
+        painter.drawRoundedRect(capsule, radius, radius);
+    }
+    painter.setPen(isChecked() ? QColor(Qt::white) : colors.label);
+    painter.setFont(font());
+    const int room = width() - 2 * (sidePadding - 4);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextHideMnemonic,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, room));
+}
+
+} // namespace tervale

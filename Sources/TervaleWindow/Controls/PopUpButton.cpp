@@ -1,0 +1,60 @@
+#include "TervaleWindow/Controls/PopUpButton.h"
+
+#include "TervaleWindow/Controls/MenuRowDelegate.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace tervale {
+
+namespace {
+
+constexpr int mostVisibleEntries = 12;
+
+bool opensTheList(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Return ||
+           key == Qt::Key_Enter;
+}
+
+} // namespace
+
+PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    setMaxVisibleItems(mostVisibleEntries);
+    setItemDelegate(new MenuRowDelegate(this));
+    // The panel around the list shines through.
+    view()->setFrameShape(QFrame::NoFrame);
+    view()->setAutoFillBackground(false);
+    view()->viewport()->setAutoFillBackground(false);
+}
+
+QSize PopUpButton::sizeHint() const {
+    const QSize natural = QComboBox::sizeHint();
+    return {std::max(natural.width(), minimumContentWidth), natural.height()};
+}
+
+QSize PopUpButton::minimumSizeHint() const {
+    return {64, sizeHint().height()};
+}
+
+void PopUpButton::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
+    if (plain && opensTheList(event->key()))
+        showPopup();
+    else
+        QComboBox::keyPressEvent(event);
+}
+
+void PopUpButton::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace tervale

@@ -1,0 +1,39 @@
+#include "TervaleWindow/Controls/SymbolLabel.h"
+
+#include <QHBoxLayout>
+
+namespace tervale {
+
+SymbolLabel::SymbolLabel(Symbol symbol, const QString& text, Ink ink, QWidget* parent)
+    : QWidget(parent),
+      symbolView(new SymbolView(symbol, symbolSide, ink)),
+      label(new TextLabel(text, TextStyle::body(), ink)) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(spacing);
+    row->addWidget(symbolView);
+    row->addWidget(label, 1);
+}
+
+QString SymbolLabel::text() const {
+    return label->text();
+}
+
+void SymbolLabel::setText(const QString& text) {
+    label->setText(text);
+}
+
+void SymbolLabel::setInk(const Ink& ink) {
+    symbolView->setInk(ink);
+    label->setInk(ink);
+}
+
+void SymbolLabel::setTextStyle(const TextStyle& style) {
+    label->setTextStyle(style);
+}
+
+void SymbolLabel::setOverflow(Overflow overflow) {
+    label->setOverflow(overflow);
+}
+
+} // namespace tervale
