@@ -2,7 +2,7 @@
 #include "SMC/Precondition.h"
 #include "SMC/SMC.h"
 
-#include <numeric>
+#include <string>
 
 namespace tervale {
 
@@ -12,6 +12,10 @@ constexpr const char* unlockKey = "Ftst";
 
 std::string fanKey(std::int64_t index, const char* suffix) {
     return "F" + std::to_string(index) + suffix;
+}
+
+void requireCount(std::int64_t count) {
+    precondition(count >= 0, "the controller counts a negative number of fans");
 }
 
 void requireFan(std::int64_t index, std::int64_t count) {
@@ -44,7 +48,7 @@ Fan SMC::fan(std::int64_t index) {
 
 std::vector<Fan> SMC::fans() {
     const std::int64_t count = fanCount();
-    precondition(count >= 0, "the controller counts a negative number of fans");
+    requireCount(count);
     std::vector<Fan> all;
     for (std::int64_t index = 0; index < count; ++index)
         all.push_back(fan(index));
@@ -52,7 +56,9 @@ std::vector<Fan> SMC::fans() {
 }
 
 void SMC::setSpeed(std::int64_t index, double rpm) {
-    requireFan(index, fanCount());
+    const std::int64_t count = fanCount();
+    requireCount(count);
+    requireFan(index, count);
     const double min = read(fanKey(index, "Mn"));
     const double max = read(fanKey(index, "Mx"));
     if (!ClosedRange{min, max}.contains(rpm))
@@ -70,17 +76,17 @@ void SMC::setSpeed(std::int64_t index, double rpm) {
 
 void SMC::setAuto(const std::optional<std::vector<std::int64_t>>& fans) {
     const std::int64_t count = fanCount();
-    std::vector<std::int64_t> list = fans.value_or(std::vector<std::int64_t>());
-    if (!fans) {
-        precondition(count >= 0, "the controller counts a negative number of fans");
-        list.resize(static_cast<std::size_t>(count));
-        std::iota(list.begin(), list.end(), 0);
+    if (fans) {
+        for (const std::int64_t index : *fans) {
+            requireFan(index, count);
+            write(modeKey(index), 0.0);
+        }
+        return;
     }
-    for (const std::int64_t index : list) {
-        requireFan(index, count);
+    requireCount(count);
+    for (std::int64_t index = 0; index < count; ++index)
         write(modeKey(index), 0.0);
-    }
-    if (!fans && exists(unlockKey))
+    if (exists(unlockKey))
         write(unlockKey, 0.0);
 }
 

@@ -2,6 +2,7 @@
 
 #include "SMC/Precondition.h"
 #include "SMC/SMCCodec.h"
+#include "SMC/SMCStructure.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -2,7 +2,6 @@
 
 #include "SMC/Fan.h"
 #include "SMC/IORegistry.h"
-#include "SMC/SMCStructure.h"
 #include "SMC/Sensors.h"
 
 #include <cstdint>
@@ -11,9 +10,12 @@
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tervale {
+
+struct SMCStructure;
 
 /// The only error of the controller: one line that begins with the key concerned.
 struct SMCError : std::exception {

@@ -89,8 +89,8 @@ int focusRadius(const QWidget& widget) {
     return radius.isValid() ? radius.toInt() : controlRadius;
 }
 
-void setKeyboardFocus(QWidget& widget, bool focus) {
-    widget.setProperty(keyboardFocusProperty, focus);
+void setFocusOrigin(QWidget& widget, FocusOrigin origin) {
+    widget.setProperty(keyboardFocusProperty, origin == FocusOrigin::keyboard);
 }
 
 bool hasKeyboardFocus(const QWidget& widget) {

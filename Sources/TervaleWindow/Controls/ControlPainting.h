@@ -32,8 +32,9 @@ void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius);
 /// The corner radius of the ring around a control that is not the usual box.
 void setFocusRadius(QWidget& widget, int radius);
 int focusRadius(const QWidget& widget);
-/// Whether the keyboard brought the focus here.
-void setKeyboardFocus(QWidget& widget, bool focus);
+/// What brought the focus to a widget. Only the keyboard's leaves a ring around most controls.
+enum class FocusOrigin { other, keyboard };
+void setFocusOrigin(QWidget& widget, FocusOrigin origin);
 bool hasKeyboardFocus(const QWidget& widget);
 
 } // namespace tervale
