@@ -130,7 +130,7 @@ QWidget* ProfilesView::makeBottomBar() {
     auto* row = tightLayout<QHBoxLayout>(bar);
     row->setContentsMargins(18, 0, 18, 0);
     row->setSpacing(10);
-    row->addWidget(notice, 1);
+    row->addWidget(notice, 1, Qt::AlignVCenter);
     row->addStretch(0);
     row->addWidget(revertButton);
     row->addWidget(saveButton);

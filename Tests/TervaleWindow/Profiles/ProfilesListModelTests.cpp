@@ -16,7 +16,10 @@ ProfilesListModel::Row row(std::uint8_t number, const QString& name, bool marked
 
 class ProfilesListModelTest : public testing::Test {
   protected:
-    ProfilesListModelTest() { model.setRows(start); }
+    ProfilesListModelTest() {
+        model.setRows(start);
+        inserted.clear();
+    }
 
     const std::vector<ProfilesListModel::Row> start{row(1, "One"), row(2, "Two"), row(3, "Three")};
     ProfilesListModel model;

@@ -54,6 +54,7 @@ class ProfilesViewTest : public ModelFixture {
         view->resize(790, 680);
         view->show();
         view->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(view.get()));
         takeCommands();
         return *view;
     }
@@ -82,8 +83,11 @@ class ProfilesViewTest : public ModelFixture {
     }
     QListView* list() const { return find<QListView>(); }
     QLineEdit* nameField() const {
-        const auto* editor = view->findChild<QScrollArea*>()->widget();
-        return editor ? editor->findChild<QLineEdit*>() : nullptr;
+        const QWidget* editor = view->findChild<QScrollArea*>()->widget();
+        for (QLineEdit* field : editor ? editor->findChildren<QLineEdit*>() : QList<QLineEdit*>())
+            if (field->accessibleName() == "Name")
+                return field;
+        return nullptr;
     }
     CurveCanvas* canvas() const {
         const auto* editor = view->findChild<QScrollArea*>()->widget();

@@ -32,6 +32,8 @@ class ScheduleEditorTest : public testing::Test {
         editor.setLocale(QLocale(QLocale::German));
         editor.resize(500, 300);
         editor.show();
+        editor.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
         QObject::connect(&editor, &ScheduleEditor::windowsChanged, &editor,
                          [this](const std::vector<Window>&) { ++reports; });
     }
@@ -116,7 +118,6 @@ TEST_F(ScheduleEditorTest, RemovesTheWindowWhoseButtonIsClicked) {
 
 TEST_F(ScheduleEditorTest, RemovesEveryWindowByKeys) {
     show({{0, 60, action::Automatic{}}, {60, 120, action::Automatic{}}});
-    editor.activateWindow();
     control<SymbolButton>(0)->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
@@ -192,7 +193,6 @@ TEST_F(ScheduleEditorTest, ShowsImpossibleNumbersAndChangesNothing) {
 
 TEST_F(ScheduleEditorTest, LeavesTheFocusWhereItIs) {
     show({{0, 60, action::Automatic{}}});
-    editor.activateWindow();
     auto* field = control<TimeField>(0, "From");
     field->setFocus();
     show({{0, 60, action::Automatic{}}, {60, 120, action::Automatic{}}});
@@ -207,6 +207,7 @@ TEST_F(ScheduleEditorTest, BreaksRowsInTwoWhereTheyDoNotFit) {
     EXPECT_LE(editor.minimumSizeHint().width(), 298);
     EXPECT_GT(rows()[0]->sizeHint().height(), oneLine);
     editor.resize(500, 300);
+    QCoreApplication::processEvents();
     EXPECT_EQ(rows()[0]->sizeHint().height(), oneLine);
 }
 
