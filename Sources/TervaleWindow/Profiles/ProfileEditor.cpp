@@ -29,11 +29,12 @@ void setMargins(QWidget& form, int side) {
 ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<const Profile> all,
                              QWidget* parent)
     : QWidget(parent),
-      profile(profile),
-      name(new QLineEdit(this)),
-      content(ProfileContent::make(model, profile, this)),
-      problemsCard(new Card(this)) {
+      profile(profile) {
+    // Made in the order in which they are read.
     auto* nameCard = new Card(this);
+    name = new QLineEdit(nameCard);
+    content = ProfileContent::make(model, profile, this);
+    problemsCard = new Card(this);
     QGridLayout* form = makeForm(nameCard);
     addFormRow(*form, tr("Name"), name, RowWidth::whole);
     if (auto* temperature = qobject_cast<TemperatureContent*>(content))

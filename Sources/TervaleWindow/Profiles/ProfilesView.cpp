@@ -6,6 +6,7 @@
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/SymbolView.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Profiles/FocusOrder.h"
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 #include "TervaleWindow/Profiles/ProfilesList.h"
 
@@ -192,6 +193,13 @@ void ProfilesView::showEditor() {
     scrollArea->setWidget(editor);
     // A scroll area fills its widget's ground.
     editor->setAutoFillBackground(false);
+    followReadingOrder(*this);
+}
+
+bool ProfilesView::focusNextPrevChild(bool next) {
+    // Time windows come and go.
+    followReadingOrder(*this);
+    return QWidget::focusNextPrevChild(next);
 }
 
 void ProfilesView::save() {

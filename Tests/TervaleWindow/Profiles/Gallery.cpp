@@ -4,6 +4,7 @@
 #include "Profiles/InProcessNotificationCenter.h"
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Support/ModelFixture.h"
@@ -81,8 +82,8 @@ void render(Model& model, Bridge& bridge, const Setting& setting, const QDir& fo
         }
     }
     list->setCurrentIndex(list->model()->index(1, 0));
-    for (int count = 0; count < 4; ++count)
-        QTest::keyClick(view.focusWidget() ? view.focusWidget() : list, Qt::Key_Tab);
+    view.findChild<CurveCanvas*>()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(view.findChild<CurveCanvas*>(), Qt::Key_Right);
     save(view, folder.filePath(setting.name + "-focus"));
     list->selectionModel()->clear();
     save(view, folder.filePath(setting.name + "-empty"));

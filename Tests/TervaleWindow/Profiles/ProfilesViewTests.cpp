@@ -132,6 +132,27 @@ class ProfilesViewTest : public ModelFixture {
         return result;
     }
 
+    /// What has the focus after each of so many tabs; once for all sections of one field.
+    QStringList walk(int stops) const {
+        QStringList walked;
+        const QWidget* last = nullptr;
+        while (walked.size() < stops) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            const QWidget* reached = QApplication::focusWidget();
+            if (reached == last)
+                continue;
+            last = reached;
+            const auto* named = qobject_cast<const QAbstractButton*>(reached);
+            if (qobject_cast<const QRadioButton*>(reached))
+                walked.push_back("segment");
+            else if (reached->accessibleName().isEmpty() && named)
+                walked.push_back(named->text());
+            else
+                walked.push_back(reached->accessibleName());
+        }
+        return walked;
+    }
+
     std::unique_ptr<ProfilesView> view;
 };
 
@@ -388,6 +409,25 @@ TEST_F(ProfilesViewTest, EditsTheFirstOfTwoProfilesWithTheSameId) {
     openWith({loadProfile(1, "One"), loadProfile(1, "Other")});
     typeName("Uno");
     EXPECT_EQ(names(), (QStringList{"Uno", "Other"}));
+}
+
+TEST_F(ProfilesViewTest, WalksThroughItsControlsInReadingOrder) {
+    openWith(threeProfiles);
+    list()->setFocus();
+    const QStringList walked = walk(8);
+    EXPECT_EQ(walked.join(", ").toStdString(),
+              "Add profile, Duplicate profile, Remove profile, Name, Follow, segment, "
+              "Fan speed curve, Profiles");
+}
+
+TEST_F(ProfilesViewTest, WalksThroughWindowsThatWereAddedLater) {
+    openWith({scheduleProfile(1, "Night", action::Automatic{})});
+    click("Add Window");
+    QCoreApplication::processEvents();
+    nameField()->setFocus();
+    const QStringList walked = walk(10);
+    EXPECT_EQ(walked.join(", ").toStdString(),
+              "From, To, Run, Remove window, From, To, Run, Remove window, Add Window, Revert");
 }
 
 TEST_F(ProfilesViewTest, StaysUsableAtItsLargest) {
