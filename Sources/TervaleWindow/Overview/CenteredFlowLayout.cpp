@@ -9,7 +9,9 @@
 namespace tervale {
 
 CenteredFlowLayout::CenteredFlowLayout(int columnSpacing, int rowSpacing)
-    : columnSpacing(columnSpacing), rowSpacing(rowSpacing) {}
+    : columnSpacing(columnSpacing), rowSpacing(rowSpacing) {
+    setContentsMargins(0, 0, 0, 0);
+}
 
 CenteredFlowLayout::~CenteredFlowLayout() = default;
 

@@ -33,6 +33,7 @@ QHBoxLayout* rowIn(QWidget& widget) {
 ControlsPanel::ControlsPanel(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
     : Card(parent), model(modelShown), bridge(bridgeUsed) {
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(13);
     column->addWidget(new ModeHeading(model));
     column->addLayout(makeModeRow());

@@ -45,6 +45,7 @@ QWidget* makeScale() {
 TemperaturesPanel::TemperaturesPanel(Model& modelShown, QWidget* parent)
     : Card(parent), model(modelShown), scale(makeScale()) {
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(12);
     column->addLayout(makeHeader());
     auto* grid = new QGridLayout;
