@@ -10,7 +10,9 @@ std::optional<IORegistry::Service> AbsentIORegistry::findService(const std::stri
     return std::nullopt;
 }
 
-IORegistry::Status AbsentIORegistry::open(Service, std::uint32_t, Connection&) { return noDevice; }
+IORegistry::Status AbsentIORegistry::open(Service, std::uint32_t, Connection&) {
+    return noDevice;
+}
 
 void AbsentIORegistry::release(Service) {}
 

@@ -1,6 +1,5 @@
 #include "Profiles/Controller.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace tervale {
@@ -26,7 +25,7 @@ double Hysteresis::filter(double x) {
     // Negated, so that a comparison with NaN lets the reading pass.
     if (!effective || !(x <= *effective))
         effective = x;
-    else if (!(x >= *effective - band))
+    else if (x < *effective - band)
         effective = x + band;
     return *effective;
 }
@@ -60,11 +59,11 @@ Controller::Resolved Controller::resolve(const Action& action, std::span<const P
     const auto resolveSchedule = [&](const kind::Schedule& schedule) -> Resolved {
         if (depth != 0)
             return {Resolved::Automatic{}};
-        const auto window = std::ranges::find_if(
-            schedule.windows, [&](const Window& window) { return window.covers(minute); });
-        if (window == schedule.windows.end())
-            return {Resolved::Automatic{}};
-        return resolve(window->action, profiles, minute, 1);
+        for (const Window& window : schedule.windows) {
+            if (window.covers(minute))
+                return resolve(window.action, profiles, minute, 1);
+        }
+        return {Resolved::Automatic{}};
     };
     const auto resolveProfile = [&](const action::Profile& selected) -> Resolved {
         const Profile* profile = findProfile(profiles, selected.id);
@@ -72,10 +71,10 @@ Controller::Resolved Controller::resolve(const Action& action, std::span<const P
             return {Resolved::Automatic{}};
         return std::visit(
             overloaded{
-                [](const kind::Temperature& temperature) -> Resolved {
-                    return {Resolved::Temperature{temperature.input, temperature.curve}};
+                [](const kind::Temperature& found) -> Resolved {
+                    return {Resolved::Temperature{found.input, found.curve}};
                 },
-                [](const kind::Load& load) -> Resolved { return {Resolved::Load{load.curve}}; },
+                [](const kind::Load& found) -> Resolved { return {Resolved::Load{found.curve}}; },
                 resolveSchedule,
             },
             profile->kind);

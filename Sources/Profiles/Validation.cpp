@@ -43,12 +43,17 @@ constexpr auto whiteSpace = std::to_array<std::string_view>({
 bool isBlank(std::string_view text) {
     while (!text.empty()) {
         const auto space = std::ranges::find_if(
-            whiteSpace, [&](std::string_view space) { return text.starts_with(space); });
+            whiteSpace, [&](std::string_view each) { return text.starts_with(each); });
         if (space == whiteSpace.end())
             return false;
         text.remove_prefix(space->size());
     }
     return true;
+}
+
+bool areWithin(ClosedRange range, std::span<const CurvePoint> points, double CurvePoint::*field) {
+    return std::ranges::all_of(
+        points, [&](double value) { return range.contains(value); }, field);
 }
 
 using Problems = std::vector<std::string>;
@@ -63,14 +68,11 @@ Problems problems(const Curve& curve, ClosedRange range, const std::string& unit
     };
     if (std::ranges::adjacent_find(points, isOutOfOrder) != points.end())
         found.emplace_back("Points must go left to right, each above the one before.");
-    const auto isWithin = [](ClosedRange range) {
-        return [range](double value) { return range.contains(value); };
-    };
-    if (!std::ranges::all_of(points, isWithin(range), &CurvePoint::x))
+    if (!areWithin(range, points, &CurvePoint::x))
         found.push_back("Points must be between " +
                         std::to_string(truncatedToInteger(range.lower)) + " and " +
                         std::to_string(truncatedToInteger(range.upper)) + " " + unit + ".");
-    if (!std::ranges::all_of(points, isWithin(speeds), &CurvePoint::speed))
+    if (!areWithin(speeds, points, &CurvePoint::speed))
         found.emplace_back(speedProblem);
     return found;
 }

@@ -22,24 +22,25 @@ constexpr std::array<SensorGroup::Case, 25> pattern{
     SensorGroup::cpu,   SensorGroup::gpu, SensorGroup::cpu,    SensorGroup::cpu, SensorGroup::other,
 };
 
-/// How far apart the sensors of a group are, as a share of the part's warmth above the room.
-double spreadOf(SensorGroup group) {
+/// How much cooler and warmer than their part the sensors of a group are, as shares of the part's
+/// warmth above the room. Most cores' sensors lie beside the hot spot rather than on it.
+ClosedRange sharesOf(SensorGroup group) {
     switch (group) {
     case SensorGroup::cpu:
-        return 0.06;
+        return {-0.16, 0.08};
     case SensorGroup::gpu:
-        return 0.05;
+        return {-0.12, 0.07};
     case SensorGroup::memory:
-        return 0.04;
+        return {-0.08, 0.08};
     case SensorGroup::ssd:
-        return 0.08;
+        return {-0.12, 0.12};
     case SensorGroup::power:
-        return 0.12;
+        return {-0.15, 0.15};
     case SensorGroup::other:
-        return 0.4;
+        return {-0.4, 0.4};
     }
     precondition(false, "a sensor group that does not exist was used");
-    return 0;
+    return {};
 }
 
 } // namespace
@@ -54,12 +55,12 @@ SensorBank::SensorBank(std::size_t count, RandomSource& random) {
     std::array<std::size_t, SensorGroup::allCases.size()> used{};
     for (std::size_t i = 0; i < count; ++i) {
         const SensorGroup::Case group = pattern[i % pattern.size()];
-        const double spread = spreadOf(group);
+        const ClosedRange shares = sharesOf(group);
         sensors.push_back({.key = sensorKey(group, used[group]++),
                            .group = group,
-                           .share = random.between(-spread, spread),
+                           .share = random.between(shares.lower, shares.upper),
                            .timeConstant = random.between(0.8, 4.0),
-                           .noise = random.between(0.1, 0.6),
+                           .noise = random.between(0.2, 1.2),
                            .value = 0,
                            .gone = 0});
     }

@@ -123,7 +123,8 @@ void SimulatedAgent::control() {
 
 Target SimulatedAgent::evaluate() {
     const Action action = state.timerAction.value_or(state.selection);
-    Inputs inputs{.minuteOfDay = world.clock.minuteOfDay()};
+    Inputs inputs;
+    inputs.minuteOfDay = world.clock.minuteOfDay();
     const Needs needs = Controller::needs(action, state.profiles, inputs.minuteOfDay);
     findSensors();
     if (sampler)

@@ -26,42 +26,17 @@ constexpr auto kernelBadArgument = static_cast<IORegistry::Status>(0xe00002c2);
 constexpr auto kernelUnsupported = static_cast<IORegistry::Status>(0xe00002c7);
 constexpr auto kernelNotOpen = static_cast<IORegistry::Status>(0xe00002cd);
 
-constexpr std::uint32_t structureSelector = 2;
 constexpr auto* serviceClass = "AppleSMC";
-
-/// Where the fields of a request or response lie.
-namespace field {
-constexpr std::size_t key = 0;
-constexpr std::size_t dataSize = 28;
-constexpr std::size_t dataType = 32;
-constexpr std::size_t result = 40;
-constexpr std::size_t command = 42;
-constexpr std::size_t index = 44;
-constexpr std::size_t data = 48;
-} // namespace field
-
-namespace commandCode {
-constexpr std::uint8_t read = 5;
-constexpr std::uint8_t write = 6;
-constexpr std::uint8_t keyByIndex = 8;
-constexpr std::uint8_t describe = 9;
-} // namespace commandCode
-
-std::uint32_t numberAt(const IORegistry::Structure& structure, std::size_t offset) {
-    std::uint32_t number = 0;
-    std::memcpy(&number, structure.data() + offset, sizeof number);
-    return number;
-}
-
-void setNumber(IORegistry::Structure& structure, std::size_t offset, std::uint32_t number) {
-    std::memcpy(structure.data() + offset, &number, sizeof number);
-}
 
 /// The single-precision number in four bytes.
 float floatIn(std::span<const std::byte> bytes) {
     float number = 0;
     std::memcpy(&number, bytes.data(), sizeof number);
     return number;
+}
+
+std::uint8_t codeOf(SMCCommand command) {
+    return static_cast<std::uint8_t>(command);
 }
 
 } // namespace
@@ -103,47 +78,47 @@ void SimulatedMac::close(Connection connection) {
 
 IORegistry::Status SimulatedMac::callStruct(Connection connection, std::uint32_t selector,
                                             const Structure& request, Structure& response) {
-    const auto command = std::to_integer<std::uint8_t>(request[field::command]);
-    count(command);
+    const SMCStructure question = SMCStructure::fromBytes(request);
+    count(question.command);
     if (!connections.contains(connection))
         return kernelNotOpen;
     if (everyCall)
         return *everyCall;
-    if (selector != structureSelector)
+    if (selector != smcExchangeSelector)
         return kernelUnsupported;
-    const auto answer = [&response](Result result) {
-        response[field::result] = std::byte{result};
-        return kernelSuccess;
-    };
-    if (command == commandCode::keyByIndex)
-        return answer(nameKey(numberAt(request, field::index), response));
-    const SimulatedKey* key = keys.find(numberAt(request, field::key));
+    const SimulatedKey* key =
+        question.command == codeOf(SMCCommand::keyByIndex) ? nullptr : keys.find(question.key);
     if (const InjectedFault* injected = key != nullptr ? faultOf(*key) : nullptr)
         if (const auto* error = std::get_if<fault::KernelError>(&injected->fault))
             return error->status;
-    return answer(keyCommand(command, key, request, response));
+    SMCStructure answer = SMCStructure::fromBytes(response);
+    answer.result = execute(question, key, answer);
+    response = answer.toBytes();
+    return kernelSuccess;
 }
 
 void SimulatedMac::count(std::uint8_t command) {
+    const auto oneIf = [command](SMCCommand kind) -> std::size_t {
+        return command == codeOf(kind) ? 1 : 0;
+    };
     ++counts.total;
-    counts.reads += command == commandCode::read ? 1 : 0;
-    counts.writes += command == commandCode::write ? 1 : 0;
-    counts.keysByIndex += command == commandCode::keyByIndex ? 1 : 0;
-    counts.descriptions += command == commandCode::describe ? 1 : 0;
+    counts.reads += oneIf(SMCCommand::read);
+    counts.writes += oneIf(SMCCommand::write);
+    counts.keysByIndex += oneIf(SMCCommand::keyByIndex);
+    counts.descriptions += oneIf(SMCCommand::keyInformation);
 }
 
-SimulatedMac::Result SimulatedMac::keyCommand(std::uint8_t command, const SimulatedKey* key,
-                                              const Structure& request, Structure& response) {
-    switch (command) {
-    case commandCode::describe:
+SimulatedMac::Result SimulatedMac::execute(const SMCStructure& request, const SimulatedKey* key,
+                                           SMCStructure& response) {
+    if (request.command == codeOf(SMCCommand::keyByIndex))
+        return nameKey(request.index, response);
+    if (request.command == codeOf(SMCCommand::keyInformation))
         return key == nullptr ? unknownKey : describe(*key, response);
-    case commandCode::read:
+    if (request.command == codeOf(SMCCommand::read))
         return key == nullptr ? unknownKey : read(*key, request, response);
-    case commandCode::write:
+    if (request.command == codeOf(SMCCommand::write))
         return key == nullptr ? unknownKey : write(*key, request);
-    default:
-        return unknownCommand;
-    }
+    return unknownCommand;
 }
 
 const SimulatedMac::InjectedFault* SimulatedMac::faultOf(const SimulatedKey& key) const {
@@ -205,44 +180,44 @@ double SimulatedMac::fanValue(const keySource::FanValue& source) const {
     return 0;
 }
 
-SimulatedMac::Result SimulatedMac::nameKey(std::uint32_t index, Structure& response) const {
+SimulatedMac::Result SimulatedMac::nameKey(std::uint32_t index, SMCStructure& response) const {
     if (index >= keys.size())
         return unknownKey;
-    setNumber(response, field::key, SMCCodec::fourCC(keys[index].name));
+    response.key = SMCCodec::fourCC(keys[index].name);
     return succeeded;
 }
 
-SimulatedMac::Result SimulatedMac::describe(const SimulatedKey& key, Structure& response) const {
+SimulatedMac::Result SimulatedMac::describe(const SimulatedKey& key, SMCStructure& response) const {
     if (key.describeResult != succeeded)
         return key.describeResult;
     const InjectedFault* injected = faultOf(key);
     if (injected != nullptr)
         if (const auto* refused = std::get_if<fault::Refused>(&injected->fault))
             return refused->result;
-    setNumber(response, field::dataSize, key.size);
-    setNumber(response, field::dataType, SMCCodec::fourCC(key.type));
+    response.dataSize = key.size;
+    response.dataType = SMCCodec::fourCC(key.type);
     return succeeded;
 }
 
-SimulatedMac::Result SimulatedMac::read(const SimulatedKey& key, const Structure& request,
-                                        Structure& response) const {
+SimulatedMac::Result SimulatedMac::read(const SimulatedKey& key, const SMCStructure& request,
+                                        SMCStructure& response) const {
     if (const Result refused = refusal(key); refused != succeeded)
         return refused;
-    if (numberAt(request, field::dataSize) != key.size)
+    if (request.dataSize != key.size)
         return wrongSize;
     const std::vector<std::byte> bytes = value(key);
-    if (bytes.size() > response.size() - field::data)
+    if (bytes.size() > response.bytes.size())
         return notReadable;
-    std::copy(bytes.begin(), bytes.end(), response.begin() + field::data);
+    std::copy(bytes.begin(), bytes.end(), response.bytes.begin());
     return succeeded;
 }
 
-SimulatedMac::Result SimulatedMac::write(const SimulatedKey& key, const Structure& request) {
+SimulatedMac::Result SimulatedMac::write(const SimulatedKey& key, const SMCStructure& request) {
     if (const Result refused = refusal(key); refused != succeeded)
         return refused;
-    if (numberAt(request, field::dataSize) != key.size || key.size > request.size() - field::data)
+    if (request.dataSize != key.size || key.size > request.bytes.size())
         return wrongSize;
-    const auto bytes = std::span(request).subspan(field::data, key.size);
+    const auto bytes = std::span(request.bytes).first(key.size);
     if (const auto* fan = std::get_if<keySource::FanValue>(&key.source))
         return writeFan(*fan, bytes);
     if (!std::holds_alternative<keySource::Unlock>(key.source))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SMC/IORegistry.h"
+#include "SMC/SMCStructure.h"
 #include "Simulation/Fault.h"
 #include "Simulation/KeyTable.h"
 #include "Simulation/SimulatedMachine.h"
@@ -88,12 +89,11 @@ class SimulatedMac final : public IORegistry {
 
     Result refusal(const SimulatedKey& key) const;
 
-    Result keyCommand(std::uint8_t command, const SimulatedKey* key, const Structure& request,
-                      Structure& response);
-    Result nameKey(std::uint32_t index, Structure& response) const;
-    Result describe(const SimulatedKey& key, Structure& response) const;
-    Result read(const SimulatedKey& key, const Structure& request, Structure& response) const;
-    Result write(const SimulatedKey& key, const Structure& request);
+    Result execute(const SMCStructure& request, const SimulatedKey* key, SMCStructure& response);
+    Result nameKey(std::uint32_t index, SMCStructure& response) const;
+    Result describe(const SimulatedKey& key, SMCStructure& response) const;
+    Result read(const SimulatedKey& key, const SMCStructure& request, SMCStructure& response) const;
+    Result write(const SimulatedKey& key, const SMCStructure& request);
     Result writeFan(const keySource::FanValue& source, std::span<const std::byte> bytes);
 
     SimulatedMachine machine;

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Controls/MenuRowDelegate.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -26,6 +27,10 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
     setMaxVisibleItems(mostVisibleEntries);
     setItemDelegate(new MenuRowDelegate(this));
+    // The panel around the list shines through.
+    view()->setFrameShape(QFrame::NoFrame);
+    view()->setAutoFillBackground(false);
+    view()->viewport()->setAutoFillBackground(false);
 }
 
 QSize PopUpButton::sizeHint() const {

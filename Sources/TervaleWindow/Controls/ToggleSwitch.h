@@ -22,7 +22,7 @@ class ToggleSwitch : public QCheckBox {
 
   protected:
     void nextCheckState() override;
-    bool hitButton(const QPoint& position) const override;
+    bool hitButton(const QPoint& point) const override;
     void paintEvent(QPaintEvent* event) override;
 
   private:

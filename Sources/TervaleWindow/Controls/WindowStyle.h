@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QFocusFrame>
-#include <QPointer>
+#include "TervaleWindow/Controls/FloatingPanels.h"
+#include "TervaleWindow/Controls/FocusRing.h"
+
 #include <QProxyStyle>
 
 namespace tervale {
@@ -41,14 +42,9 @@ class WindowStyle : public QProxyStyle {
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
                        const QWidget* widget) const override;
 
-  protected:
-    bool eventFilter(QObject* object, QEvent* event) override;
-
   private:
-    void showRing(QWidget* widget);
-    void hideRing(const QWidget* widget);
-
-    QPointer<QFocusFrame> ring;
+    FocusRing ring;
+    FloatingPanels panels;
 };
 
 } // namespace tervale

@@ -1,13 +1,21 @@
 #include "TervaleWindow/Overview/FansPanel.h"
 
+#include "TervaleWindow/Gauges/ArcLayout.h"
 #include "TervaleWindow/Overview/CenteredFlowLayout.h"
 #include "TervaleWindow/Overview/FanColumn.h"
 
 namespace tervale {
 
+namespace {
+
+/// From one dial's circle to the next.
+constexpr int dialSpacing = 56;
+
+} // namespace
+
 FansPanel::FansPanel(Model& modelShown, QWidget* parent) : Card(parent), model(modelShown) {
-    setLayout(new CenteredFlowLayout(56, 14));
-    setPadding({18, 14, 18, 10});
+    setLayout(new CenteredFlowLayout(dialSpacing - 2 * ArcLayout::overhang, 14));
+    setPadding({18, 14 - ArcLayout::overhang, 18, 10});
     connect(&model, &Model::fansChanged, this, &FansPanel::update);
     update();
 }

@@ -3,6 +3,7 @@
 #include "Profiles/NotificationCenter.h"
 #include "SMC/IORegistry.h"
 
+#include <functional>
 #include <memory>
 
 namespace tervale {
@@ -19,6 +20,9 @@ class Backend {
     static std::unique_ptr<Backend> system();
     /// A simulated Mac whose load is this machine's own, with an agent, within this process.
     static std::unique_ptr<Backend> simulation();
+
+    /// Runs the task from the main thread's event loop. May be called from any thread.
+    static void runOnMainThread(std::function<void()> task);
 };
 
 } // namespace tervale

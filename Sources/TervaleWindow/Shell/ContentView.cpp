@@ -1,5 +1,6 @@
 #include "TervaleWindow/Shell/ContentView.h"
 
+#include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Shell/Sidebar.h"
 
@@ -37,7 +38,7 @@ QWidget* ContentView::makePane(Pane kind) {
     case Pane::settings:
         break;
     }
-    return new QWidget;
+    return new PaneFrame(title(kind));
 }
 
 } // namespace tervale

@@ -1,0 +1,52 @@
+#include "TervaleWindow/Controls/SearchField.h"
+
+#include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Appearance/Symbol.h"
+#include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Controls/FieldPainting.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QKeyEvent>
+
+namespace tervale {
+
+namespace {
+
+constexpr int usualWidth = 200;
+
+} // namespace
+
+SearchField::SearchField(const QString& prompt, QWidget* parent)
+    : QLineEdit(parent),
+      magnifier(addAction(QIcon(), QLineEdit::LeadingPosition)) {
+    setPlaceholderText(prompt);
+    setAccessibleName(prompt);
+    setClearButtonEnabled(true);
+    setFocusRadius(*this, searchRadius);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    tintMagnifier();
+}
+
+QSize SearchField::sizeHint() const {
+    return {usualWidth, QLineEdit::sizeHint().height()};
+}
+
+void SearchField::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && !text().isEmpty())
+        clear();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+void SearchField::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        tintMagnifier();
+}
+
+void SearchField::tintMagnifier() {
+    magnifier->setIcon(symbolIcon(Symbol::magnifyingGlass, Colors::of(palette()).secondary));
+}
+
+} // namespace tervale

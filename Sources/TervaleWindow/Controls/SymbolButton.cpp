@@ -1,0 +1,54 @@
+#include "TervaleWindow/Controls/SymbolButton.h"
+
+#include "TervaleWindow/Controls/ControlPainting.h"
+
+#include <QKeyEvent>
+
+namespace tervale {
+
+namespace {
+
+constexpr int side = 26;
+constexpr int symbolSide = 16;
+constexpr int cornerRadius = 6;
+
+} // namespace
+
+SymbolButton::SymbolButton(Symbol symbol, const QString& name, QWidget* parent)
+    : QPushButton(parent),
+      drawing(symbol) {
+    setToolTip(name);
+    setAccessibleName(name);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+    setFocusRadius(*this, cornerRadius);
+}
+
+QSize SymbolButton::sizeHint() const {
+    return {side, side};
+}
+
+QSize SymbolButton::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void SymbolButton::paintEvent(QPaintEvent*) {
+    const Colors colors = Colors::of(palette());
+    QPainter painter(this);
+    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
+    if (isDown() || (isEnabled() && underMouse()))
+        paintBox(painter, rect(), cornerRadius, isDown() ? colors.quaternary : pressedShade(colors),
+                 Qt::transparent);
+    QRectF place(0, 0, symbolSide, symbolSide);
+    place.moveCenter(QRectF(rect()).center());
+    paintSymbol(painter, drawing, place, isDown() ? colors.label : colors.secondary);
+}
+
+void SymbolButton::keyPressEvent(QKeyEvent* event) {
+    if (menu() && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down))
+        showMenu();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
+} // namespace tervale

@@ -1,0 +1,243 @@
+// Renders every control in light and dark at twice the size, for a person to look at:
+//     ControlsGallery FOLDER
+
+#include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Controls/Card.h"
+#include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/FractionSlider.h"
+#include "TervaleWindow/Controls/MenuButton.h"
+#include "TervaleWindow/Controls/ModeButton.h"
+#include "TervaleWindow/Controls/PopUpButton.h"
+#include "TervaleWindow/Controls/SearchField.h"
+#include "TervaleWindow/Controls/SegmentedPicker.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
+#include "TervaleWindow/Controls/SymbolLabel.h"
+#include "TervaleWindow/Controls/TimeField.h"
+#include "TervaleWindow/Controls/ToggleSwitch.h"
+#include "TervaleWindow/Controls/WindowStyle.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QDir>
+#include <QMenu>
+#include <QScrollArea>
+
+using namespace tervale;
+
+namespace {
+
+using Row = std::initializer_list<QWidget*>;
+
+QHBoxLayout* row(Row widgets) {
+    auto* layout = new QHBoxLayout;
+    layout->setSpacing(12);
+    for (QWidget* widget : widgets) {
+        if (widget)
+            layout->addWidget(widget);
+        else
+            layout->addStretch();
+    }
+    return layout;
+}
+
+QVBoxLayout* column(QWidget* parent) {
+    auto* layout = new QVBoxLayout(parent);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(13);
+    return layout;
+}
+
+ModeButton* mode(const QString& title, Selection selection = Selection::unselected) {
+    auto* button = new ModeButton(title);
+    button->setSelected(selection);
+    return button;
+}
+
+FractionSlider* slider(double fraction) {
+    auto* result = new FractionSlider;
+    result->setFraction(fraction);
+    return result;
+}
+
+PopUpButton* popUp(const QStringList& names) {
+    auto* button = new PopUpButton;
+    button->addItems(names);
+    return button;
+}
+
+QMenu* menu() {
+    auto* result = new QMenu;
+    QMenu* first = result->addMenu("25%");
+    first->addAction("15 minutes");
+    first->addAction("30 minutes");
+    result->addMenu("50%")->addAction("1 hour");
+    result->addSeparator();
+    result->addAction("Automatic")->setEnabled(false);
+    QAction* ticked = result->addAction("Night\tCtrl+N");
+    ticked->setCheckable(true);
+    ticked->setChecked(true);
+    return result;
+}
+
+FigureLabel* figure(const QString& text, int size, QFont::Weight weight = QFont::Medium) {
+    auto* label = new FigureLabel(roundedFont(size, weight));
+    label->setText(text);
+    label->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+    return label;
+}
+
+TimeField* timeField(int minute) {
+    auto* field = new TimeField;
+    field->setMinuteOfDay(minute);
+    return field;
+}
+
+QPushButton* button(const QString& title) {
+    return new QPushButton(title);
+}
+
+QPushButton* prominent(const QString& title) {
+    auto* result = new QPushButton(title);
+    result->setDefault(true);
+    return result;
+}
+
+template <typename Widget>
+Widget* disabled(Widget* widget) {
+    widget->setEnabled(false);
+    return widget;
+}
+
+ToggleSwitch* toggle(Qt::CheckState state) {
+    auto* result = new ToggleSwitch("Launch at login");
+    result->setChecked(state == Qt::Checked);
+    return result;
+}
+
+Card* overviewCard() {
+    auto* card = new Card;
+    QVBoxLayout* rows = column(card);
+    rows->addLayout(row({mode("Automatic"), mode("25%"), mode("50%", Selection::selected),
+                         mode("75%"), mode("Max"), disabled(mode("Off")), nullptr}));
+    rows->addLayout(
+        row({new SymbolView(Symbol::fanSlash, 18, TextColor::secondary), slider(0.5),
+             new SymbolView(Symbol::fanFill, 18, TextColor::secondary), figure("50%", 15)}));
+    rows->addLayout(row({new TextLabel("Profile"), popUp({"No profile", "Quiet"}), nullptr}));
+    rows->addLayout(row({new MenuButton("Timer", menu()), nullptr}));
+    rows->addLayout(row({new SymbolLabel(Symbol::timer, "50% until 14:30, then Automatic"),
+                         button("Cancel"), nullptr}));
+    return card;
+}
+
+Card* editorCard() {
+    auto* card = new Card;
+    QVBoxLayout* rows = column(card);
+    rows->addLayout(row({new TextLabel("Name", TextStyle::body(), TextColor::secondary),
+                         new QLineEdit("Temperature")}));
+    rows->addLayout(
+        row({new SegmentedPicker({"Hottest sensor", "Core average"}), nullptr, toggle(Qt::Checked),
+             toggle(Qt::Unchecked), disabled(toggle(Qt::Checked))}));
+    rows->addWidget(new Divider);
+    rows->addLayout(row({timeField(1380), new TextLabel("to"), timeField(420),
+                         popUp({"Fixed speed"}), slider(0.4), figure("40%", 13, QFont::Normal),
+                         new SymbolButton(Symbol::minusCircle, "Remove")}));
+    rows->addWidget(new Divider);
+    rows->addLayout(row({button("Add Window"), disabled(button("Revert")), prominent("Save"),
+                         disabled(prominent("Save")), disabled(popUp({"CPU"})), nullptr}));
+    auto* note = new TextLabel("Times no window covers run Automatic. A window may cross midnight.",
+                               TextStyle::caption(), TextColor::secondary);
+    rows->addWidget(note);
+    rows->addWidget(
+        new SymbolLabel(Symbol::exclamationTriangle, "Windows overlap.", TextColor::warning));
+    auto* safety = new TextLabel("If any CPU or GPU sensor reaches 95 °C, the fan goes to Max "
+                                 "whatever the profile says, until every sensor is back below "
+                                 "85 °C. Quitting Tervale hands the fan back to macOS.");
+    safety->setOverflow(Overflow::wrap);
+    rows->addWidget(safety);
+    return card;
+}
+
+QWidget* toolRow() {
+    auto* holder = new QWidget;
+    auto* search = new SearchField("Filter sensors");
+    auto* filled = new SearchField("Filter sensors");
+    filled->setText("gpu");
+    QHBoxLayout* tools = row({new SymbolButton(Symbol::plus, "Add"),
+                              new SymbolButton(Symbol::plusSquareOnSquare, "Duplicate"),
+                              new SymbolButton(Symbol::minus, "Remove"), nullptr, search, filled});
+    tools->setContentsMargins(0, 0, 0, 0);
+    holder->setLayout(tools);
+    return holder;
+}
+
+QWidget* scrollingList() {
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    auto* tall = new QWidget;
+    tall->setMinimumHeight(400);
+    area->setWidget(tall);
+    area->setWidgetResizable(true);
+    area->setFixedHeight(80);
+    return area;
+}
+
+void save(QWidget& widget, const QString& path) {
+    widget.grab().save(path);
+}
+
+void render(const QPalette& palette, Qt::LayoutDirection direction, const QString& path) {
+    QApplication::setPalette(palette);
+    QWidget window;
+    window.setLayoutDirection(direction);
+    auto* rows = new QVBoxLayout(&window);
+    rows->setContentsMargins(20, 20, 20, 20);
+    rows->setSpacing(14 - Card::shadowHeight);
+    rows->addWidget(toolRow());
+    rows->addWidget(overviewCard());
+    rows->addWidget(editorCard());
+    rows->addWidget(scrollingList());
+    rows->addStretch();
+    window.resize(700, 760);
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    window.findChildren<ModeButton*>().at(1)->setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+    save(window, path + ".png");
+    window.findChildren<FractionSlider*>().at(0)->setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+    save(window, path + "-slider-focus.png");
+    auto* combo = window.findChildren<PopUpButton*>().at(0);
+    for (int extra = 0; extra < 20; ++extra)
+        combo->addItem(QString("A profile with a rather long name, number %1").arg(extra));
+    combo->insertSeparator(1);
+    combo->showPopup();
+    QApplication::processEvents();
+    save(*combo->view()->window(), path + "-list.png");
+    combo->hidePopup();
+    auto* timer = window.findChild<MenuButton*>()->menu();
+    timer->popup(QPoint(0, 0));
+    timer->setActiveAction(timer->actions().first());
+    QApplication::processEvents();
+    save(*timer, path + "-menu.png");
+    timer->hide();
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", "2");
+    QApplication application(argumentCount, arguments);
+    if (argumentCount < 2)
+        return 1;
+    QApplication::setStyle(new WindowStyle);
+    const QDir folder(QString::fromLocal8Bit(arguments[1]));
+    render(lightPalette(), Qt::LeftToRight, folder.filePath("light"));
+    render(darkPalette(), Qt::LeftToRight, folder.filePath("dark"));
+    render(lightPalette(), Qt::RightToLeft, folder.filePath("mirrored"));
+    return 0;
+}
