@@ -41,17 +41,17 @@ bool SafetyLatch::update(std::optional<double> hottest) {
 }
 
 Needs Controller::needs(const Action& action, std::span<const Profile> profiles, int minute) {
-    Needs needs{safetyInputs, false};
+    Needs found{safetyInputs, false};
     std::visit(overloaded{
                    [](const Resolved::Fixed&) {},
-                   [&](const Resolved::Temperature& temperature) {
-                       needs.temperatures.insert(temperature.input);
+                   [&](const Resolved::Temperature& followed) {
+                       found.temperatures.insert(followed.input);
                    },
-                   [&](const Resolved::Load&) { needs.load = true; },
+                   [&](const Resolved::Load&) { found.load = true; },
                    [](const Resolved::Automatic&) {},
                },
                resolve(action, profiles, minute, 0).value);
-    return needs;
+    return found;
 }
 
 Controller::Resolved Controller::resolve(const Action& action, std::span<const Profile> profiles,
