@@ -27,8 +27,9 @@ bool isProminent(const QStyleOptionButton& option) {
     return option.features & QStyleOptionButton::DefaultButton;
 }
 
-void fade(QPainter& painter, const QStyleOption& option) {
-    painter.setOpacity(option.state & QStyle::State_Enabled ? 1 : disabledOpacity);
+Availability availability(const QStyleOption& option) {
+    return option.state & QStyle::State_Enabled ? Availability::available
+                                                : Availability::unavailable;
 }
 
 void shadeWhilePressed(QPainter& painter, const QStyleOption& option, const Colors& colors) {
@@ -56,6 +57,17 @@ void paintMenuButton(QPainter& painter, const QStyleOptionButton& option, const 
     paintText(painter, layout.text, Qt::AlignLeading, option, option.text);
 }
 
+void paintPlainButton(QPainter& painter, const QStyleOptionButton& option, const Colors& colors) {
+    if (isProminent(option))
+        paintBox(painter, option.rect, controlRadius, Theme::accent(), Qt::transparent);
+    else
+        paintControlBox(painter, option.rect, colors);
+    shadeWhilePressed(painter, option, colors);
+    painter.setPen(isProminent(option) ? QColor(Qt::white) : colors.label);
+    paintText(painter, option.rect.adjusted(line + 4, 0, -line - 4, 0), Qt::AlignHCenter, option,
+              option.text);
+}
+
 } // namespace
 
 PopUpLayout popUpLayout(const QRect& box, Qt::LayoutDirection direction) {
@@ -73,19 +85,12 @@ int popUpWidth(int width) {
 void paintPushButton(QPainter& painter, const QStyleOptionButton& option) {
     const Colors colors = Colors::of(option.palette);
     painter.save();
-    fade(painter, option);
-    if (opensMenu(option)) {
-        paintMenuButton(painter, option, colors);
-    } else {
-        if (isProminent(option))
-            paintBox(painter, option.rect, controlRadius, Theme::accent(), Qt::transparent);
+    paintFaded(painter, option.rect, availability(option), [&](QPainter& layer) {
+        if (opensMenu(option))
+            paintMenuButton(layer, option, colors);
         else
-            paintControlBox(painter, option.rect, colors);
-        shadeWhilePressed(painter, option, colors);
-        painter.setPen(isProminent(option) ? QColor(Qt::white) : colors.label);
-        paintText(painter, option.rect.adjusted(line + 4, 0, -line - 4, 0), Qt::AlignHCenter,
-                  option, option.text);
-    }
+            paintPlainButton(layer, option, colors);
+    });
     painter.restore();
 }
 
@@ -99,16 +104,17 @@ QSize pushButtonSize(const QStyleOptionButton& option) {
 void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
     const Colors colors = Colors::of(option.palette);
     painter.save();
-    fade(painter, option);
-    paintControlBox(painter, option.rect, colors);
-    shadeWhilePressed(painter, option, colors);
-    paintChevrons(painter, popUpLayout(option.rect, option.direction).chevrons);
+    paintFaded(painter, option.rect, availability(option), [&](QPainter& layer) {
+        paintControlBox(layer, option.rect, colors);
+        shadeWhilePressed(layer, option, colors);
+        paintChevrons(layer, popUpLayout(option.rect, option.direction).chevrons);
+    });
     painter.restore();
 }
 
 void paintComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option) {
     painter.save();
-    fade(painter, option);
+    painter.setOpacity(option.state & QStyle::State_Enabled ? 1 : disabledOpacity);
     painter.setPen(Colors::of(option.palette).label);
     const QRect place = popUpLayout(option.rect, option.direction).text;
     const QString shown =

@@ -4,8 +4,8 @@
 
 namespace tervale {
 
-/// A rounded panel with a hairline around it. Its contents margins keep a layout at the usual
-/// distance from its edges; set others for a tighter one, with `setPadding`.
+/// A rounded panel with a hairline around it. Its contents margins keep its layout, which needs
+/// none of its own, at the usual distance from the edges; `setPadding` sets another one.
 class Card : public QWidget {
     Q_OBJECT
 

@@ -3,8 +3,11 @@
 #include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Appearance/Theme.h"
 
+#include <QImage>
 #include <QRadialGradient>
 #include <QVariant>
+
+#include <cmath>
 
 namespace tervale {
 
@@ -34,6 +37,29 @@ void paintBox(QPainter& painter, const QRectF& box, qreal radius, const QColor& 
 
 void paintControlBox(QPainter& painter, const QRectF& box, const Colors& colors) {
     paintBox(painter, box, controlRadius, colors.control, colors.controlLine);
+}
+
+void paintFaded(QPainter& painter, const QRect& bounds, Availability availability,
+                const std::function<void(QPainter&)>& draw) {
+    if (availability == Availability::available) {
+        draw(painter);
+        return;
+    }
+    // Shadows reach a little beyond a control.
+    const QRect area = bounds.adjusted(-4, -4, 4, 4);
+    const qreal scale = std::abs(painter.deviceTransform().m11());
+    QImage layer((QSizeF(area.size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    layer.setDevicePixelRatio(scale);
+    layer.fill(Qt::transparent);
+    QPainter inner(&layer);
+    inner.translate(-area.topLeft());
+    inner.setFont(painter.font());
+    draw(inner);
+    inner.end();
+    const qreal before = painter.opacity();
+    painter.setOpacity(before * disabledOpacity);
+    painter.drawImage(area.topLeft(), layer);
+    painter.setOpacity(before);
 }
 
 QColor pressedShade(const Colors& colors) {

@@ -6,6 +6,8 @@
 #include <QRectF>
 #include <QWidget>
 
+#include <functional>
+
 namespace tervale {
 
 /// What the window's controls are drawn from.
@@ -20,6 +22,12 @@ void paintBox(QPainter& painter, const QRectF& box, qreal radius, const QColor& 
 /// As paintBox for a button or field that is drawn on the window's ground, with the light shadow of
 /// a raised one.
 void paintControlBox(QPainter& painter, const QRectF& box, const Colors& colors);
+/// Whether a control can be used, for the painters that fade it as a whole when it cannot.
+enum class Availability { available, unavailable };
+/// Runs `draw`; for a control that cannot be used, into a layer that is laid on faded, so that what
+/// overlaps within the control does not show through.
+void paintFaded(QPainter& painter, const QRect& bounds, Availability availability,
+                const std::function<void(QPainter&)>& draw);
 /// The breath of shade that a button takes on while it is held down.
 QColor pressedShade(const Colors& colors);
 /// A white disc with a soft shadow.

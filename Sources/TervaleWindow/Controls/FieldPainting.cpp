@@ -15,6 +15,8 @@ namespace {
 
 // QLineEdit itself keeps two more pixels on either side of its text.
 constexpr int fieldPadding = 8;
+// Beside the magnifier, which brings its own distance.
+constexpr int searchPadding = 1;
 
 void fade(QPainter& painter, const QStyleOption& option) {
     painter.setOpacity(option.state & QStyle::State_Enabled ? 1 : disabledOpacity);
@@ -42,7 +44,9 @@ void paintField(QPainter& painter, const QStyleOptionFrame& option, const QWidge
 QRect fieldContents(const QStyleOption& option, const QWidget* widget) {
     if (isInsideSpinBox(widget))
         return option.rect;
-    return option.rect.adjusted(fieldPadding, 1, -fieldPadding, -1);
+    const bool search = qobject_cast<const SearchField*>(widget);
+    const int padding = search ? searchPadding : fieldPadding;
+    return option.rect.adjusted(padding, 1, -padding, -1);
 }
 
 QSize fieldSize(const QSize& contents) {
@@ -65,8 +69,8 @@ QRect spinBoxRect(const QStyleOptionComplex& option, QStyle::SubControl part) {
     return {};
 }
 
-QSize spinBoxSize(const QSize& contents) {
-    return {contents.width() + 2 * fieldPadding, std::max(buttonHeight, contents.height() + 2)};
+QSize spinBoxSize(const QSize& contents, const QFontMetrics& metrics) {
+    return {contents.width() + 2 * fieldPadding, std::max(buttonHeight, metrics.height() + 8)};
 }
 
 void paintToolTip(QPainter& painter, const QStyleOption& option) {

@@ -11,6 +11,8 @@ namespace tervale {
 
 inline constexpr int fieldHeight = 28;
 inline constexpr int searchRadius = 8;
+inline constexpr int searchIconSide = 14;
+inline constexpr int searchIconMargin = 7;
 
 void paintField(QPainter& painter, const QStyleOptionFrame& option, const QWidget* widget);
 /// Where a field has its text.
@@ -19,7 +21,7 @@ QSize fieldSize(const QSize& contents);
 
 void paintSpinBox(QPainter& painter, const QStyleOptionComplex& option);
 QRect spinBoxRect(const QStyleOptionComplex& option, QStyle::SubControl part);
-QSize spinBoxSize(const QSize& contents);
+QSize spinBoxSize(const QSize& contents, const QFontMetrics& metrics);
 
 void paintToolTip(QPainter& painter, const QStyleOption& option);
 

@@ -12,7 +12,7 @@ SymbolLabel::SymbolLabel(Symbol symbol, const QString& text, Ink ink, QWidget* p
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);
     row->addWidget(symbolView);
-    row->addWidget(label, 1);
+    row->addWidget(label);
 }
 
 QString SymbolLabel::text() const {
@@ -34,6 +34,9 @@ void SymbolLabel::setTextStyle(const TextStyle& style) {
 
 void SymbolLabel::setOverflow(Overflow overflow) {
     label->setOverflow(overflow);
+    // Beside the first line, where there may be several.
+    const bool wraps = overflow == Overflow::wrap;
+    layout()->setAlignment(symbolView, wraps ? Qt::AlignTop : Qt::Alignment());
 }
 
 } // namespace tervale

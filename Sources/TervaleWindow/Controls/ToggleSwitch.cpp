@@ -68,17 +68,19 @@ void ToggleSwitch::slide(bool on) {
 void ToggleSwitch::paintEvent(QPaintEvent*) {
     const Colors colors = Colors::of(palette());
     QPainter painter(this);
-    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     QRectF track(QPointF(), switchSize);
     track.moveCenter(QRectF(rect()).center());
     const qreal radius = track.height() / 2;
-    paintBox(painter, track, radius, colors.quaternary, colors.line);
     QColor accent = Theme::accent();
     accent.setAlphaF(static_cast<float>(position));
-    paintBox(painter, track, radius, accent, Qt::transparent);
-    paintKnob(painter, knob(track, position, layoutDirection()));
-    if (isDown())
-        paintBox(painter, track, radius, pressedShade(colors), Qt::transparent);
+    paintFaded(painter, rect(), isEnabled() ? Availability::available : Availability::unavailable,
+               [&](QPainter& layer) {
+                   paintBox(layer, track, radius, colors.quaternary, colors.line);
+                   paintBox(layer, track, radius, accent, Qt::transparent);
+                   paintKnob(layer, knob(track, position, layoutDirection()));
+                   if (isDown())
+                       paintBox(layer, track, radius, pressedShade(colors), Qt::transparent);
+               });
 }
 
 } // namespace tervale

@@ -35,7 +35,7 @@ MenuRow menuRow(const QStyleOptionMenuItem& option) {
 QSize menuRowSize(const QStyleOptionMenuItem& option) {
     const MenuRow row = menuRow(option);
     if (row.isSeparator)
-        return {0, menuSeparatorHeight};
+        return {menuRowHeight, menuSeparatorHeight};
     const QFontMetrics metrics(option.font);
     const int shortcut =
         row.shortcut.isEmpty() ? 0 : metrics.horizontalAdvance(row.shortcut) + 2 * menuRowHeight;
@@ -53,10 +53,13 @@ SliderLayout layoutOf(const QStyleOptionSlider& option) {
 
 void paintSliderOf(QPainter& painter, const QStyleOptionSlider& option, const QWidget* widget) {
     painter.save();
-    painter.setOpacity(option.state & QStyle::State_Enabled ? 1 : disabledOpacity);
+    const bool enabled = option.state & QStyle::State_Enabled;
     const bool ring = widget && hasKeyboardFocus(*widget);
-    paintSlider(painter, layoutOf(option), Colors::of(option.palette),
-                ring ? KnobRing::shown : KnobRing::none);
+    paintFaded(painter, option.rect, enabled ? Availability::available : Availability::unavailable,
+               [&](QPainter& layer) {
+                   paintSlider(layer, layoutOf(option), Colors::of(option.palette),
+                               ring ? KnobRing::shown : KnobRing::none);
+               });
     painter.restore();
 }
 
@@ -207,7 +210,7 @@ QSize WindowStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     if (type == CT_LineEdit)
         return fieldSize(contents);
     if (type == CT_SpinBox)
-        return spinBoxSize(contents);
+        return spinBoxSize(contents, option->fontMetrics);
     if (type == CT_MenuItem && item)
         return menuRowSize(*item);
     return QProxyStyle::sizeFromContents(type, option, contents, widget);
@@ -225,8 +228,9 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ButtonShiftVertical:
         return 0;
     case PM_ScrollBarExtent:
-    case PM_ScrollView_ScrollBarOverlap:
         return scrollBarExtent;
+    case PM_ScrollView_ScrollBarOverlap:
+        return widget && FloatingPanels::isPanel(widget->window()) ? 0 : scrollBarExtent;
     case PM_ScrollBarSliderMin:
         return 32;
     case PM_SliderLength:
@@ -238,7 +242,9 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_FocusFrameVMargin:
         return focusRingWidth;
     case PM_LineEditIconSize:
-        return 14;
+        return searchIconSide;
+    case PM_LineEditIconMargin:
+        return searchIconMargin;
     case PM_ToolTipLabelFrameWidth:
         return 5;
     default:

@@ -116,7 +116,7 @@ class Model final : public QObject {
     bool sensorsVisible = false;
     std::unique_ptr<SMC> smc;
     std::optional<SensorSampler> sampler;
-    QTimer timer;
+    QTimer timer{this};
     ObserverToken stateObserver;
     std::int64_t ticks = 0;
 };

@@ -6,7 +6,7 @@
 #include "TervaleWindow/Appearance/Theme.h"
 
 #include <QPainter>
-#include <QPainterPath>
+#include <QTextOption>
 
 namespace tervale {
 
@@ -50,9 +50,9 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
                 chosen ? QColor(Qt::white) : Theme::accent());
     painter->setFont(systemFont(fontSize::body, QFont::Medium));
     painter->setPen(chosen ? QColor(Qt::white) : colors.label);
-    painter->drawText(layout.text,
-                      Qt::AlignVCenter | QStyle::visualAlignment(option.direction, Qt::AlignLeft),
-                      index.data(Qt::DisplayRole).toString());
+    QTextOption text(Qt::AlignVCenter | QStyle::visualAlignment(option.direction, Qt::AlignLeft));
+    text.setWrapMode(QTextOption::NoWrap);
+    painter->drawText(layout.text, index.data(Qt::DisplayRole).toString(), text);
     painter->restore();
 }
 

@@ -44,6 +44,7 @@ QHBoxLayout* row(Row widgets) {
 
 QVBoxLayout* column(QWidget* parent) {
     auto* layout = new QVBoxLayout(parent);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(13);
     return layout;
 }
@@ -183,11 +184,7 @@ QWidget* scrollingList() {
 }
 
 void save(QWidget& widget, const QString& path) {
-    QPixmap image(widget.size() * 2);
-    image.setDevicePixelRatio(2);
-    image.fill(Qt::transparent);
-    widget.render(&image);
-    image.save(path);
+    widget.grab().save(path);
 }
 
 void render(const QPalette& palette, Qt::LayoutDirection direction, const QString& path) {
@@ -212,7 +209,6 @@ void render(const QPalette& palette, Qt::LayoutDirection direction, const QStrin
     window.findChildren<FractionSlider*>().at(0)->setFocus(Qt::TabFocusReason);
     QApplication::processEvents();
     save(window, path + "-slider-focus.png");
-    window.findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
     auto* combo = window.findChildren<PopUpButton*>().at(0);
     for (int extra = 0; extra < 20; ++extra)
         combo->addItem(QString("A profile with a rather long name, number %1").arg(extra));
@@ -234,6 +230,7 @@ void render(const QPalette& palette, Qt::LayoutDirection direction, const QStrin
 int main(int argumentCount, char** arguments) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", "2");
     QApplication application(argumentCount, arguments);
     if (argumentCount < 2)
         return 1;

@@ -1,0 +1,127 @@
+#include "ControlsFixture.h"
+#include "TervaleWindow/Controls/SearchField.h"
+#include "TervaleWindow/Controls/TimeField.h"
+
+#include <QBoxLayout>
+#include <QFocusFrame>
+#include <QSignalSpy>
+
+using namespace tervale;
+
+namespace {
+
+struct FieldTest : ControlsFixture {
+    QWidget window;
+    QVBoxLayout rows{&window};
+
+    template <typename Control>
+    Control& show(Control* control) {
+        rows.addWidget(control, 0, Qt::AlignLeft);
+        present(window);
+        return *control;
+    }
+
+    TimeField& showTime(int minute) {
+        TimeField& field = show(new TimeField);
+        field.setLocale(QLocale(QLocale::German));
+        field.setMinuteOfDay(minute);
+        field.setFocus();
+        return field;
+    }
+};
+
+} // namespace
+
+TEST_F(FieldTest, ATimeIsShownInTheUsersWay) {
+    TimeField& field = showTime(425);
+    EXPECT_EQ(field.text(), "07:05");
+    field.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    EXPECT_EQ(field.text().simplified(), "7:05 AM");
+    field.setMinuteOfDay(1380);
+    EXPECT_EQ(field.text().simplified(), "11:00 PM");
+    field.setLocale(QLocale::c());
+    EXPECT_EQ(field.text(), "23:00");
+}
+
+TEST_F(FieldTest, ATimeSetFromOutsideIsNotReported) {
+    TimeField& field = showTime(0);
+    QSignalSpy changes(&field, &TimeField::minuteOfDayChanged);
+    field.setMinuteOfDay(1439);
+    EXPECT_EQ(field.minuteOfDay(), 1439);
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_DEATH(field.setMinuteOfDay(1440), "minute of the day");
+}
+
+TEST_F(FieldTest, ATimeStepsThroughHoursAndMinutesPastMidnight) {
+    TimeField& field = showTime(1439);
+    QSignalSpy changes(&field, &TimeField::minuteOfDayChanged);
+    field.setSelectedSection(QDateTimeEdit::MinuteSection);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.minuteOfDay(), 0);
+    QTest::keyClick(&field, Qt::Key_Down);
+    EXPECT_EQ(field.minuteOfDay(), 1439);
+    field.setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.minuteOfDay(), 59);
+    EXPECT_EQ(field.currentSection(), QDateTimeEdit::HourSection);
+    ASSERT_EQ(changes.count(), 3);
+    EXPECT_EQ(changes.at(2).at(0).toInt(), 59);
+}
+
+TEST_F(FieldTest, ATypedTimeIsReportedOnceForEachChange) {
+    TimeField& field = showTime(540);
+    QSignalSpy changes(&field, &TimeField::minuteOfDayChanged);
+    field.setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClicks(&field, "07");
+    field.setSelectedSection(QDateTimeEdit::MinuteSection);
+    QTest::keyClicks(&field, "05");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(field.minuteOfDay(), 425);
+    ASSERT_GE(changes.count(), 1);
+    EXPECT_EQ(changes.last().at(0).toInt(), 425);
+    for (int index = 1; index < changes.count(); ++index)
+        EXPECT_NE(changes.at(index).at(0), changes.at(index - 1).at(0));
+}
+
+TEST_F(FieldTest, ATimeIsASpinBoxOfTheUsualHeight) {
+    TimeField& field = showTime(425);
+    field.setAccessibleName("From");
+    EXPECT_EQ(field.height(), 26);
+    EXPECT_LT(field.width(), 70);
+    EXPECT_EQ(accessible(field)->text(QAccessible::Name), "From");
+    EXPECT_EQ(accessible(field)->text(QAccessible::Value), "07:05");
+}
+
+TEST_F(FieldTest, ASearchIsClearedByEscape) {
+    SearchField& field = show(new SearchField("Filter sensors"));
+    field.setFocus();
+    QSignalSpy changes(&field, &QLineEdit::textChanged);
+    QTest::keyClicks(&field, "gpu");
+    EXPECT_EQ(field.text(), "gpu");
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(field.text(), "");
+    EXPECT_EQ(changes.count(), 4);
+    EXPECT_EQ(accessible(field)->text(QAccessible::Name), "Filter sensors");
+}
+
+TEST_F(FieldTest, ASearchHasARoundedGroundWithoutALine) {
+    SearchField& field = show(new SearchField("Filter sensors"));
+    EXPECT_EQ(field.height(), 28);
+    for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+        QApplication::setPalette(palette);
+        const Colors colors = Colors::of(palette);
+        EXPECT_TRUE(isClose(pixel(field, {100, 2}), onto(colors.window, colors.quaternary)));
+        EXPECT_TRUE(isClose(pixel(field, {0, 0}), colors.window));
+    }
+}
+
+TEST_F(FieldTest, AFieldShowsARingHoweverItGotTheFocus) {
+    QLineEdit& field = show(new QLineEdit("Night"));
+    EXPECT_EQ(field.height(), 28);
+    field.clearFocus();
+    field.setFocus(Qt::MouseFocusReason);
+    QFocusFrame* ring = window.findChild<QFocusFrame*>();
+    ASSERT_NE(ring, nullptr);
+    EXPECT_TRUE(ring->isVisible());
+    EXPECT_EQ(ring->geometry(), field.geometry().adjusted(-3, -3, 3, 3));
+}
