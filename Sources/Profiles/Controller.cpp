@@ -41,17 +41,17 @@ bool SafetyLatch::update(std::optional<double> hottest) {
 }
 
 Needs Controller::needs(const Action& action, std::span<const Profile> profiles, int minute) {
-    Needs found{safetyInputs, false};
+    Needs needs{safetyInputs, false};
     std::visit(overloaded{
                    [](const Resolved::Fixed&) {},
-                   [&](const Resolved::Temperature& followed) {
-                       found.temperatures.insert(followed.input);
+                   [&](const Resolved::Temperature& resolved) {
+                       needs.temperatures.insert(resolved.input);
                    },
-                   [&](const Resolved::Load&) { found.load = true; },
+                   [&](const Resolved::Load&) { needs.load = true; },
                    [](const Resolved::Automatic&) {},
                },
                resolve(action, profiles, minute, 0).value);
-    return found;
+    return needs;
 }
 
 Controller::Resolved Controller::resolve(const Action& action, std::span<const Profile> profiles,
