@@ -2,6 +2,8 @@
 add_library(tervale_warnings INTERFACE)
 add_library(Tervale::Warnings ALIAS tervale_warnings)
 target_compile_options(tervale_warnings INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wnon-virtual-dtor
     -Wold-style-cast -Woverloaded-virtual -Wcast-align -Wunused -Wnull-dereference
-    -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Wswitch-enum)
+    -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Wswitch-enum
+    # A constructor's parameter may bear the name of the member that it sets.
+    $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>)

@@ -46,8 +46,9 @@ struct EncodingError : std::exception {
 /// The JSON text of a value: compact, members in the order of the type's fields, slashes escaped,
 /// ill-formed UTF-8 in strings repaired. Throws `EncodingError`.
 ///
-/// Structures are objects keyed by field; an alternative is an object with one member, named after
-/// it, that holds an object with its payload under `_0` and `_1`.
+/// A whole number is written without a fraction. Structures are objects keyed by field; an
+/// alternative is an object with one member, named after it, that holds an object with its payload
+/// under `_0` and `_1`.
 ///
 /// For: `Action`, `Curve`, `CurvePoint`, `Profile`, `ProfileKind`, `TemperatureInput`, `Window`,
 /// `std::vector<Profile>`, `SensorGroup`, `BridgeCommand`, `BridgeState`.
@@ -55,8 +56,8 @@ template <class Value>
 std::string encode(const Value& value);
 
 /// The value that a JSON text holds. No range is checked, unknown members are ignored, and nothing
-/// is decoded in part. Of two members of the same name the first counts; more than 512 levels of
-/// nesting are refused.
+/// is decoded in part. Of two members of the same name the first counts. More than 512 levels of
+/// nesting and more than 16 MiB are refused.
 template <class Value>
 Decoded<Value> decode(std::string_view text);
 

@@ -4,6 +4,7 @@
 #include "SMC/Sensors.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>

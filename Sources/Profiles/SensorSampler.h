@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -22,7 +23,7 @@ namespace tervale {
 /// The list of sensors is fixed. One thread at a time; `Read` is called from `sample`.
 class SensorSampler {
   public:
-    /// Degrees Celsius of a sensor; nothing when it cannot be read now.
+    /// Degrees Celsius of a sensor; nothing, or NaN, when it cannot be read now.
     using Read = std::function<std::optional<double>(const TemperatureSensor&)>;
 
     /// How many of the hottest sensors are read between scans.
@@ -46,6 +47,11 @@ class SensorSampler {
     static std::vector<Element> spread(std::span<const Element> items, std::int64_t count);
 
   private:
+    /// What a group's readings come to; nothing where there are none.
+    struct Summary {
+        std::optional<double> hottest;
+        std::optional<double> average;
+    };
     /// Positions are those of the group's list in `byGroup`.
     struct Plan {
         std::vector<std::size_t> hottest;
@@ -54,6 +60,11 @@ class SensorSampler {
         double gap = 0;
         Date scannedAt;
     };
+
+    /// Reads only the plan's sensors.
+    Summary follow(const Plan& plan, SensorGroup group, bool wantAverage) const;
+    /// Reads every sensor of the group and makes its plan.
+    Summary scan(SensorGroup group, Date now);
 
     std::array<std::vector<TemperatureSensor>, SensorGroup::allCases.size()> byGroup;
     Read read;

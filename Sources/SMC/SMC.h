@@ -10,9 +10,12 @@
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tervale {
+
+struct SMCStructure;
 
 /// The only error of the controller: one line that begins with the key concerned.
 struct SMCError : std::exception {
@@ -72,6 +75,9 @@ class SMC {
     temperatures(std::span<const TemperatureSensor> sensors);
 
   private:
+    /// One exchange; `key` begins the error's message.
+    SMCStructure call(const std::string& key, const SMCStructure& request);
+
     IORegistry& registry;
     IORegistry::Connection conn = 0;
     std::unordered_map<std::string, Info> infoCache;

@@ -28,3 +28,9 @@ TEST(RoundedToInteger, RoundsHalvesAwayFromZero) {
     EXPECT_EQ(roundedToInteger(-0.4), 0);
     EXPECT_EQ(roundedToInteger(-0.5), -1);
 }
+
+TEST(RoundedToInteger, StopsTheProcessForNumbersThatAreNoInteger) {
+    EXPECT_DEATH(roundedToInteger(std::numeric_limits<double>::quiet_NaN()), "no 64-bit integer");
+    EXPECT_DEATH(roundedToInteger(-std::numeric_limits<double>::infinity()), "no 64-bit integer");
+    EXPECT_DEATH(roundedToInteger(9223372036854775808.0), "no 64-bit integer");
+}

@@ -1,0 +1,149 @@
+#include "Platform/Linux/FilePreferences.h"
+
+#include "SMC/Precondition.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tervale {
+
+namespace {
+
+/// An open file, closed with the object.
+class FileDescriptor {
+  public:
+    explicit FileDescriptor(int descriptor) : descriptor(descriptor) {}
+    ~FileDescriptor() { close(); }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    explicit operator bool() const { return descriptor >= 0; }
+    int number() const { return descriptor; }
+    bool close() {
+        const int closing = std::exchange(descriptor, -1);
+        return closing < 0 || ::close(closing) == 0;
+    }
+
+  private:
+    int descriptor;
+};
+
+bool isSafeKey(const std::string& key) {
+    constexpr std::size_t longest = 200;
+    const auto isSafe = [](char character) {
+        return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
+               (character >= '0' && character <= '9') || character == '.' || character == '_' ||
+               character == '-';
+    };
+    return !key.empty() && key.size() <= longest && key.front() != '.' &&
+           std::all_of(key.begin(), key.end(), isSafe);
+}
+
+bool writeAll(int file, const Preferences::Data& data) {
+    std::size_t written = 0;
+    while (written < data.size()) {
+        const ssize_t count = ::write(file, data.data() + written, data.size() - written);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        written += static_cast<std::size_t>(count);
+    }
+    return true;
+}
+
+std::optional<Preferences::Data> readAll(int file) {
+    Preferences::Data data;
+    std::array<std::byte, 65536> buffer{};
+    for (;;) {
+        const ssize_t count = ::read(file, buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return std::nullopt;
+        if (count == 0)
+            return data;
+        data.insert(data.end(), buffer.begin(), buffer.begin() + count);
+    }
+}
+
+/// Makes what was created or renamed in the folder last.
+void syncFolder(const std::filesystem::path& folder) {
+    const FileDescriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor)
+        ::fsync(descriptor.number());
+}
+
+void createFolder(const std::filesystem::path& folder) {
+    std::error_code error;
+    if (folder.empty() || std::filesystem::exists(folder, error))
+        return;
+    createFolder(folder.parent_path());
+    if (::mkdir(folder.c_str(), S_IRWXU) == 0)
+        syncFolder(folder.parent_path());
+}
+
+/// Creates, writes and syncs the file that `pattern` becomes the name of. Its mode is 0600.
+bool writeTemporary(std::string& pattern, const Preferences::Data& data) {
+    FileDescriptor file(::mkostemp(pattern.data(), O_CLOEXEC));
+    if (!file)
+        return false;
+    const bool kept = writeAll(file.number(), data) && ::fsync(file.number()) == 0;
+    if (file.close() && kept)
+        return true;
+    ::unlink(pattern.c_str());
+    return false;
+}
+
+std::filesystem::path homeFolder() {
+    const char* home = std::getenv("HOME");
+    if (home && *home == '/')
+        return home;
+    const passwd* user = ::getpwuid(::getuid());
+    return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+} // namespace
+
+std::filesystem::path configurationFolder() {
+    const char* configured = std::getenv("XDG_CONFIG_HOME");
+    if (configured && *configured == '/')
+        return configured;
+    return homeFolder() / ".config";
+}
+
+FilePreferences::FilePreferences(std::filesystem::path folder) : folder(std::move(folder)) {}
+
+std::optional<Preferences::Data> FilePreferences::data(const std::string& key) const {
+    precondition(isSafeKey(key), "a preferences key is no safe file name");
+    const std::filesystem::path path = folder / key;
+    // Without O_NONBLOCK, opening a pipe that lies in the file's place would wait for a writer.
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status {};
+    if (!file || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return readAll(file.number());
+}
+
+void FilePreferences::setData(const std::string& key, const Data& data) {
+    precondition(isSafeKey(key), "a preferences key is no safe file name");
+    createFolder(folder);
+    const std::filesystem::path path = folder / key;
+    // Begins with a dot, so that it is never the file of a key.
+    std::string temporary = folder / ("." + key + ".XXXXXX");
+    if (!writeTemporary(temporary, data))
+        return;
+    if (::rename(temporary.c_str(), path.c_str()) == 0)
+        syncFolder(folder);
+    else
+        ::unlink(temporary.c_str());
+}
+
+} // namespace tervale

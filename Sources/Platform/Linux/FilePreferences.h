@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Profiles/Preferences.h"
+
+#include <filesystem>
+#include <string>
+
+namespace tervale {
+
+/// The folder that holds the user's configuration: $XDG_CONFIG_HOME, or ~/.config where that is not
+/// set to an absolute path.
+std::filesystem::path configurationFolder();
+
+/// Preferences as one file a key in a folder of their own, readable by the user alone. A file is
+/// replaced in one step, so that after a power cut it holds the old value or the new one. What
+/// cannot be read is absent, and what cannot be written is not. From any thread and process.
+///
+/// A key is a file's name: ASCII letters, digits, '.', '_' and '-', not beginning with a dot.
+class FilePreferences final : public Preferences {
+  public:
+    /// The folder is created with the first value.
+    explicit FilePreferences(std::filesystem::path folder);
+
+    std::optional<Data> data(const std::string& key) const override;
+    void setData(const std::string& key, const Data& data) override;
+
+  private:
+    std::filesystem::path folder;
+};
+
+} // namespace tervale

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Profiles/InProcessNotificationCenter.h"
+#include "Profiles/Preferences.h"
+#include "SMC/IORegistry.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tervale {
+
+/// What the running operating system offers behind the seams. The one place where the system's
+/// adapters are chosen.
+struct Platform {
+    std::unique_ptr<IORegistry> registry;
+    std::unique_ptr<NotificationCenter> notificationCenter;
+};
+
+/// `dispatch` runs what it is given on the main thread.
+Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch);
+
+/// The user's preferences of a domain, such as "tervale".
+std::unique_ptr<Preferences> makePreferences(const std::string& domain);
+
+/// Tells this machine's processor load since it was last asked: percent, 0 to 100; nothing when it is
+/// not known.
+std::function<std::optional<double>()> makeProcessorLoad();
+
+} // namespace tervale

@@ -1,0 +1,87 @@
+#include "Profiles/InProcessNotificationCenter.h"
+
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace tervale {
+
+/// Who observes, in the order of registration. Handlers are called without the lock, so that they
+/// may post, observe and let go.
+struct InProcessNotificationCenter::Registry {
+    using Identifier = std::uint64_t;
+    struct Observer {
+        std::string name;
+        std::shared_ptr<const Handler> handler;
+    };
+
+    std::mutex mutex;
+    std::map<Identifier, Observer> observers;
+    Identifier next = 0;
+
+    Identifier add(const std::string& name, Handler handler) {
+        const std::lock_guard lock(mutex);
+        observers.emplace(next,
+                          Observer{name, std::make_shared<const Handler>(std::move(handler))});
+        return next++;
+    }
+    void remove(Identifier identifier) {
+        // What the handler owns is destroyed after the lock is released.
+        std::shared_ptr<const Handler> removed;
+        const std::lock_guard lock(mutex);
+        const auto found = observers.find(identifier);
+        if (found == observers.end())
+            return;
+        removed = std::move(found->second.handler);
+        observers.erase(found);
+    }
+    std::vector<Identifier> observing(const std::string& name) {
+        const std::lock_guard lock(mutex);
+        std::vector<Identifier> identifiers;
+        for (const auto& [identifier, observer] : observers)
+            if (observer.name == name)
+                identifiers.push_back(identifier);
+        return identifiers;
+    }
+    /// Null if it was let go in the meantime.
+    std::shared_ptr<const Handler> handler(Identifier identifier) {
+        const std::lock_guard lock(mutex);
+        const auto found = observers.find(identifier);
+        return found == observers.end() ? nullptr : found->second.handler;
+    }
+};
+
+InProcessNotificationCenter::InProcessNotificationCenter()
+    : InProcessNotificationCenter([](const std::function<void()>& delivery) { delivery(); }) {}
+
+InProcessNotificationCenter::InProcessNotificationCenter(Dispatch dispatch)
+    : dispatch(std::move(dispatch)),
+      registry(std::make_shared<Registry>()) {}
+
+InProcessNotificationCenter::~InProcessNotificationCenter() = default;
+
+void InProcessNotificationCenter::post(const std::string& name,
+                                       const std::optional<std::string>& object) {
+    dispatch(
+        [weakRegistry = std::weak_ptr(registry), identifiers = registry->observing(name), object] {
+            for (const Registry::Identifier identifier : identifiers) {
+                const std::shared_ptr<Registry> registry = weakRegistry.lock();
+                if (!registry)
+                    return;
+                if (const auto handler = registry->handler(identifier))
+                    (*handler)(object);
+            }
+        });
+}
+
+ObserverToken InProcessNotificationCenter::observe(const std::string& name, Handler handler) {
+    const Registry::Identifier identifier = registry->add(name, std::move(handler));
+    return ObserverToken([weakRegistry = std::weak_ptr(registry), identifier] {
+        if (const std::shared_ptr<Registry> registry = weakRegistry.lock())
+            registry->remove(identifier);
+    });
+}
+
+} // namespace tervale

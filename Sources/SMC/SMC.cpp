@@ -1,0 +1,115 @@
+#include "SMC/SMC.h"
+
+#include "SMC/Precondition.h"
+#include "SMC/SMCCodec.h"
+#include "SMC/SMCStructure.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+
+namespace tervale {
+
+namespace {
+
+constexpr const char* serviceClass = "AppleSMC";
+constexpr std::uint32_t userClientType = 0;
+
+std::string hexadecimal(IORegistry::Status status) {
+    char text[9];
+    std::snprintf(text, sizeof text, "%x", static_cast<unsigned>(status));
+    return text;
+}
+
+SMCStructure requestOf(SMCCommand command, std::uint32_t key) {
+    SMCStructure request;
+    request.key = key;
+    request.command = static_cast<std::uint8_t>(command);
+    return request;
+}
+
+} // namespace
+
+SMC::SMC(IORegistry& machine) : registry(machine) {
+    const auto service = registry.findService(serviceClass);
+    if (!service)
+        throw SMCError("AppleSMC not found");
+    const IORegistry::Status status = registry.open(*service, userClientType, conn);
+    registry.release(*service);
+    if (status != 0)
+        throw SMCError("IOServiceOpen failed: " + std::to_string(status));
+}
+
+SMC::~SMC() {
+    registry.close(conn);
+}
+
+SMCStructure SMC::call(const std::string& key, const SMCStructure& request) {
+    IORegistry::Structure response{};
+    const IORegistry::Status status =
+        registry.callStruct(conn, smcExchangeSelector, request.toBytes(), response);
+    if (status != 0)
+        throw SMCError(key + ": IOKit error 0x" + hexadecimal(status));
+    const auto answer = SMCStructure::fromBytes(response);
+    if (answer.result != 0)
+        throw SMCError(key + ": SMC error " + std::to_string(answer.result));
+    return answer;
+}
+
+SMC::Info SMC::info(const std::string& key) {
+    if (const auto known = infoCache.find(key); known != infoCache.end())
+        return known->second;
+    const SMCStructure answer =
+        call(key, requestOf(SMCCommand::keyInformation, SMCCodec::fourCC(key)));
+    if (answer.dataSize > answer.bytes.size())
+        throw SMCError(key + ": size " + std::to_string(answer.dataSize) + " too large");
+    return infoCache.emplace(key, Info{answer.dataSize, SMCCodec::fourCCString(answer.dataType)})
+        .first->second;
+}
+
+bool SMC::exists(const std::string& key) {
+    try {
+        info(key);
+        return true;
+    } catch (const SMCError&) {
+        return false;
+    }
+}
+
+double SMC::read(const std::string& key) {
+    const Info description = info(key);
+    SMCStructure request = requestOf(SMCCommand::read, SMCCodec::fourCC(key));
+    request.dataSize = description.size;
+    const SMCStructure answer = call(key, request);
+    return SMCCodec::decode(description.type, std::span(answer.bytes).first(description.size));
+}
+
+void SMC::write(const std::string& key, double value) {
+    const Info description = info(key);
+    const auto bytes = SMCCodec::encode(description.type, value);
+    if (bytes.size() != description.size)
+        throw SMCError(key + ": size mismatch");
+    SMCStructure request = requestOf(SMCCommand::write, SMCCodec::fourCC(key));
+    request.dataSize = description.size;
+    std::copy(bytes.begin(), bytes.end(), request.bytes.begin());
+    call(key, request);
+}
+
+std::int64_t SMC::keyCount() {
+    return truncatedToInteger(read("#KEY"));
+}
+
+std::int64_t SMC::fanCount() {
+    return truncatedToInteger(read("FNum"));
+}
+
+std::string SMC::key(std::int64_t index) {
+    precondition(index >= 0 && index <= std::numeric_limits<std::uint32_t>::max(),
+                 "a key's index must fit 32 bits");
+    SMCStructure request = requestOf(SMCCommand::keyByIndex, 0);
+    request.index = static_cast<std::uint32_t>(index);
+    // The request bears no key, so its errors begin with the four zeros of an empty code.
+    return SMCCodec::fourCCString(call(SMCCodec::fourCCString(0), request).key);
+}
+
+} // namespace tervale

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Profiles/Controller.h"
+#include "SMC/SMC.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tervale {
+
+/// Brings the fans to a target. What the controller says counts, not what was written last, so a
+/// fan that something else has changed is set right the next time. A fan that fails keeps no other
+/// from being driven.
+class FanDriver {
+  public:
+    /// `smc` outlives the object.
+    explicit FanDriver(SMC& smc) : smc(smc) {}
+
+    /// Writes only where a fan is not yet on its way to the target. The first error, if any.
+    std::optional<std::string> apply(const Target& target);
+
+  private:
+    using Error = std::optional<std::string>;
+
+    Error driveAll(double fraction);
+    void drive(std::int64_t index, double fraction);
+    Error releaseAll();
+    bool anyManual();
+
+    SMC& smc;
+    /// Fans may be under manual control because of this object.
+    bool holding = false;
+};
+
+} // namespace tervale

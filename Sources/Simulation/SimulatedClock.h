@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Profiles/Clock.h"
+
+#include <cmath>
+
+namespace tervale {
+
+/// Virtual time, which passes only when told to. Its days begin at whole multiples of a day.
+class SimulatedClock final : public Clock {
+  public:
+    explicit SimulatedClock(Date start = {}) : date(start) {}
+
+    void advance(double seconds) { date = date + seconds; }
+
+    Date now() const override { return date; }
+    int minuteOfDay() const override {
+        constexpr double day = 86400;
+        const double second = date.sinceReference - day * std::floor(date.sinceReference / day);
+        return static_cast<int>(second / 60);
+    }
+
+  private:
+    Date date;
+};
+
+} // namespace tervale

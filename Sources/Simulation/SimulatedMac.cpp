@@ -1,0 +1,247 @@
+#include "Simulation/SimulatedMac.h"
+
+#include "Profiles/Profile.h"
+#include "SMC/Precondition.h"
+#include "SMC/SMCCodec.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
+
+namespace tervale {
+
+namespace {
+
+constexpr auto succeeded = std::uint8_t{0};
+constexpr auto unknownCommand = std::uint8_t{130};
+constexpr auto unknownKey = std::uint8_t{132};
+constexpr auto notReadable = std::uint8_t{133};
+constexpr auto notWritable = std::uint8_t{134};
+constexpr auto wrongSize = std::uint8_t{135};
+constexpr auto badValue = std::uint8_t{137};
+
+constexpr auto kernelSuccess = IORegistry::Status{0};
+constexpr auto kernelBadArgument = static_cast<IORegistry::Status>(0xe00002c2);
+constexpr auto kernelUnsupported = static_cast<IORegistry::Status>(0xe00002c7);
+constexpr auto kernelNotOpen = static_cast<IORegistry::Status>(0xe00002cd);
+
+constexpr auto* serviceClass = "AppleSMC";
+
+/// The single-precision number in four bytes.
+float floatIn(std::span<const std::byte> bytes) {
+    float number = 0;
+    std::memcpy(&number, bytes.data(), sizeof number);
+    return number;
+}
+
+std::uint8_t codeOf(SMCCommand command) {
+    return static_cast<std::uint8_t>(command);
+}
+
+} // namespace
+
+SimulatedMac::SimulatedMac(const SimulatedMacOptions& options)
+    : machine(options.seed, options.scenario, options.hostLoad, options.fans, options.sensors),
+      keys(options.fans, options.modeSpelling, machine.sensors(), options.fillers, options.seed) {}
+
+void SimulatedMac::inject(const std::string& key, Fault fault) {
+    const SimulatedKey* found = keys.find(SMCCodec::fourCC(key));
+    precondition(found != nullptr && found->name == key, "a key that does not exist cannot fail");
+    // The value now, which is another fault's while there is one.
+    std::vector<std::byte> held = value(*found);
+    faults[key] = {fault, std::move(held)};
+}
+
+std::optional<IORegistry::Service> SimulatedMac::findService(const std::string& className) {
+    if (className != serviceClass || std::holds_alternative<service::Absent>(serviceState))
+        return std::nullopt;
+    return *services.insert(++lastHandle).first;
+}
+
+IORegistry::Status SimulatedMac::open(Service service, std::uint32_t type, Connection& connection) {
+    if (!services.contains(service) || type != 0)
+        return kernelBadArgument;
+    if (const auto* refusing = std::get_if<service::Refusing>(&serviceState))
+        return refusing->status;
+    connection = *connections.insert(++lastHandle).first;
+    return kernelSuccess;
+}
+
+void SimulatedMac::release(Service service) {
+    services.erase(service);
+}
+
+void SimulatedMac::close(Connection connection) {
+    connections.erase(connection);
+}
+
+IORegistry::Status SimulatedMac::callStruct(Connection connection, std::uint32_t selector,
+                                            const Structure& request, Structure& response) {
+    const SMCStructure question = SMCStructure::fromBytes(request);
+    count(question.command);
+    if (!connections.contains(connection))
+        return kernelNotOpen;
+    if (everyCall)
+        return *everyCall;
+    if (selector != smcExchangeSelector)
+        return kernelUnsupported;
+    const SimulatedKey* key =
+        question.command == codeOf(SMCCommand::keyByIndex) ? nullptr : keys.find(question.key);
+    if (const InjectedFault* injected = key != nullptr ? faultOf(*key) : nullptr)
+        if (const auto* error = std::get_if<fault::KernelError>(&injected->fault))
+            return error->status;
+    SMCStructure answer = SMCStructure::fromBytes(response);
+    answer.result = execute(question, key, answer);
+    response = answer.toBytes();
+    return kernelSuccess;
+}
+
+void SimulatedMac::count(std::uint8_t command) {
+    const auto oneIf = [command](SMCCommand kind) -> std::size_t {
+        return command == codeOf(kind) ? 1 : 0;
+    };
+    ++counts.total;
+    counts.reads += oneIf(SMCCommand::read);
+    counts.writes += oneIf(SMCCommand::write);
+    counts.keysByIndex += oneIf(SMCCommand::keyByIndex);
+    counts.descriptions += oneIf(SMCCommand::keyInformation);
+}
+
+SimulatedMac::Result SimulatedMac::execute(const SMCStructure& request, const SimulatedKey* key,
+                                           SMCStructure& response) {
+    if (request.command == codeOf(SMCCommand::keyByIndex))
+        return nameKey(request.index, response);
+    if (request.command == codeOf(SMCCommand::keyInformation))
+        return key == nullptr ? unknownKey : describe(*key, response);
+    if (request.command == codeOf(SMCCommand::read))
+        return key == nullptr ? unknownKey : read(*key, request, response);
+    if (request.command == codeOf(SMCCommand::write))
+        return key == nullptr ? unknownKey : write(*key, request);
+    return unknownCommand;
+}
+
+const SimulatedMac::InjectedFault* SimulatedMac::faultOf(const SimulatedKey& key) const {
+    const auto found = faults.find(key.name);
+    return found == faults.end() ? nullptr : &found->second;
+}
+
+SimulatedMac::Result SimulatedMac::refusal(const SimulatedKey& key) const {
+    const InjectedFault* injected = faultOf(key);
+    if (injected == nullptr)
+        return key.readResult;
+    return std::visit(overloaded{[](const fault::Refused& refused) { return refused.result; },
+                                 [](const fault::RefusedValue& refused) { return refused.result; },
+                                 [&](const fault::KernelError&) { return key.readResult; },
+                                 [&](const fault::DroppedOut&) { return key.readResult; },
+                                 [&](const fault::Stuck&) { return key.readResult; }},
+                      injected->fault);
+}
+
+std::vector<std::byte> SimulatedMac::value(const SimulatedKey& key) const {
+    if (const InjectedFault* injected = faultOf(key)) {
+        if (std::holds_alternative<fault::Stuck>(injected->fault))
+            return injected->held;
+        if (std::holds_alternative<fault::DroppedOut>(injected->fault))
+            return std::vector<std::byte>(key.size);
+    }
+    return std::visit(overloaded{[](const keySource::Constant& source) { return source.bytes; },
+                                 [&](const keySource::KeyCount&) {
+                                     return keyBytes(key.type, static_cast<double>(keys.size()));
+                                 },
+                                 [&](const keySource::Unlock&) {
+                                     return keyBytes(key.type, machine.isUnlocked() ? 1 : 0);
+                                 },
+                                 [&](const keySource::FanValue& source) {
+                                     return keyBytes(key.type, fanValue(source));
+                                 },
+                                 [&](const keySource::Sensor& source) {
+                                     return keyBytes(key.type,
+                                                     machine.sensors().reading(source.index));
+                                 }},
+                      key.source);
+}
+
+double SimulatedMac::fanValue(const keySource::FanValue& source) const {
+    const SimulatedFan& fan = machine.fans().at(source.fan);
+    switch (source.value) {
+    case keySource::FanValue::actual:
+        return fan.actual;
+    case keySource::FanValue::target:
+        return fan.target;
+    case keySource::FanValue::min:
+        return fan.limits.lower;
+    case keySource::FanValue::max:
+        return fan.limits.upper;
+    case keySource::FanValue::mode:
+        return fan.mode;
+    }
+    precondition(false, "a fan register that does not exist was read");
+    return 0;
+}
+
+SimulatedMac::Result SimulatedMac::nameKey(std::uint32_t index, SMCStructure& response) const {
+    if (index >= keys.size())
+        return unknownKey;
+    response.key = SMCCodec::fourCC(keys[index].name);
+    return succeeded;
+}
+
+SimulatedMac::Result SimulatedMac::describe(const SimulatedKey& key, SMCStructure& response) const {
+    if (key.describeResult != succeeded)
+        return key.describeResult;
+    const InjectedFault* injected = faultOf(key);
+    if (injected != nullptr)
+        if (const auto* refused = std::get_if<fault::Refused>(&injected->fault))
+            return refused->result;
+    response.dataSize = key.size;
+    response.dataType = SMCCodec::fourCC(key.type);
+    return succeeded;
+}
+
+SimulatedMac::Result SimulatedMac::read(const SimulatedKey& key, const SMCStructure& request,
+                                        SMCStructure& response) const {
+    if (const Result refused = refusal(key); refused != succeeded)
+        return refused;
+    if (request.dataSize != key.size)
+        return wrongSize;
+    const std::vector<std::byte> bytes = value(key);
+    if (bytes.size() > response.bytes.size())
+        return notReadable;
+    std::copy(bytes.begin(), bytes.end(), response.bytes.begin());
+    return succeeded;
+}
+
+SimulatedMac::Result SimulatedMac::write(const SimulatedKey& key, const SMCStructure& request) {
+    if (const Result refused = refusal(key); refused != succeeded)
+        return refused;
+    if (request.dataSize != key.size || key.size > request.bytes.size())
+        return wrongSize;
+    const auto bytes = std::span(request.bytes).first(key.size);
+    if (const auto* fan = std::get_if<keySource::FanValue>(&key.source))
+        return writeFan(*fan, bytes);
+    if (!std::holds_alternative<keySource::Unlock>(key.source))
+        return notWritable;
+    if (bytes[0] != std::byte{0})
+        machine.unlock();
+    else
+        machine.lock();
+    return succeeded;
+}
+
+SimulatedMac::Result SimulatedMac::writeFan(const keySource::FanValue& source,
+                                            std::span<const std::byte> bytes) {
+    if (source.value == keySource::FanValue::mode) {
+        const auto mode = std::to_integer<std::uint8_t>(bytes[0]);
+        return machine.setFanMode(source.fan, mode) ? succeeded : notWritable;
+    }
+    if (source.value != keySource::FanValue::target)
+        return notWritable;
+    const float rpm = floatIn(bytes);
+    if (!std::isfinite(rpm))
+        return badValue;
+    machine.setFanTarget(source.fan, static_cast<double>(rpm));
+    return succeeded;
+}
+
+} // namespace tervale

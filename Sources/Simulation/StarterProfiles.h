@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Profiles/Profile.h"
+
+#include <vector>
+
+namespace tervale {
+
+/// The profiles that somebody without any is offered, at least one of each kind. Always the same,
+/// ids included.
+std::vector<Profile> starterProfiles();
+
+} // namespace tervale

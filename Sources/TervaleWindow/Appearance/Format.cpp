@@ -1,0 +1,18 @@
+#include "TervaleWindow/Appearance/Format.h"
+
+#include "SMC/Precondition.h"
+
+#include <cmath>
+
+namespace tervale {
+
+QString celsius(double value) {
+    return QStringLiteral("%1 °C").arg(roundedToInteger(value));
+}
+
+QString percent(double fraction) {
+    // Any number can arrive here from outside. Adding zero turns a negative zero into zero.
+    return QString::number(std::round(fraction * 100.0) + 0.0, 'f', 0) + QLatin1Char('%');
+}
+
+} // namespace tervale

@@ -1,0 +1,191 @@
+#include "TervaleWindow/Model/Model.h"
+
+#include "SMC/Precondition.h"
+#include "TervaleWindow/Appearance/Format.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <limits>
+
+namespace tervale {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+bool movedBy(double step, double value, double from) {
+    return std::abs(value - from) >= step;
+}
+
+/// Writes `value` only if it differs, and tells whether it did.
+template <class Value>
+bool replace(Value& field, const Value& value) {
+    if (field == value)
+        return false;
+    field = value;
+    return true;
+}
+
+} // namespace
+
+const TemperatureInputSet& Model::summaryInputs() {
+    static const TemperatureInputSet inputs = [] {
+        TemperatureInputSet set;
+        for (const SensorGroup group : SensorGroup::allCases) {
+            if (group != SensorGroup::other)
+                set.insert(TemperatureInput::hottestOf(group));
+            if (TemperatureInput::averaged(group))
+                set.insert(TemperatureInput::averageOf(group));
+        }
+        return set;
+    }();
+    return inputs;
+}
+
+Model::Model(IORegistry& registry, Bridge& bridge, const Clock& clock, const Visibility& visibility,
+             QObject* parent)
+    : QObject(parent),
+      clock(clock),
+      visibility(visibility) {
+    open(registry);
+    stateObserver = bridge.onState([this](const BridgeState& state) { apply(state); });
+    bridge.send(command::RequestState{});
+    refresh();
+    // A coarse timer may be late by a twentieth, which lets the system wake up for many at once.
+    timer.setTimerType(Qt::CoarseTimer);
+    connect(&timer, &QTimer::timeout, this, &Model::refresh);
+    timer.start(1s);
+}
+
+Model::~Model() = default;
+
+void Model::open(IORegistry& registry) {
+    try {
+        smc = std::make_unique<SMC>(registry);
+        sensorsFound = smc->temperatureSensors();
+    } catch (const SMCError&) {
+        return;
+    }
+    sampler.emplace(sensorsFound, [this](const TemperatureSensor& sensor) -> std::optional<double> {
+        try {
+            const double value = smc->read(sensor.key);
+            return std::isfinite(value) ? std::optional(value) : std::nullopt;
+        } catch (const SMCError&) {
+            return std::nullopt;
+        }
+    });
+}
+
+void Model::refresh() {
+    if (!visibility.visible())
+        return;
+    if (auto fans = readFans(); moved(fans, fansShown)) {
+        fansShown = std::move(fans);
+        emit fansChanged();
+    }
+    const TemperatureReadings summary =
+        sampler ? sampler->sample(summaryInputs(), clock.now()) : TemperatureReadings();
+    if (moved(summary, summaryShown)) {
+        summaryShown = summary;
+        emit summaryChanged();
+    }
+    if (sensorsVisible && smc && ticks % sensorsInterval == 0) {
+        if (auto readings = smc->temperatures(sensorsFound); moved(readings, readingsShown)) {
+            readingsShown = std::move(readings);
+            emit readingsChanged();
+        }
+    }
+    precondition(ticks < std::numeric_limits<std::int64_t>::max(), "the polls ran out of numbers");
+    ++ticks;
+}
+
+std::vector<Model::DisplayFan> Model::readFans() {
+    std::vector<DisplayFan> shown;
+    if (!smc)
+        return shown;
+    try {
+        for (const Fan& fan : smc->fans())
+            shown.push_back({fan.index, fan.actual, fan.target, fan.min, fan.max, fan.manual});
+    } catch (const SMCError&) {
+        shown.clear();
+    }
+    return shown;
+}
+
+void Model::readAllSensors() {
+    if (smc && replace(readingsShown, smc->temperatures(sensorsFound)))
+        emit readingsChanged();
+}
+
+void Model::apply(const BridgeState& state) {
+    // Observers look at several fields together, so all are written before the first is told.
+    const bool connects = replace(agentAnswered, true);
+    const bool selects = replace(agent.selection, state.selection);
+    const bool timerActs = replace(agent.timerAction, state.timerAction);
+    const bool timerMoves = replace(agent.timerEnds, state.timerEnds);
+    const bool tells = replace(agent.status, state.status);
+    const bool launches = replace(agent.launchAtLogin, state.launchAtLogin);
+    const bool profiles = replace(agent.profiles, state.profiles);
+    if (connects)
+        emit connectedChanged();
+    if (selects)
+        emit selectionChanged();
+    if (timerActs)
+        emit timerActionChanged();
+    if (timerMoves)
+        emit timerEndsChanged();
+    if (tells)
+        emit statusChanged();
+    if (launches)
+        emit launchAtLoginChanged();
+    if (profiles)
+        emit profilesChanged();
+}
+
+QString Model::nameOf(const Action& action) const {
+    return std::visit(overloaded{
+                          [](const action::Automatic&) { return QStringLiteral("Automatic"); },
+                          [](const action::Fixed& fixed) {
+                              return fixed.speed >= 1.0 ? QStringLiteral("Max")
+                                                        : percent(fixed.speed);
+                          },
+                          [this](const action::Profile& chosen) {
+                              const Profile* profile = findProfile(agent.profiles, chosen.id);
+                              return profile ? QString::fromStdString(profile->name)
+                                             : QStringLiteral("Missing profile");
+                          },
+                      },
+                      action);
+}
+
+bool moved(const std::vector<Model::DisplayFan>& fans, const std::vector<Model::DisplayFan>& from) {
+    return !std::equal(fans.begin(), fans.end(), from.begin(), from.end(),
+                       [](const Model::DisplayFan& fan, const Model::DisplayFan& old) {
+                           return !movedBy(Model::speedStep, fan.actual, old.actual) &&
+                                  !movedBy(Model::speedStep, fan.target, old.target) &&
+                                  fan.manual == old.manual;
+                       });
+}
+
+bool moved(const Model::Readings& readings, const Model::Readings& from) {
+    return readings.size() != from.size() ||
+           std::any_of(readings.begin(), readings.end(), [&from](const auto& reading) {
+               const auto old = from.find(reading.first);
+               return old == from.end() ||
+                      movedBy(Model::temperatureStep, reading.second, old->second);
+           });
+}
+
+bool moved(const TemperatureReadings& readings, const TemperatureReadings& from) {
+    for (std::size_t position = 0; position < temperatureInputCount; ++position) {
+        const auto value = readings.at(temperatureInputAt(position));
+        const auto old = from.at(temperatureInputAt(position));
+        if (value.has_value() != old.has_value() ||
+            (value && movedBy(Model::temperatureStep, *value, *old)))
+            return true;
+    }
+    return false;
+}
+
+} // namespace tervale

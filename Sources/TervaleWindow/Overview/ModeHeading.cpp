@@ -1,0 +1,33 @@
+#include "TervaleWindow/Overview/ModeHeading.h"
+
+#include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Overview/FanChoices.h"
+
+#include <QVBoxLayout>
+
+namespace tervale {
+
+ModeHeading::ModeHeading(Model& modelShown, QWidget* parent)
+    : QWidget(parent), model(modelShown), title(new FigureLabel(roundedFont(28, QFont::Bold))),
+      explanation(new TextLabel({}, TextStyle::callout(), TextColor::secondary)) {
+    title->setLineHeight(34);
+    explanation->setOverflow(Overflow::wrap);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(title);
+    column->addWidget(explanation);
+    for (const auto change : {&Model::selectionChanged, &Model::timerActionChanged,
+                              &Model::statusChanged, &Model::profilesChanged})
+        connect(&model, change, this, &ModeHeading::update);
+    update();
+}
+
+void ModeHeading::update() {
+    title->setText(model.nameOf(running(model)));
+    explanation->setText(subtitle(model));
+}
+
+} // namespace tervale

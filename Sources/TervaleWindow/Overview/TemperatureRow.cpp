@@ -1,0 +1,55 @@
+#include "TervaleWindow/Overview/TemperatureRow.h"
+
+#include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Gauges/ThermalBar.h"
+
+#include <QVBoxLayout>
+
+namespace tervale {
+
+namespace {
+constexpr int barHeight = 8;
+}
+
+TemperatureRow::TemperatureRow(SensorGroup group, QGridLayout& grid, int row)
+    : QObject(grid.parentWidget()), title(new TextLabel({})),
+      bar(new ThermalBar(barHeight)), figures(new QWidget),
+      figure(new FigureLabel(roundedFont(17, QFont::DemiBold))),
+      hottestFigure(new FigureLabel(systemFont(fontSize::caption), TextColor::secondary)) {
+    const auto name = group.title();
+    title->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    bar->setAccessibleName(title->text());
+    figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    hottestFigure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    figure->setLineHeight(20);
+    hottestFigure->setLineHeight(14);
+    auto* column = new QVBoxLayout(figures);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(figure);
+    column->addWidget(hottestFigure);
+    grid.addWidget(title, row, 0);
+    grid.addWidget(bar, row, 1);
+    grid.addWidget(figures, row, 2);
+}
+
+void TemperatureRow::show(std::optional<double> value, std::optional<double> hottest) {
+    shown = value.has_value();
+    title->setVisible(shown);
+    bar->setVisible(shown);
+    figures->setVisible(shown);
+    if (!value)
+        return;
+    bar->setValue(*value);
+    figure->setText(celsius(*value));
+    figure->setInk(Theme::thermal(*value));
+    hottestFigure->setVisible(hottest.has_value());
+    if (hottest)
+        hottestFigure->setText(QStringLiteral("hottest core ") + celsius(*hottest));
+}
+
+} // namespace tervale

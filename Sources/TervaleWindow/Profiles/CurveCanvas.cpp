@@ -1,0 +1,231 @@
+#include "TervaleWindow/Profiles/CurveCanvas.h"
+
+#include "TervaleWindow/Profiles/CurveAccessible.h"
+#include "TervaleWindow/Profiles/CurvePainting.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace tervale {
+
+namespace {
+
+constexpr double smallStep = 1;
+constexpr double largeStep = 10;
+constexpr int smallestWidth = 200;
+
+PlotPoint toPlotPoint(QPointF point) {
+    return {point.x(), point.y()};
+}
+
+struct Step {
+    double units = 0;
+    double percent = 0;
+};
+
+std::optional<Step> stepOf(int key, double size) {
+    switch (key) {
+    case Qt::Key_Left:
+        return Step{-size, 0};
+    case Qt::Key_Right:
+        return Step{size, 0};
+    case Qt::Key_Up:
+        return Step{0, size};
+    case Qt::Key_Down:
+        return Step{0, -size};
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+CurveCanvas::CurveCanvas(ClosedRange range, const QString& unit, PlotInsets insets, QWidget* parent)
+    : QWidget(parent),
+      unit(unit.toStdString()),
+      insets(insets) {
+    installCurveAccessibility();
+    editing.range = range;
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Fan speed curve"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // A place on the plot means the same in every direction of writing.
+    setLayoutDirection(Qt::LeftToRight);
+}
+
+void CurveCanvas::setCurve(const Curve& curve) {
+    if (curve == editing.curve)
+        return;
+    editing.replace(curve);
+    endGesture();
+    tellPosition();
+    update();
+}
+
+void CurveCanvas::setMarker(std::optional<double> value) {
+    if (value == marker)
+        return;
+    marker = value;
+    update();
+}
+
+QString CurveCanvas::chosenPosition() const {
+    return editing.chosen
+               ? QString::fromStdString(positionText(editing.curve.points[*editing.chosen], unit))
+               : QString();
+}
+
+PlotRect CurveCanvas::plot() const {
+    return inset({0, 0, static_cast<double>(width()), static_cast<double>(height())}, insets);
+}
+
+QSize CurveCanvas::sizeHint() const {
+    return {2 * smallestWidth, canvasHeight};
+}
+
+QSize CurveCanvas::minimumSizeHint() const {
+    return {smallestWidth, canvasHeight};
+}
+
+void CurveCanvas::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintCurve(painter, drawingOf(editing, unit, marker, plot()), rect(), palette(),
+               hasFocus() ? KeyFocus::present : KeyFocus::absent);
+}
+
+void CurveCanvas::mousePressEvent(QMouseEvent* event) {
+    beginGesture(*event, Press::single);
+}
+
+void CurveCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
+    // The second press of two; it drags as the first one did, and removes once it is let go.
+    beginGesture(*event, Press::second);
+}
+
+void CurveCanvas::beginGesture(QMouseEvent& event, Press press) {
+    if (event.button() != Qt::LeftButton) {
+        event.ignore();
+        return;
+    }
+    gesture = Gesture{event.position(), press};
+    dragTo(event.position());
+}
+
+void CurveCanvas::mouseMoveEvent(QMouseEvent* event) {
+    if (gesture && event->buttons().testFlag(Qt::LeftButton))
+        dragTo(event->position());
+}
+
+void CurveCanvas::mouseReleaseEvent(QMouseEvent* event) {
+    if (!gesture || event->button() != Qt::LeftButton)
+        return;
+    dragTo(event->position());
+    // The curve may have been replaced by whoever heard of the last change.
+    if (!gesture)
+        return;
+    const QPointF way = event->position() - gesture->start;
+    const bool tapped = gesture->press == Press::second &&
+                        way.manhattanLength() < QApplication::startDragDistance();
+    endGesture();
+    if (tapped) {
+        edit([this, event](CurveEditing& state) {
+            state.removePoint(toPlotPoint(event->position()), plot());
+        });
+    }
+}
+
+void CurveCanvas::dragTo(QPointF location) {
+    edit([this, location](CurveEditing& state) {
+        state.drag(toPlotPoint(gesture->start), toPlotPoint(location), plot());
+    });
+    if (editing.dragging)
+        showPosition();
+}
+
+void CurveCanvas::endGesture() {
+    if (!gesture)
+        return;
+    gesture.reset();
+    editing.endDrag();
+    QToolTip::hideText();
+    update();
+}
+
+void CurveCanvas::keyPressEvent(QKeyEvent* event) {
+    if (gesture || !editByKey(*event))
+        QWidget::keyPressEvent(event);
+}
+
+bool CurveCanvas::editByKey(const QKeyEvent& event) {
+    const double size = event.modifiers().testFlag(Qt::ShiftModifier) ? largeStep : smallStep;
+    const auto step = stepOf(event.key(), size);
+    if (step && event.modifiers().testFlag(Qt::AltModifier)) {
+        edit([&step](CurveEditing& state) { state.moveChosen(step->units, step->percent); });
+        showPosition();
+        return true;
+    }
+    switch (event.key()) {
+    case Qt::Key_Left:
+        edit([](CurveEditing& state) { state.choose(CurveEditing::Direction::left); });
+        return true;
+    case Qt::Key_Right:
+        edit([](CurveEditing& state) { state.choose(CurveEditing::Direction::right); });
+        return true;
+    case Qt::Key_Insert:
+    case Qt::Key_Plus:
+        edit([](CurveEditing& state) { state.insertAfterChosen(); });
+        return true;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        edit([](CurveEditing& state) { state.removeChosen(); });
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CurveCanvas::focusInEvent(QFocusEvent* event) {
+    const bool byPointer = event->reason() == Qt::MouseFocusReason;
+    if (!editing.chosen && !byPointer)
+        edit([](CurveEditing& state) { state.choose(CurveEditing::Direction::right); });
+    QWidget::focusInEvent(event);
+}
+
+void CurveCanvas::focusOutEvent(QFocusEvent* event) {
+    QToolTip::hideText();
+    QWidget::focusOutEvent(event);
+}
+
+void CurveCanvas::hideEvent(QHideEvent* event) {
+    endGesture();
+    QWidget::hideEvent(event);
+}
+
+void CurveCanvas::edit(const std::function<void(CurveEditing&)>& change) {
+    const CurveEditing before = editing;
+    change(editing);
+    const bool moved = editing.curve != before.curve;
+    if (moved || editing.chosen != before.chosen || editing.dragging != before.dragging) {
+        update();
+        tellPosition();
+    }
+    if (moved)
+        emit curveChanged(editing.curve);
+}
+
+void CurveCanvas::tellPosition() {
+    tellCurvePosition(*this);
+}
+
+void CurveCanvas::showPosition() {
+    if (!editing.chosen)
+        return;
+    const PlotPoint point =
+        CurvePlot{plot(), editing.range}.position(editing.curve.points[*editing.chosen]);
+    QToolTip::showText(mapToGlobal(QPointF(point.x, point.y).toPoint()), chosenPosition(), this);
+}
+
+} // namespace tervale

@@ -1,0 +1,53 @@
+#include "TervaleWindow/Profiles/CurveEditor.h"
+
+#include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Profiles/CurveCanvas.h"
+#include "TervaleWindow/Profiles/CurveDrawing.h"
+
+#include <QVBoxLayout>
+
+namespace tervale {
+
+namespace {
+
+TextLabel* caption(const QString& text, QWidget* parent) {
+    return new TextLabel(text, TextStyle::caption(), TextColor::secondary, parent);
+}
+
+} // namespace
+
+CurveEditor::CurveEditor(ClosedRange range, const QString& unit, PlotInsets inset, QWidget* parent)
+    : QWidget(parent),
+      canvas(new CurveCanvas(range, unit, inset, this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto* help = caption(tr("Drag a point to move it. Click empty space to add one, double-click a "
+                            "point to remove it."),
+                         this);
+    help->setOverflow(Overflow::wrap);
+    layout->addWidget(caption(tr("Fan speed"), this));
+    layout->addSpacing(5);
+    layout->addWidget(canvas);
+    layout->addSpacing(4);
+    layout->addWidget(
+        caption(isLoadUnit(unit.toStdString()) ? tr("Load") : tr("Temperature"), this), 0,
+        Qt::AlignRight);
+    layout->addSpacing(6);
+    layout->addWidget(help);
+    connect(canvas, &CurveCanvas::curveChanged, this, &CurveEditor::curveChanged);
+}
+
+const Curve& CurveEditor::curve() const {
+    return canvas->state().curve;
+}
+
+void CurveEditor::setCurve(const Curve& curve) {
+    canvas->setCurve(curve);
+}
+
+void CurveEditor::setMarker(std::optional<double> value) {
+    canvas->setMarker(value);
+}
+
+} // namespace tervale

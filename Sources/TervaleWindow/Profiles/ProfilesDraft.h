@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Profiles/Profile.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tervale {
+
+/// The working copy of the agent's profiles, and which of them is being edited; knows no toolkit.
+///
+/// At first it is not loaded. Once it has been loaded it is clean while it equals the agent's list,
+/// and then follows that; edited, it keeps what the user did until the agent's list equals it, or
+/// until it is reverted.
+struct ProfilesDraft {
+    std::vector<Profile> profiles;
+    /// May name a profile that is no longer there.
+    std::optional<UUID> selection;
+    bool loaded = false;
+    /// The agent's list as it was last heard.
+    std::vector<Profile> saved;
+
+    /// Whether any profile has problems.
+    bool invalid() const;
+    bool canRevert() const { return profiles != saved; }
+    bool canSave() const { return profiles != saved && !invalid(); }
+    /// The first profile with the selected id, or null.
+    const Profile* selected() const;
+
+    /// Appends a profile and selects it. One that has the name already makes it "Name 2", "Name 3"
+    /// and so on.
+    void add(const std::string& name, const ProfileKind& kind);
+    /// Appends a copy of the selected profile and selects it.
+    void duplicate();
+    /// Removes the selected profile and selects the next, or else the last.
+    void remove();
+    /// Puts an edited profile in the place of the first one with its id.
+    void replace(const Profile& edited);
+    void revert() { profiles = saved; }
+
+    /// To be called when the draft is first shown and whenever the agent's state changed; `list` is
+    /// the agent's. Unsaved edits stay as they are.
+    void follow(bool connected, const std::vector<Profile>& list);
+
+    bool operator==(const ProfilesDraft&) const = default;
+
+  private:
+    void syncFromModel(bool connected);
+    std::string freeName(const std::string& name) const;
+};
+
+} // namespace tervale

@@ -1,0 +1,47 @@
+#include "TervaleWindow/Shell/CommandLine.h"
+
+#include <QCommandLineParser>
+
+namespace tervale {
+
+CommandLine::Request CommandLine::parse(const QStringList& arguments) {
+    const QCommandLineOption help(QStringLiteral("help"));
+    const QCommandLineOption version(QStringLiteral("version"));
+    const QCommandLineOption simulate(QStringLiteral("simulate"));
+    const QCommandLineOption pane(QStringLiteral("pane"), {}, QStringLiteral("NAME"));
+    QCommandLineParser parser;
+    parser.addOptions({help, version, simulate, pane});
+    if (!parser.parse(arguments))
+        return Refuse{parser.errorText()};
+    if (!parser.positionalArguments().isEmpty())
+        return Refuse{QStringLiteral("Unexpected argument '%1'.")
+                          .arg(parser.positionalArguments().constFirst())};
+    if (parser.isSet(help))
+        return ShowHelp{};
+    if (parser.isSet(version))
+        return ShowVersion{};
+    OpenWindow request{parser.isSet(simulate)};
+    if (parser.isSet(pane)) {
+        const auto chosen = paneTitled(parser.value(pane));
+        if (!chosen)
+            return Refuse{QStringLiteral("There is no pane '%1'.").arg(parser.value(pane))};
+        request.pane = *chosen;
+    }
+    return request;
+}
+
+QString CommandLine::help() {
+    QStringList titles;
+    for (const Pane pane : allPanes)
+        titles << title(pane);
+    return QStringLiteral("Usage: tervale-window [OPTION]...\n"
+                          "Shows the fans and temperatures of this machine and what drives its fans.\n"
+                          "\n"
+                          "  --simulate   run on a simulated Mac with an agent of its own\n"
+                          "  --pane NAME  open with this pane: %1\n"
+                          "  --help       show this help\n"
+                          "  --version    show the version\n")
+        .arg(titles.join(QStringLiteral(", ")));
+}
+
+} // namespace tervale

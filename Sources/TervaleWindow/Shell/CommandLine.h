@@ -1,0 +1,37 @@
+#pragma once
+
+#include "TervaleWindow/Shell/Pane.h"
+
+#include <QStringList>
+
+#include <variant>
+
+namespace tervale {
+
+/// What the program's arguments ask for.
+struct CommandLine {
+    struct OpenWindow {
+        /// On a simulated Mac with its own agent, all within this process.
+        bool simulate = false;
+        Pane pane = Pane::overview;
+        bool operator==(const OpenWindow&) const = default;
+    };
+    struct ShowHelp {
+        bool operator==(const ShowHelp&) const = default;
+    };
+    struct ShowVersion {
+        bool operator==(const ShowVersion&) const = default;
+    };
+    /// What is wrong with the arguments, in one line.
+    struct Refuse {
+        QString line;
+        bool operator==(const Refuse&) const = default;
+    };
+    using Request = std::variant<OpenWindow, ShowHelp, ShowVersion, Refuse>;
+
+    /// `arguments` begin with the program's name.
+    static Request parse(const QStringList& arguments);
+    static QString help();
+};
+
+} // namespace tervale

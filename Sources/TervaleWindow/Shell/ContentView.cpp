@@ -1,0 +1,44 @@
+#include "TervaleWindow/Shell/ContentView.h"
+
+#include "TervaleWindow/Controls/PaneFrame.h"
+#include "TervaleWindow/Overview/OverviewView.h"
+#include "TervaleWindow/Shell/Sidebar.h"
+
+#include <QHBoxLayout>
+
+namespace tervale {
+
+ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
+    : QWidget(parent), model(modelShown), bridge(bridgeUsed), sidebar(new Sidebar(model)),
+      columns(new QHBoxLayout(this)) {
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(0);
+    columns->addWidget(sidebar);
+    setAutoFillBackground(true);
+    connect(sidebar, &Sidebar::sectionChosen, this, &ContentView::setSection);
+    setSection(shown);
+}
+
+void ContentView::setSection(std::optional<Pane> section) {
+    sidebar->setSection(section);
+    if (pane && section == shown)
+        return;
+    shown = section;
+    delete pane;
+    pane = makePane(section.value_or(Pane::overview));
+    columns->addWidget(pane, 1);
+}
+
+QWidget* ContentView::makePane(Pane kind) {
+    switch (kind) {
+    case Pane::overview:
+        return new OverviewView(model, bridge);
+    case Pane::sensors:
+    case Pane::profiles:
+    case Pane::settings:
+        break;
+    }
+    return new PaneFrame(title(kind));
+}
+
+} // namespace tervale

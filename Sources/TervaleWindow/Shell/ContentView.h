@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Profiles/Bridge.h"
+#include "TervaleWindow/Model/Model.h"
+#include "TervaleWindow/Shell/Pane.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <optional>
+
+class QHBoxLayout;
+
+namespace tervale {
+
+class Sidebar;
+
+/// The window's content: the sidebar, and beside it the pane that is chosen there. A pane is made anew
+/// each time it is shown, so that it starts with a fresh state.
+class ContentView final : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `model` and `bridge` outlive the view.
+    ContentView(Model& model, Bridge& bridge, QWidget* parent = nullptr);
+
+    std::optional<Pane> section() const { return shown; }
+    /// Without a section the Overview is shown.
+    void setSection(std::optional<Pane> section);
+    /// The pane on screen.
+    QWidget* detail() const { return pane; }
+
+  private:
+    QWidget* makePane(Pane kind);
+
+    Model& model;
+    Bridge& bridge;
+    std::optional<Pane> shown = Pane::overview;
+    Sidebar* sidebar;
+    QHBoxLayout* columns;
+    QWidget* pane = nullptr;
+};
+
+} // namespace tervale

@@ -1,0 +1,70 @@
+#include "TervaleWindow/Shell/SidebarSummary.h"
+
+#include "SMC/Precondition.h"
+#include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/SymbolView.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace tervale {
+
+namespace {
+constexpr qreal cornerRadius = 9;
+}
+
+SidebarSummary::SidebarSummary(Model& modelShown, QWidget* parent)
+    : QWidget(parent), model(modelShown) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(10, 10, 10, 10);
+    column->setSpacing(6);
+    fan = addRow(Symbol::fan);
+    processor = addRow(Symbol::cpu);
+    connect(&model, &Model::fansChanged, this, &SidebarSummary::updateFan);
+    connect(&model, &Model::summaryChanged, this, &SidebarSummary::updateProcessor);
+    updateFan();
+    updateProcessor();
+}
+
+SidebarSummary::Row SidebarSummary::addRow(Symbol symbol) {
+    const Row row{new QWidget, new SymbolView(symbol, 16),
+                  new FigureLabel(roundedFont(fontSize::body, QFont::Medium))};
+    auto* parts = new QHBoxLayout(row.widget);
+    parts->setContentsMargins(0, 0, 0, 0);
+    parts->setSpacing(8);
+    parts->addWidget(row.symbol);
+    parts->addWidget(row.figure, 1);
+    layout()->addWidget(row.widget);
+    return row;
+}
+
+void SidebarSummary::updateFan() {
+    fan.widget->setVisible(!model.fans().empty());
+    if (!model.fans().empty())
+        fan.figure->setText(
+            QStringLiteral("%1 rpm").arg(truncatedToInteger(model.fans().front().actual)));
+}
+
+void SidebarSummary::updateProcessor() {
+    const auto temperature = model.summary().at(TemperatureInput::averageOf(SensorGroup::cpu));
+    processor.widget->setVisible(temperature.has_value());
+    if (!temperature)
+        return;
+    processor.figure->setText(celsius(*temperature));
+    processor.figure->setInk(Theme::thermal(*temperature));
+    processor.symbol->setInk(Theme::thermal(*temperature));
+}
+
+void SidebarSummary::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Colors::of(palette()).quaternary);
+    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+}
+
+} // namespace tervale

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "TervaleWindow/Appearance/Symbol.h"
+#include "TervaleWindow/Model/Model.h"
+
+#include <QWidget>
+
+namespace tervale {
+
+class FigureLabel;
+class SymbolView;
+
+/// The first fan's speed and the CPU's average temperature; a row is there only while its figure is.
+class SidebarSummary final : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `model` outlives the summary.
+    explicit SidebarSummary(Model& model, QWidget* parent = nullptr);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    struct Row {
+        QWidget* widget;
+        SymbolView* symbol;
+        FigureLabel* figure;
+    };
+
+    Row addRow(Symbol symbol);
+    void updateFan();
+    void updateProcessor();
+
+    Model& model;
+    Row fan;
+    Row processor;
+};
+
+} // namespace tervale

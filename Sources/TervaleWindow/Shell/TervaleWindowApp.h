@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Profiles/Bridge.h"
+#include "Profiles/Clock.h"
+#include "TervaleWindow/Model/Model.h"
+#include "TervaleWindow/Shell/Backend.h"
+#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Shell/WindowDelegate.h"
+#include "TervaleWindow/Shell/WindowVisibility.h"
+
+#include <memory>
+
+namespace tervale {
+
+/// The application: the machine it shows, the one model, and the one window. Needs an application
+/// object of the toolkit before it.
+class TervaleWindowApp {
+  public:
+    /// The window's first size, in logical pixels.
+    static constexpr int defaultWidth = 980;
+    static constexpr int defaultHeight = 680;
+
+    explicit TervaleWindowApp(std::unique_ptr<Backend> backend);
+
+    /// Opens the window with this pane.
+    void launch(Pane pane);
+
+    ContentView& window() { return *content; }
+
+  private:
+    // In the order of who uses whom.
+    std::unique_ptr<Backend> backend;
+    Bridge bridge;
+    SystemClock clock;
+    WindowVisibility visibility;
+    WindowDelegate delegate;
+    std::unique_ptr<Model> model;
+    std::unique_ptr<ContentView> content;
+};
+
+} // namespace tervale

@@ -1,0 +1,14 @@
+#include "TervaleWindow/Shell/WindowVisibility.h"
+
+#include <QWindow>
+
+namespace tervale {
+
+bool WindowVisibility::visible() const {
+    if (!followed)
+        return true;
+    const QWindow* handle = followed->windowHandle();
+    return handle && handle->isExposed() && !followed->isMinimized();
+}
+
+} // namespace tervale

@@ -1,0 +1,127 @@
+#include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Appearance/Theme.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+using namespace tervale;
+
+namespace {
+
+QColor over(const QColor& ground, const QColor& color) {
+    const auto mix = [&](float below, float above) {
+        return below + color.alphaF() * (above - below);
+    };
+    return QColor::fromRgbF(mix(ground.redF(), color.redF()), mix(ground.greenF(), color.greenF()),
+                            mix(ground.blueF(), color.blueF()));
+}
+
+double luminance(const QColor& color) {
+    const auto linear = [](float component) {
+        const double value = static_cast<double>(component);
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& ground, const QColor& color) {
+    const double first = luminance(ground);
+    const double second = luminance(over(ground, color));
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+void expectNear(const QColor& color, QRgb expected) {
+    EXPECT_LE(std::abs(color.red() - qRed(expected)), 1) << color.name().toStdString();
+    EXPECT_LE(std::abs(color.green() - qGreen(expected)), 1) << color.name().toStdString();
+    EXPECT_LE(std::abs(color.blue() - qBlue(expected)), 1) << color.name().toStdString();
+}
+
+QPalette plainPalette(const QColor& ground, const QColor& text) {
+    QPalette palette(text, ground, ground, ground, ground, text, ground);
+    palette.setColor(QPalette::Window, ground);
+    return palette;
+}
+
+} // namespace
+
+TEST(Colors, OfTheLightPalette) {
+    const Colors colors = Colors::of(lightPalette());
+    EXPECT_FALSE(colors.dark);
+    expectNear(colors.window, 0xf4f4f6);
+    expectNear(colors.sidebar, 0xe9e9ec);
+    expectNear(colors.card, 0xffffff);
+    expectNear(colors.label, 0x1d1d1f);
+    expectNear(colors.control, 0xffffff);
+    expectNear(over(colors.card, colors.secondary), 0x7a7a7a);
+    expectNear(over(colors.card, colors.quaternary), 0xe8e8e8);
+    expectNear(over(colors.card, colors.line), 0xebebeb);
+    expectNear(over(colors.card, colors.controlLine), 0xdbdbdb);
+    expectNear(over(colors.card, colors.plot), 0xf9f9f9);
+    expectNear(colors.warning, 0xd9730d);
+    expectNear(colors.accentLabel, Theme::accent().rgb());
+}
+
+TEST(Colors, OfTheDarkPalette) {
+    const Colors colors = Colors::of(darkPalette());
+    EXPECT_TRUE(colors.dark);
+    expectNear(colors.window, 0x1e1e20);
+    expectNear(colors.sidebar, 0x28282b);
+    expectNear(colors.card, 0x2a2a2d);
+    expectNear(colors.label, 0xf5f5f7);
+    expectNear(colors.control, 0x3a3a3e);
+    expectNear(over(colors.card, colors.secondary), 0xa1a1a3);
+    expectNear(over(colors.card, colors.quaternary), 0x444446);
+    expectNear(over(colors.card, colors.line), 0x3b3b3e);
+    expectNear(over(colors.card, colors.plot), 0x303033);
+    expectNear(colors.warning, 0xff9f43);
+    expectNear(colors.accentLabel, 0x5b9bff);
+}
+
+class HighContrast : public testing::TestWithParam<QPalette> {};
+
+TEST_P(HighContrast, KeepsEverythingReadable) {
+    const Colors colors = Colors::of(GetParam());
+    for (const QColor& ground : {colors.window, colors.card, colors.sidebar}) {
+        EXPECT_GE(contrast(ground, colors.label), 15);
+        EXPECT_GE(contrast(ground, colors.secondary), 7);
+        EXPECT_GE(contrast(ground, colors.warning), 4.5);
+        EXPECT_GE(contrast(ground, colors.accentLabel), 4.5);
+    }
+    EXPECT_GE(contrast(colors.card, colors.line), 3);
+    EXPECT_GE(contrast(colors.card, colors.controlLine), 3);
+    EXPECT_GE(contrast(over(colors.card, colors.quaternary), colors.secondary), 4.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Colors, HighContrast,
+                         testing::Values(plainPalette(Qt::white, Qt::black),
+                                         plainPalette(Qt::black, Qt::white)));
+
+TEST(Palettes, KeepTextReadableOnEveryGround) {
+    for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+        EXPECT_GE(contrast(palette.color(QPalette::Window), palette.color(QPalette::WindowText)),
+                  7);
+        EXPECT_GE(contrast(palette.color(QPalette::Base), palette.color(QPalette::Text)), 7);
+        EXPECT_GE(contrast(palette.color(QPalette::Button), palette.color(QPalette::ButtonText)),
+                  7);
+        EXPECT_GE(
+            contrast(palette.color(QPalette::ToolTipBase), palette.color(QPalette::ToolTipText)),
+            7);
+        EXPECT_GE(
+            contrast(palette.color(QPalette::Highlight), palette.color(QPalette::HighlightedText)),
+            4.5);
+    }
+}
+
+TEST(Palettes, DimWhatIsDisabled) {
+    for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+        const QColor ground = palette.color(QPalette::Window);
+        for (const QPalette::ColorRole role :
+             {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+            EXPECT_LT(contrast(ground, palette.color(QPalette::Disabled, role)),
+                      contrast(ground, palette.color(QPalette::Active, role)));
+    }
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QImage>
+#include <QRegion>
+#include <QWidget>
+
+#include <functional>
+
+namespace tervale {
+
+/// Shows the widget on the offscreen platform and waits until it has been painted.
+void showAndSettle(QWidget& widget);
+
+/// Puts a gauge's running animation to a time, in milliseconds; the clock itself is held still.
+void setAnimationTime(QWidget& gauge, int milliseconds);
+
+/// The regions that a widget and its children are asked to paint while `action` runs and is
+/// settled.
+QRegion paintedDuring(QWidget& widget, const std::function<void()>& action);
+
+QImage imageOf(QWidget& widget);
+
+/// Whether two colours are equal but for the rounding of blends.
+bool near(const QColor& first, const QColor& second, int tolerance = 3);
+
+QColor blended(const QColor& ground, const QColor& translucent);
+
+} // namespace tervale

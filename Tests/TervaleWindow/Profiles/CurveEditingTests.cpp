@@ -1,0 +1,316 @@
+#include "TervaleWindow/Profiles/CurveEditing.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace tervale {
+namespace {
+
+constexpr PlotRect plotRect{40, 12, 810, 200};
+constexpr ClosedRange temperatures{20, 110};
+
+std::vector<double> xs(const CurveEditing& editing) {
+    std::vector<double> result;
+    for (const CurvePoint& point : editing.curve.points)
+        result.push_back(point.x);
+    return result;
+}
+
+PlotPoint at(double x, double speed) {
+    return CurvePlot{plotRect, temperatures}.position({x, speed});
+}
+
+CurveEditing editingOf(std::vector<CurvePoint> points) {
+    CurveEditing editing;
+    editing.curve.points = std::move(points);
+    editing.range = temperatures;
+    return editing;
+}
+
+CurveEditing usual() {
+    return editingOf({{40, 0.1}, {60, 0.35}, {80, 0.75}, {95, 1.0}});
+}
+
+CurveEditing withPoints(int count) {
+    std::vector<CurvePoint> points;
+    for (int index = 0; index < count; ++index)
+        points.push_back({25.0 + 10 * index, 0.5});
+    return editingOf(std::move(points));
+}
+
+TEST(CurveDrag, MovesThePointThatWasPressed) {
+    CurveEditing editing = usual();
+    editing.drag(at(60, 0.35), at(65, 0.5), plotRect);
+    EXPECT_EQ(editing.dragging, 1U);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{65, 0.5}));
+    editing.endDrag();
+    EXPECT_EQ(editing.dragging, std::nullopt);
+}
+
+TEST(CurveDrag, KeepsItsPointThroughTheWholeGesture) {
+    CurveEditing editing = usual();
+    const PlotPoint start = at(60, 0.35);
+    editing.drag(start, start, plotRect);
+    editing.drag(start, at(79, 0.75), plotRect);
+    editing.drag(start, at(50, 0.2), plotRect);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{50, 0.2}));
+    EXPECT_EQ(editing.curve.points[2], (CurvePoint{80, 0.75}));
+}
+
+TEST(CurveDrag, PutsAPointThatIsPressedBesideItsMiddleUnderThePointer) {
+    CurveEditing editing = usual();
+    const PlotPoint beside = at(61, 0.37);
+    editing.drag(beside, beside, plotRect);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{61, 0.37}));
+}
+
+TEST(CurveDrag, StopsOneUnitBesideTheNeighbours) {
+    CurveEditing editing = usual();
+    editing.drag(at(60, 0.35), at(110, 0.35), plotRect);
+    EXPECT_EQ(editing.curve.points[1].x, 79);
+    editing.drag(at(60, 0.35), at(20, 0.35), plotRect);
+    EXPECT_EQ(editing.curve.points[1].x, 41);
+}
+
+TEST(CurveDrag, StopsTheOuterPointsAtTheEndsOfTheRange) {
+    CurveEditing editing = usual();
+    editing.drag(at(40, 0.1), {-500, 0}, plotRect);
+    EXPECT_EQ(editing.curve.points[0], (CurvePoint{20, 1.0}));
+    editing.endDrag();
+    editing.drag(at(95, 1.0), {5000, 5000}, plotRect);
+    EXPECT_EQ(editing.curve.points[3], (CurvePoint{110, 0.0}));
+}
+
+TEST(CurveDrag, LeavesTheOrderOfSpeedsToTheUser) {
+    CurveEditing editing = usual();
+    editing.drag(at(80, 0.75), at(80, 0.0), plotRect);
+    EXPECT_EQ(editing.curve.points[2], (CurvePoint{80, 0.0}));
+}
+
+TEST(CurveDrag, StaysLeftOfTheNextPointWhereThereIsNoRoom) {
+    CurveEditing editing = editingOf({{40, 0.0}, {40.5, 0.5}, {41, 1.0}});
+    editing.drag(at(40.5, 0.5), at(60, 0.5), plotRect);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{40, 0.5}));
+}
+
+TEST(CurveAdd, PutsAPointWhereEmptySpaceIsPressed) {
+    CurveEditing editing = usual();
+    const PlotPoint place = at(70, 0.2);
+    editing.drag(place, place, plotRect);
+    EXPECT_EQ(xs(editing), (std::vector<double>{40, 60, 70, 80, 95}));
+    EXPECT_EQ(editing.curve.points[2], (CurvePoint{70, 0.2}));
+    EXPECT_EQ(editing.dragging, 2U);
+}
+
+TEST(CurveAdd, MovesTheNewPointWithTheSameGesture) {
+    CurveEditing editing = usual();
+    const PlotPoint place = at(70, 0.2);
+    editing.drag(place, place, plotRect);
+    editing.drag(place, at(75, 0.6), plotRect);
+    EXPECT_EQ(editing.curve.points[2], (CurvePoint{75, 0.6}));
+    EXPECT_EQ(editing.curve.points.size(), 5U);
+}
+
+TEST(CurveAdd, AddsNothingWhereAPointHasThatX) {
+    CurveEditing editing = usual();
+    const CurveEditing before = editing;
+    editing.drag(at(60.3, 0.9), at(70, 0.9), plotRect);
+    EXPECT_EQ(editing.curve, before.curve);
+    EXPECT_EQ(editing.dragging, std::nullopt);
+}
+
+TEST(CurveAdd, AddsNothingToEightPoints) {
+    CurveEditing editing = withPoints(8);
+    editing.drag(at(30, 0.9), at(30, 0.9), plotRect);
+    EXPECT_EQ(editing, withPoints(8));
+}
+
+TEST(CurveAdd, StillMovesOneOfEightPoints) {
+    CurveEditing editing = withPoints(8);
+    editing.drag(at(25, 0.5), at(27, 0.4), plotRect);
+    EXPECT_EQ(editing.curve.points[0], (CurvePoint{27, 0.4}));
+}
+
+TEST(CurveAdd, AddsAnEighthPoint) {
+    CurveEditing editing = withPoints(7);
+    editing.drag(at(30, 0.9), at(30, 0.9), plotRect);
+    EXPECT_EQ(editing.curve.points.size(), 8U);
+}
+
+TEST(CurveAdd, StartsAnEmptyCurve) {
+    CurveEditing editing = editingOf({});
+    editing.drag(at(50, 0.5), at(50, 0.5), plotRect);
+    EXPECT_EQ(editing.curve.points, (std::vector<CurvePoint>{{50, 0.5}}));
+}
+
+TEST(CurveAdd, BringsAnUnsortedCurveIntoOrder) {
+    CurveEditing editing = editingOf({{80, 0.8}, {40, 0.1}});
+    editing.drag(at(60, 0.2), at(60, 0.2), plotRect);
+    EXPECT_EQ(xs(editing), (std::vector<double>{40, 60, 80}));
+    EXPECT_EQ(editing.dragging, 1U);
+}
+
+TEST(CurveRemove, TakesThePointUnderThePointer) {
+    CurveEditing editing = usual();
+    editing.removePoint(at(60, 0.35), plotRect);
+    EXPECT_EQ(xs(editing), (std::vector<double>{40, 80, 95}));
+}
+
+TEST(CurveRemove, TakesNothingFromEmptySpace) {
+    CurveEditing editing = usual();
+    editing.removePoint(at(60, 0.9), plotRect);
+    EXPECT_EQ(editing, usual());
+}
+
+TEST(CurveRemove, LeavesTwoPoints) {
+    CurveEditing editing = withPoints(3);
+    editing.removePoint(at(25, 0.5), plotRect);
+    EXPECT_EQ(xs(editing), (std::vector<double>{35, 45}));
+    editing.removePoint(at(35, 0.5), plotRect);
+    EXPECT_EQ(xs(editing), (std::vector<double>{35, 45}));
+}
+
+TEST(CurveSetX, BringsThePointsBackIntoOrder) {
+    CurveEditing editing = usual();
+    editing.chosen = 0;
+    editing.setX(0, 85);
+    EXPECT_EQ(xs(editing), (std::vector<double>{60, 80, 85, 95}));
+    EXPECT_EQ(editing.chosen, 2U);
+}
+
+TEST(CurveSetX, LeavesPointsOfTheSameXInTheirOrder) {
+    CurveEditing editing = usual();
+    editing.setX(0, 80);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{80, 0.1}));
+    EXPECT_EQ(editing.curve.points[2], (CurvePoint{80, 0.75}));
+}
+
+TEST(CurveReplace, EndsTheGestureOnlyForAnotherCurve) {
+    CurveEditing editing = usual();
+    editing.drag(at(60, 0.35), at(65, 0.5), plotRect);
+    editing.replace(Curve(editing.curve));
+    EXPECT_EQ(editing.dragging, 1U);
+    editing.replace({{{10, 0.0}}});
+    EXPECT_EQ(editing.dragging, std::nullopt);
+    EXPECT_EQ(editing.chosen, std::nullopt);
+}
+
+TEST(CurveKeys, ChooseAPointFromEitherEnd) {
+    CurveEditing editing = usual();
+    editing.choose(CurveEditing::Direction::right);
+    EXPECT_EQ(editing.chosen, 0U);
+    editing = usual();
+    editing.choose(CurveEditing::Direction::left);
+    EXPECT_EQ(editing.chosen, 3U);
+}
+
+TEST(CurveKeys, StopAtTheOuterPoints) {
+    CurveEditing editing = usual();
+    editing.chosen = 3;
+    editing.choose(CurveEditing::Direction::right);
+    EXPECT_EQ(editing.chosen, 3U);
+    editing.choose(CurveEditing::Direction::left);
+    EXPECT_EQ(editing.chosen, 2U);
+    editing.chosen = 0;
+    editing.choose(CurveEditing::Direction::left);
+    EXPECT_EQ(editing.chosen, 0U);
+}
+
+TEST(CurveKeys, ChooseNothingOnAnEmptyCurve) {
+    CurveEditing editing = editingOf({});
+    editing.choose(CurveEditing::Direction::right);
+    editing.moveChosen(1, 1);
+    editing.removeChosen();
+    EXPECT_EQ(editing, editingOf({}));
+}
+
+TEST(CurveKeys, MoveTheChosenPointByUnitsAndPercents) {
+    CurveEditing editing = usual();
+    editing.chosen = 1;
+    editing.moveChosen(1, 0);
+    editing.moveChosen(0, -10);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{61, 0.25}));
+}
+
+TEST(CurveKeys, KeepWholePercentsOverManySteps) {
+    CurveEditing editing = usual();
+    editing.chosen = 0;
+    for (int step = 0; step < 47; ++step)
+        editing.moveChosen(0, 1);
+    EXPECT_EQ(editing.curve.points[0].speed, 0.57);
+}
+
+TEST(CurveKeys, MoveWithinTheRulesOfDragging) {
+    CurveEditing editing = usual();
+    editing.chosen = 1;
+    editing.moveChosen(100, 0);
+    EXPECT_EQ(editing.curve.points[1].x, 79);
+    editing.moveChosen(-100, 0);
+    EXPECT_EQ(editing.curve.points[1].x, 41);
+    editing.chosen = 0;
+    editing.moveChosen(-100, -100);
+    EXPECT_EQ(editing.curve.points[0], (CurvePoint{20, 0}));
+    editing.chosen = 3;
+    editing.moveChosen(100, 100);
+    EXPECT_EQ(editing.curve.points[3], (CurvePoint{110, 1}));
+}
+
+TEST(CurveKeys, InsertMidwayToTheNextPoint) {
+    CurveEditing editing = usual();
+    editing.chosen = 1;
+    editing.insertAfterChosen();
+    EXPECT_EQ(editing.curve.points[2], (CurvePoint{70, 0.55}));
+    EXPECT_EQ(editing.chosen, 2U);
+}
+
+TEST(CurveKeys, InsertMidwayToTheEndAfterTheLastPoint) {
+    CurveEditing editing = usual();
+    editing.chosen = 3;
+    editing.insertAfterChosen();
+    EXPECT_EQ(editing.curve.points[4], (CurvePoint{103, 1}));
+    editing.curve.points[4].x = 110;
+    editing.insertAfterChosen();
+    EXPECT_EQ(editing.curve.points.size(), 5U);
+}
+
+TEST(CurveKeys, InsertNothingWhereThereIsNoRoom) {
+    CurveEditing editing = editingOf({{40, 0.1}, {41, 0.3}, {43, 0.9}});
+    editing.chosen = 0;
+    editing.insertAfterChosen();
+    EXPECT_EQ(editing.curve.points.size(), 3U);
+    editing.chosen = 1;
+    editing.insertAfterChosen();
+    EXPECT_EQ(xs(editing), (std::vector<double>{40, 41, 42, 43}));
+}
+
+TEST(CurveKeys, InsertNothingIntoEightPoints) {
+    CurveEditing editing = withPoints(8);
+    editing.chosen = 0;
+    editing.insertAfterChosen();
+    EXPECT_EQ(editing.curve.points.size(), 8U);
+}
+
+TEST(CurveKeys, StartAnEmptyCurve) {
+    CurveEditing editing = editingOf({});
+    editing.insertAfterChosen();
+    EXPECT_EQ(editing.curve.points, (std::vector<CurvePoint>{{65, 0.5}}));
+    editing.insertAfterChosen();
+    EXPECT_EQ(editing.curve.points.size(), 2U);
+}
+
+TEST(CurveKeys, RemoveTheChosenPointAndChooseTheNext) {
+    CurveEditing editing = usual();
+    editing.chosen = 1;
+    editing.removeChosen();
+    EXPECT_EQ(xs(editing), (std::vector<double>{40, 80, 95}));
+    EXPECT_EQ(editing.chosen, 1U);
+    editing.chosen = 2;
+    editing.removeChosen();
+    EXPECT_EQ(editing.chosen, 1U);
+    editing.removeChosen();
+    EXPECT_EQ(editing.curve.points.size(), 2U);
+}
+
+} // namespace
+} // namespace tervale

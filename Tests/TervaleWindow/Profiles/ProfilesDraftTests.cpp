@@ -1,0 +1,262 @@
+#include "Profiles/Validation.h"
+#include "TervaleWindow/Profiles/ProfileDefaults.h"
+#include "TervaleWindow/Profiles/ProfilesDraft.h"
+
+#include <gtest/gtest.h>
+
+namespace tervale {
+namespace {
+
+UUID idOf(std::uint8_t number) {
+    UUID id;
+    id.bytes.back() = number;
+    return id;
+}
+
+Profile loadProfile(std::uint8_t number, const std::string& name) {
+    return {idOf(number), name, kind::Load{ProfileDefaults::loadCurve()}};
+}
+
+const std::vector<Profile> threeProfiles{loadProfile(1, "One"), loadProfile(2, "Two"),
+                                         loadProfile(3, "Three")};
+
+ProfilesDraft loadedDraft() {
+    ProfilesDraft draft;
+    draft.follow(true, threeProfiles);
+    return draft;
+}
+
+std::vector<std::string> names(const ProfilesDraft& draft) {
+    std::vector<std::string> result;
+    for (const Profile& profile : draft.profiles)
+        result.push_back(profile.name);
+    return result;
+}
+
+void addTemperature(ProfilesDraft& draft) {
+    draft.add("Temperature",
+              kind::Temperature{{SensorGroup::cpu, false}, ProfileDefaults::temperatureCurve()});
+}
+
+TEST(ProfileDefaultsOfNewProfiles, AreValid) {
+    ProfilesDraft draft;
+    addTemperature(draft);
+    draft.add("Load", kind::Load{ProfileDefaults::loadCurve()});
+    draft.add("Schedule", kind::Schedule{ProfileDefaults::schedule()});
+    EXPECT_FALSE(draft.invalid());
+}
+
+TEST(ProfileDefaultsOfNewProfiles, AreTheUsualOnes) {
+    EXPECT_EQ(ProfileDefaults::temperatureCurve(),
+              (Curve{{{40, 0.1}, {60, 0.35}, {80, 0.75}, {95, 1.0}}}));
+    EXPECT_EQ(ProfileDefaults::loadCurve(), (Curve{{{10, 0.0}, {50, 0.4}, {90, 1.0}}}));
+    EXPECT_EQ(ProfileDefaults::schedule(), (std::vector<Window>{{1380, 420, action::Automatic{}}}));
+}
+
+TEST(DraftAdd, NumbersNamesThatAreTaken) {
+    ProfilesDraft draft;
+    addTemperature(draft);
+    addTemperature(draft);
+    addTemperature(draft);
+    EXPECT_EQ(names(draft),
+              (std::vector<std::string>{"Temperature", "Temperature 2", "Temperature 3"}));
+}
+
+TEST(DraftAdd, TakesANumberThatBecameFree) {
+    ProfilesDraft draft;
+    for (int count = 0; count < 3; ++count)
+        addTemperature(draft);
+    draft.selection = draft.profiles[1].id;
+    draft.remove();
+    addTemperature(draft);
+    EXPECT_EQ(names(draft),
+              (std::vector<std::string>{"Temperature", "Temperature 3", "Temperature 2"}));
+}
+
+TEST(DraftAdd, SelectsTheNewProfileAtTheEnd) {
+    ProfilesDraft draft = loadedDraft();
+    addTemperature(draft);
+    EXPECT_EQ(draft.profiles.size(), 4U);
+    EXPECT_EQ(draft.selection, draft.profiles.back().id);
+    EXPECT_NE(draft.profiles.back().id, UUID());
+}
+
+TEST(DraftDuplicate, AppendsAndSelectsACopy) {
+    ProfilesDraft draft = loadedDraft();
+    draft.selection = idOf(2);
+    draft.duplicate();
+    ASSERT_EQ(draft.profiles.size(), 4U);
+    EXPECT_EQ(draft.profiles[3].name, "Two copy");
+    EXPECT_EQ(draft.profiles[3].kind, threeProfiles[1].kind);
+    EXPECT_NE(draft.profiles[3].id, idOf(2));
+    EXPECT_EQ(draft.selection, draft.profiles[3].id);
+}
+
+TEST(DraftDuplicate, NeverNumbersItsCopies) {
+    ProfilesDraft draft = loadedDraft();
+    draft.duplicate();
+    draft.selection = idOf(1);
+    draft.duplicate();
+    EXPECT_EQ(names(draft),
+              (std::vector<std::string>{"One", "Two", "Three", "One copy", "One copy"}));
+}
+
+TEST(DraftDuplicate, DoesNothingWithoutAProfileThatIsThere) {
+    ProfilesDraft draft = loadedDraft();
+    draft.selection = idOf(9);
+    draft.duplicate();
+    draft.remove();
+    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.selection, idOf(9));
+    draft.selection.reset();
+    draft.duplicate();
+    draft.remove();
+    EXPECT_EQ(draft.profiles, threeProfiles);
+}
+
+TEST(DraftRemove, SelectsTheProfileThatTakesThePlace) {
+    ProfilesDraft draft = loadedDraft();
+    draft.selection = idOf(2);
+    draft.remove();
+    EXPECT_EQ(names(draft), (std::vector<std::string>{"One", "Three"}));
+    EXPECT_EQ(draft.selection, idOf(3));
+}
+
+TEST(DraftRemove, SelectsTheNewLastProfileAfterTheLast) {
+    ProfilesDraft draft = loadedDraft();
+    draft.selection = idOf(3);
+    draft.remove();
+    EXPECT_EQ(draft.selection, idOf(2));
+}
+
+TEST(DraftRemove, SelectsNothingOnceTheListIsEmpty) {
+    ProfilesDraft draft;
+    draft.follow(true, {threeProfiles[0]});
+    draft.remove();
+    EXPECT_EQ(draft.selection, std::nullopt);
+    EXPECT_TRUE(draft.canSave());
+}
+
+TEST(DraftFollow, WaitsForTheAgent) {
+    ProfilesDraft draft;
+    draft.follow(false, threeProfiles);
+    EXPECT_TRUE(draft.profiles.empty());
+    EXPECT_FALSE(draft.loaded);
+    EXPECT_EQ(draft.selection, std::nullopt);
+}
+
+TEST(DraftFollow, LoadsAndSelectsTheFirstProfile) {
+    const ProfilesDraft draft = loadedDraft();
+    EXPECT_TRUE(draft.loaded);
+    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.selection, idOf(1));
+}
+
+TEST(DraftFollow, SelectsNothingInAnEmptyList) {
+    ProfilesDraft draft;
+    draft.follow(true, {});
+    EXPECT_TRUE(draft.loaded);
+    EXPECT_EQ(draft.selection, std::nullopt);
+}
+
+TEST(DraftFollow, NeverTouchesUnsavedEdits) {
+    ProfilesDraft draft = loadedDraft();
+    addTemperature(draft);
+    const ProfilesDraft edited = draft;
+    draft.follow(true, {loadProfile(7, "Seven")});
+    EXPECT_EQ(draft.profiles, edited.profiles);
+    EXPECT_EQ(draft.selection, edited.selection);
+    EXPECT_TRUE(draft.canSave());
+}
+
+TEST(DraftFollow, TakesWhatTheAgentSaysWhileNothingIsEdited) {
+    ProfilesDraft draft = loadedDraft();
+    draft.follow(true, {loadProfile(7, "Seven")});
+    EXPECT_EQ(names(draft), std::vector<std::string>{"Seven"});
+    EXPECT_EQ(draft.selection, idOf(1));
+    EXPECT_EQ(draft.selected(), nullptr);
+}
+
+TEST(DraftFollow, IsCleanAgainOnceTheAgentHasSaved) {
+    ProfilesDraft draft = loadedDraft();
+    addTemperature(draft);
+    const std::vector<Profile> edited = draft.profiles;
+    draft.follow(true, edited);
+    EXPECT_FALSE(draft.canSave());
+    draft.follow(true, threeProfiles);
+    EXPECT_EQ(draft.profiles, threeProfiles);
+}
+
+TEST(DraftFollow, IsCleanAgainAfterReverting) {
+    ProfilesDraft draft = loadedDraft();
+    addTemperature(draft);
+    draft.follow(true, {loadProfile(7, "Seven")});
+    draft.revert();
+    EXPECT_EQ(names(draft), std::vector<std::string>{"Seven"});
+    draft.follow(true, threeProfiles);
+    EXPECT_EQ(draft.profiles, threeProfiles);
+}
+
+TEST(DraftFollow, KeepsTheSelectionThatIsSet) {
+    ProfilesDraft draft;
+    draft.selection = idOf(9);
+    draft.follow(true, threeProfiles);
+    EXPECT_EQ(draft.selection, idOf(9));
+    EXPECT_EQ(draft.selected(), nullptr);
+}
+
+TEST(DraftFollow, SelectsTheFirstProfileOnceThereIsOneAgain) {
+    ProfilesDraft draft;
+    draft.follow(true, {});
+    EXPECT_EQ(draft.selection, std::nullopt);
+    draft.follow(true, threeProfiles);
+    EXPECT_EQ(draft.selection, idOf(1));
+}
+
+TEST(DraftRevert, LeavesTheSelection) {
+    ProfilesDraft draft = loadedDraft();
+    addTemperature(draft);
+    const auto added = draft.selection;
+    draft.revert();
+    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.selection, added);
+    EXPECT_EQ(draft.selected(), nullptr);
+}
+
+TEST(DraftSave, WaitsForAChangeAndValidProfiles) {
+    ProfilesDraft draft = loadedDraft();
+    EXPECT_FALSE(draft.canSave());
+    EXPECT_FALSE(draft.canRevert());
+    Profile edited = threeProfiles[0];
+    edited.name = "Uno";
+    draft.replace(edited);
+    EXPECT_TRUE(draft.canSave());
+    EXPECT_TRUE(draft.canRevert());
+    edited.name = "  ";
+    draft.replace(edited);
+    EXPECT_FALSE(draft.canSave());
+    EXPECT_TRUE(draft.canRevert());
+}
+
+TEST(DraftSave, IsRefusedWhileAScheduleRunsARemovedProfile) {
+    ProfilesDraft draft = loadedDraft();
+    draft.add("Schedule", kind::Schedule{{{0, 60, action::Profile{idOf(2)}}}});
+    EXPECT_TRUE(draft.canSave());
+    draft.selection = idOf(2);
+    draft.remove();
+    EXPECT_FALSE(draft.canSave());
+    EXPECT_EQ(problems(draft.profiles.back(), draft.profiles),
+              std::vector<std::string>{"A window runs a profile that no longer exists."});
+}
+
+TEST(DraftReplace, ChangesTheFirstProfileWithThatId) {
+    ProfilesDraft draft;
+    draft.follow(true, {threeProfiles[0], threeProfiles[0]});
+    draft.replace(loadProfile(1, "Uno"));
+    EXPECT_EQ(names(draft), (std::vector<std::string>{"Uno", "One"}));
+    draft.replace(loadProfile(9, "Nine"));
+    EXPECT_EQ(draft.profiles.size(), 2U);
+}
+
+} // namespace
+} // namespace tervale

@@ -1,0 +1,68 @@
+#include "TervaleWindow/Shell/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+using namespace tervale;
+
+namespace {
+
+CommandLine::Request parse(QStringList arguments) {
+    return CommandLine::parse(QStringList{"tervale-window"} + arguments);
+}
+
+QString refusal(const QStringList& arguments) {
+    const auto request = parse(arguments);
+    const auto* refused = std::get_if<CommandLine::Refuse>(&request);
+    return refused ? refused->line : QString();
+}
+
+} // namespace
+
+TEST(CommandLine, OpensTheOverviewOnThisMachineWithoutArguments) {
+    EXPECT_EQ(parse({}), CommandLine::Request(CommandLine::OpenWindow{}));
+}
+
+TEST(CommandLine, TakesThePaneInAnyCase) {
+    const CommandLine::OpenWindow expected{true, Pane::settings};
+    EXPECT_EQ(parse({"--simulate", "--pane", "settings"}), CommandLine::Request(expected));
+    EXPECT_EQ(parse({"--pane=Settings", "--simulate"}), CommandLine::Request(expected));
+}
+
+TEST(CommandLine, ShowsHelpAndVersion) {
+    EXPECT_EQ(parse({"--help"}), CommandLine::Request(CommandLine::ShowHelp{}));
+    EXPECT_EQ(parse({"--version"}), CommandLine::Request(CommandLine::ShowVersion{}));
+    for (const char* option : {"--simulate", "--pane", "--help", "--version"})
+        EXPECT_TRUE(CommandLine::help().contains(option)) << option;
+}
+
+TEST(CommandLine, RefusesEverythingElseAndNamesIt) {
+    EXPECT_TRUE(refusal({"--frobnicate"}).contains("frobnicate"));
+    EXPECT_TRUE(refusal({"document"}).contains("document"));
+    EXPECT_TRUE(refusal({"--pane", "Kitchen"}).contains("Kitchen"));
+    EXPECT_TRUE(refusal({"--pane"}).contains("pane"));
+    EXPECT_TRUE(refusal({"-s"}).contains("s"));
+    EXPECT_TRUE(refusal({"--simulate=yes"}).contains("simulate"));
+}
+
+TEST(CommandLine, RefusesInOneLine) {
+    for (const QStringList& arguments :
+         {QStringList{"--frobnicate"}, {"document"}, {"--pane", "Kitchen"}, {"--pane"}}) {
+        EXPECT_FALSE(refusal(arguments).isEmpty());
+        EXPECT_FALSE(refusal(arguments).contains('\n'));
+    }
+}
+
+TEST(Pane, HasTheOrderAndTitlesOfTheSidebar) {
+    QStringList titles;
+    for (const Pane pane : allPanes)
+        titles << title(pane);
+    EXPECT_EQ(titles, (QStringList{"Overview", "Sensors", "Profiles", "Settings"}));
+}
+
+TEST(Pane, HasItsSymbol) {
+    QStringList names;
+    for (const Pane pane : allPanes)
+        names << symbolName(symbol(pane));
+    EXPECT_EQ(names,
+              (QStringList{"fan", "thermometer.medium", "slider.horizontal.3", "gearshape"}));
+}
