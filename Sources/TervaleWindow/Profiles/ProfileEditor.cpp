@@ -1,0 +1,87 @@
+#include "TervaleWindow/Profiles/ProfileEditor.h"
+
+#include "Profiles/Validation.h"
+#include "TervaleWindow/Controls/Card.h"
+#include "TervaleWindow/Controls/SymbolLabel.h"
+#include "TervaleWindow/Profiles/FormRow.h"
+#include "TervaleWindow/Profiles/TemperatureContent.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace tervale {
+
+namespace {
+
+constexpr int cardSpacing = 14;
+
+} // namespace
+
+ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<const Profile> all,
+                             QWidget* parent)
+    : QWidget(parent),
+      profile(profile),
+      name(new QLineEdit(this)),
+      content(ProfileContent::make(model, profile, this)),
+      problemsCard(new Card(this)) {
+    auto* nameCard = new Card(this);
+    QGridLayout* form = makeForm(nameCard);
+    addFormRow(*form, tr("Name"), name, RowWidth::whole);
+    if (auto* temperature = qobject_cast<TemperatureContent*>(content))
+        temperature->addRows(*form);
+    auto* problemsLayout = new QVBoxLayout(problemsCard);
+    problemsLayout->setContentsMargins(0, 0, 0, 0);
+    problemsLayout->setSpacing(6);
+    problemsCard->hide();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(18, 18, 18, 18 - Card::shadowHeight);
+    column->setSpacing(cardSpacing - Card::shadowHeight);
+    column->addWidget(nameCard);
+    column->addWidget(content);
+    column->addWidget(problemsCard);
+    column->addStretch(1);
+
+    connect(name, &QLineEdit::textEdited, this, [this](const QString& text) {
+        this->profile.name = text.toStdString();
+        emit profileChanged(this->profile);
+    });
+    connect(content, &ProfileContent::kindChanged, this, [this](const ProfileKind& kind) {
+        this->profile.kind = kind;
+        emit profileChanged(this->profile);
+    });
+    display(profile, all);
+}
+
+void ProfileEditor::display(const Profile& changed, std::span<const Profile> all) {
+    profile = changed;
+    // Setting the text would move the cursor.
+    if (name->text() != QString::fromStdString(profile.name))
+        name->setText(QString::fromStdString(profile.name));
+    content->display(profile, all);
+    showProblems(problems(profile, all));
+}
+
+bool ProfileEditor::isFor(const Profile& other) const {
+    return other.id == profile.id && other.kind.index() == profile.kind.index();
+}
+
+void ProfileEditor::showProblems(std::vector<std::string> found) {
+    if (found == problemsShown)
+        return;
+    problemsShown = std::move(found);
+    QLayout* layout = problemsCard->layout();
+    while (QLayoutItem* item = layout->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    for (const std::string& problem : problemsShown) {
+        auto* label = new SymbolLabel(Symbol::exclamationTriangleFill,
+                                      QString::fromStdString(problem), TextColor::warning);
+        label->setOverflow(Overflow::wrap);
+        layout->addWidget(label);
+    }
+    problemsCard->setVisible(!problemsShown.empty());
+}
+
+} // namespace tervale

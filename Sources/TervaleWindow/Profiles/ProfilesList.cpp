@@ -1,0 +1,120 @@
+#include "TervaleWindow/Profiles/ProfilesList.h"
+
+#include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
+#include "TervaleWindow/Profiles/ProfileDefaults.h"
+#include "TervaleWindow/Profiles/ProfileRowDelegate.h"
+#include "TervaleWindow/Profiles/ProfilesListModel.h"
+#include "TervaleWindow/Profiles/ScheduleTargets.h"
+
+#include <QListView>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tervale {
+
+ProfilesList::ProfilesList(QWidget* parent)
+    : QWidget(parent),
+      rows(new ProfilesListModel(this)),
+      list(new QListView(this)),
+      addButton(new SymbolButton(Symbol::plus, tr("Add profile"), this)),
+      duplicateButton(new SymbolButton(Symbol::plusSquareOnSquare, tr("Duplicate profile"), this)),
+      removeButton(new SymbolButton(Symbol::minus, tr("Remove profile"), this)) {
+    setFixedWidth(columnWidth);
+    makeList();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 6, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(list, 1);
+    column->addWidget(new Divider(Qt::Horizontal, this));
+    column->addWidget(makeToolbar());
+}
+
+void ProfilesList::makeList() {
+    list->setAccessibleName(tr("Profiles"));
+    list->setModel(rows);
+    list->setItemDelegate(new ProfileRowDelegate(list));
+    list->setFrameShape(QFrame::NoFrame);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setUniformItemSizes(true);
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // The window's ground shows through.
+    list->setAutoFillBackground(false);
+    list->viewport()->setAutoFillBackground(false);
+    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!displaying)
+            emit selectionChanged(selectedId());
+    });
+    for (const QKeySequence& key : {QKeySequence(Qt::Key_Delete), QKeySequence(Qt::Key_Backspace)})
+        connect(new QShortcut(key, list, nullptr, nullptr, Qt::WidgetShortcut),
+                &QShortcut::activated, this, &ProfilesList::removeRequested);
+}
+
+QWidget* ProfilesList::makeToolbar() {
+    auto* menu = new QMenu(addButton);
+    const auto offer = [this, menu](const QString& title, const QString& name,
+                                    const ProfileKind& kind) {
+        connect(menu->addAction(title), &QAction::triggered, this,
+                [this, name, kind] { emit addRequested(name, kind); });
+    };
+    offer(tr("Temperature curve"), tr("Temperature"),
+          kind::Temperature{TemperatureInput::hottestOf(SensorGroup::cpu),
+                            ProfileDefaults::temperatureCurve()});
+    offer(tr("Load curve"), tr("Load"), kind::Load{ProfileDefaults::loadCurve()});
+    offer(tr("Schedule"), tr("Schedule"), kind::Schedule{ProfileDefaults::schedule()});
+    addButton->setMenu(menu);
+    connect(duplicateButton, &SymbolButton::clicked, this, &ProfilesList::duplicateRequested);
+    connect(removeButton, &SymbolButton::clicked, this, &ProfilesList::removeRequested);
+
+    auto* toolbar = new QWidget(this);
+    toolbar->setFixedHeight(35);
+    auto* row = new QHBoxLayout(toolbar);
+    row->setContentsMargins(9, 0, 9, 0);
+    row->setSpacing(8);
+    for (SymbolButton* button : {addButton, duplicateButton, removeButton})
+        row->addWidget(button);
+    row->addStretch(1);
+    return toolbar;
+}
+
+void ProfilesList::display(const ProfilesDraft& draft, const std::vector<bool>& marks) {
+    const QScopedValueRollback guard(displaying, true);
+    std::vector<ProfilesListModel::Row> shown;
+    for (std::size_t index = 0; index < draft.profiles.size(); ++index)
+        shown.push_back(
+            {draft.profiles[index].id, displayName(draft.profiles[index]), marks[index]});
+    rows->setRows(std::move(shown));
+    showSelection(draft.selection);
+    // A profile that is added before the agent has answered would be lost with its answer.
+    addButton->setEnabled(draft.loaded);
+    duplicateButton->setEnabled(draft.selected() != nullptr);
+    removeButton->setEnabled(draft.selected() != nullptr);
+}
+
+void ProfilesList::showSelection(const std::optional<UUID>& id) {
+    if (selectedId() == id)
+        return;
+    const auto found = std::find_if(rows->rows().begin(), rows->rows().end(),
+                                    [&id](const auto& row) { return row.id == id; });
+    if (found == rows->rows().end()) {
+        list->selectionModel()->clear();
+        return;
+    }
+    const QModelIndex index = rows->index(static_cast<int>(found - rows->rows().begin()));
+    list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    list->scrollTo(index);
+}
+
+std::optional<UUID> ProfilesList::selectedId() const {
+    const QModelIndexList selected = list->selectionModel()->selectedIndexes();
+    if (selected.isEmpty())
+        return std::nullopt;
+    return rows->rows()[static_cast<std::size_t>(selected.front().row())].id;
+}
+
+} // namespace tervale

@@ -1,0 +1,206 @@
+#include "TervaleWindow/Profiles/ProfilesView.h"
+
+#include "Profiles/Validation.h"
+#include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/PaneFrame.h"
+#include "TervaleWindow/Controls/SymbolLabel.h"
+#include "TervaleWindow/Controls/SymbolView.h"
+#include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Profiles/ProfileEditor.h"
+#include "TervaleWindow/Profiles/ProfilesList.h"
+
+#include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tervale {
+
+namespace {
+
+constexpr int bottomBarHeight = 49;
+constexpr int emptySymbolSide = 40;
+
+template <class Layout>
+Layout* tightLayout(QWidget* widget) {
+    auto* layout = new Layout(widget);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    return layout;
+}
+
+std::vector<bool> marksOf(const std::vector<Profile>& profiles) {
+    std::vector<bool> marks;
+    for (const Profile& profile : profiles)
+        marks.push_back(!problems(profile, profiles).empty());
+    return marks;
+}
+
+} // namespace
+
+ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent)
+    : QWidget(parent),
+      model(model),
+      bridge(bridge),
+      list(new ProfilesList(this)) {
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(0);
+    columns->addWidget(list);
+    columns->addWidget(new Divider(Qt::Vertical, this));
+    columns->addWidget(makeDetail(), 1);
+    auto* page = tightLayout<QVBoxLayout>(this);
+    page->addWidget(makeHeader());
+    page->addWidget(new Divider(Qt::Horizontal, this));
+    page->addLayout(columns, 1);
+
+    connectList();
+    connect(revertButton, &QPushButton::clicked, this, &ProfilesView::revert);
+    connect(saveButton, &QPushButton::clicked, this, &ProfilesView::save);
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this,
+            &ProfilesView::save);
+    connect(&model, &Model::connectedChanged, this, &ProfilesView::followModel);
+    connect(&model, &Model::profilesChanged, this, &ProfilesView::followModel);
+    followModel();
+}
+
+QWidget* ProfilesView::makeHeader() {
+    auto* header = new QWidget(this);
+    header->setFixedHeight(PaneFrame::headerHeight - 1);
+    auto* row = tightLayout<QHBoxLayout>(header);
+    row->setContentsMargins(PaneFrame::margin, 0, PaneFrame::margin, 0);
+    row->addWidget(new TextLabel(tr("Profiles"), TextStyle::title()));
+    row->addStretch(1);
+    return header;
+}
+
+QWidget* ProfilesView::makeDetail() {
+    scrollArea = new QScrollArea;
+    scrollArea->setWidgetResizable(true);
+    scrollArea->setFrameShape(QFrame::NoFrame);
+    scrollArea->setFocusPolicy(Qt::NoFocus);
+    // The window's ground shows through.
+    scrollArea->viewport()->setAutoFillBackground(false);
+    detail = new QStackedWidget;
+    detail->addWidget(makeEmptyState());
+    detail->addWidget(scrollArea);
+    auto* box = new QWidget(this);
+    auto* column = tightLayout<QVBoxLayout>(box);
+    column->addWidget(detail, 1);
+    column->addWidget(new Divider(Qt::Horizontal));
+    column->addWidget(makeBottomBar());
+    return box;
+}
+
+QWidget* ProfilesView::makeEmptyState() {
+    auto* panel = new QWidget;
+    auto* title = new TextLabel(tr("No profile selected"), TextStyle::title());
+    auto* description = new TextLabel(
+        tr("Add one with + to make the fan follow temperature, load or the time of day."),
+        TextStyle::body(), TextColor::secondary);
+    description->setOverflow(Overflow::wrap);
+    description->setAlignment(Qt::AlignHCenter);
+    auto* column = tightLayout<QVBoxLayout>(panel);
+    column->setContentsMargins(PaneFrame::margin, PaneFrame::margin, PaneFrame::margin,
+                               PaneFrame::margin);
+    column->setSpacing(8);
+    column->addStretch(1);
+    column->addWidget(
+        new SymbolView(Symbol::sliderHorizontal3, emptySymbolSide, TextColor::secondary), 0,
+        Qt::AlignHCenter);
+    column->addWidget(title, 0, Qt::AlignHCenter);
+    column->addWidget(description);
+    column->addStretch(1);
+    return panel;
+}
+
+QWidget* ProfilesView::makeBottomBar() {
+    notice = new SymbolLabel(Symbol::exclamationTriangle, tr("Fix the marked profiles to save."),
+                             TextColor::warning);
+    notice->setOverflow(Overflow::wrap);
+    notice->hide();
+    revertButton = new QPushButton(tr("Revert"));
+    saveButton = new QPushButton(tr("Save"));
+    saveButton->setDefault(true);
+    saveButton->setToolTip(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText));
+    auto* bar = new QWidget;
+    bar->setFixedHeight(bottomBarHeight);
+    auto* row = tightLayout<QHBoxLayout>(bar);
+    row->setContentsMargins(18, 0, 18, 0);
+    row->setSpacing(10);
+    row->addWidget(notice, 1);
+    row->addStretch(0);
+    row->addWidget(revertButton);
+    row->addWidget(saveButton);
+    return bar;
+}
+
+void ProfilesView::connectList() {
+    connect(list, &ProfilesList::selectionChanged, this, [this](const std::optional<UUID>& id) {
+        edit([&id](ProfilesDraft& changed) { changed.selection = id; });
+    });
+    connect(list, &ProfilesList::addRequested, this,
+            [this](const QString& name, const ProfileKind& kind) {
+                edit([&](ProfilesDraft& changed) { changed.add(name.toStdString(), kind); });
+            });
+    connect(list, &ProfilesList::duplicateRequested, this,
+            [this] { edit([](ProfilesDraft& changed) { changed.duplicate(); }); });
+    connect(list, &ProfilesList::removeRequested, this,
+            [this] { edit([](ProfilesDraft& changed) { changed.remove(); }); });
+}
+
+void ProfilesView::followModel() {
+    edit([this](ProfilesDraft& changed) { changed.follow(model.connected(), model.profiles()); });
+}
+
+template <class Change>
+void ProfilesView::edit(Change&& change) {
+    change(draft);
+    showDraft();
+}
+
+void ProfilesView::showDraft() {
+    const std::vector<bool> marks = marksOf(draft.profiles);
+    const bool invalid = std::find(marks.begin(), marks.end(), true) != marks.end();
+    list->display(draft, marks);
+    showEditor();
+    notice->setVisible(invalid);
+    revertButton->setEnabled(draft.canRevert());
+    saveButton->setEnabled(draft.canRevert() && !invalid);
+}
+
+void ProfilesView::showEditor() {
+    const Profile* selected = draft.selected();
+    if (editor && selected && editor->isFor(*selected)) {
+        editor->display(*selected, draft.profiles);
+        return;
+    }
+    if (editor) {
+        // It may be in the middle of telling of a change.
+        scrollArea->takeWidget()->deleteLater();
+        editor = nullptr;
+    }
+    detail->setCurrentIndex(selected ? 1 : 0);
+    if (!selected)
+        return;
+    editor = new ProfileEditor(model, *selected, draft.profiles);
+    connect(editor, &ProfileEditor::profileChanged, this, [this](const Profile& changed) {
+        edit([&changed](ProfilesDraft& working) { working.replace(changed); });
+    });
+    scrollArea->setWidget(editor);
+    // A scroll area fills its widget's ground.
+    editor->setAutoFillBackground(false);
+}
+
+void ProfilesView::save() {
+    if (draft.canSave())
+        bridge.send(command::SaveProfiles{draft.profiles});
+}
+
+void ProfilesView::revert() {
+    edit([](ProfilesDraft& changed) { changed.revert(); });
+}
+
+} // namespace tervale

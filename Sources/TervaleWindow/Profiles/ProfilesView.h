@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Profiles/Bridge.h"
+#include "TervaleWindow/Model/Model.h"
+#include "TervaleWindow/Profiles/ProfilesDraft.h"
+
+#include <QWidget>
+
+class QPushButton;
+class QScrollArea;
+class QStackedWidget;
+
+namespace tervale {
+
+class ProfileEditor;
+class ProfilesList;
+class SymbolLabel;
+
+/// The page on which profiles are made and edited. It works on a draft, which it sends to the
+/// agent as a whole; only the agent's answer makes it the saved list.
+class ProfilesView final : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// Both outlive the view.
+    ProfilesView(Model& model, Bridge& bridge, QWidget* parent = nullptr);
+
+    /// Sends the draft, if it differs from what is saved and has no problems.
+    void save();
+    /// Throws the draft away for what is saved.
+    void revert();
+
+  private:
+    QWidget* makeHeader();
+    QWidget* makeDetail();
+    QWidget* makeEmptyState();
+    QWidget* makeBottomBar();
+    void connectList();
+    void followModel();
+    /// Changes the draft and shows what came of it.
+    template <class Change>
+    void edit(Change&& change);
+    void showDraft();
+    void showEditor();
+
+    Model& model;
+    Bridge& bridge;
+    ProfilesDraft draft;
+    ProfilesList* list;
+    QStackedWidget* detail;
+    QScrollArea* scrollArea;
+    ProfileEditor* editor = nullptr;
+    SymbolLabel* notice;
+    QPushButton* revertButton;
+    QPushButton* saveButton;
+};
+
+} // namespace tervale

@@ -1,0 +1,122 @@
+#include "TervaleWindow/Profiles/ScheduleEditor.h"
+
+#include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Profiles/ScheduleRow.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tervale {
+
+ScheduleEditor::ScheduleEditor(QWidget* parent)
+    : QWidget(parent),
+      rowsLayout(new QVBoxLayout),
+      addButton(new QPushButton(tr("Add Window"), this)) {
+    auto* note =
+        new TextLabel(tr("Times no window covers run Automatic. A window may cross midnight."),
+                      TextStyle::caption(), TextColor::secondary, this);
+    note->setOverflow(Overflow::wrap);
+    rowsLayout->setSpacing(0);
+    addButton->setAutoDefault(false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(
+        new TextLabel(tr("Time windows"), TextStyle::heading(), TextColor::label, this));
+    layout->addSpacing(8);
+    layout->addLayout(rowsLayout);
+    layout->addWidget(new Divider(Qt::Horizontal, this));
+    layout->addSpacing(9);
+    layout->addWidget(addButton, 0, Qt::AlignLeading);
+    layout->addSpacing(10);
+    layout->addWidget(note);
+    connect(addButton, &QPushButton::clicked, this, &ScheduleEditor::addWindow);
+}
+
+void ScheduleEditor::display(const std::vector<Window>& windows, std::span<const Profile> targets) {
+    profiles.assign(targets.begin(), targets.end());
+    editing.windows = windows;
+    showRows();
+}
+
+void ScheduleEditor::showRows() {
+    while (rows.size() > editing.windows.size()) {
+        delete rows.back();
+        rows.pop_back();
+    }
+    while (rows.size() < editing.windows.size())
+        rows.push_back(makeRow());
+    for (std::size_t index = 0; index < rows.size(); ++index)
+        rows[index]->display(editing, index, profiles);
+    arrange();
+}
+
+ScheduleRow* ScheduleEditor::makeRow() {
+    auto* row = new ScheduleRow(this);
+    connect(row, &ScheduleRow::timeChanged, this,
+            [this, row](ScheduleEditing::Edge edge, int minute) {
+                editing.setTime(indexOf(row), edge, {minute / 60, minute % 60});
+                report();
+            });
+    connect(row, &ScheduleRow::choiceChanged, this, [this, row](const Choice& choice) {
+        editing.setChoice(indexOf(row), choice);
+        report();
+    });
+    connect(row, &ScheduleRow::speedChanged, this, [this, row](double fraction) {
+        editing.setSpeed(indexOf(row), fraction);
+        report();
+    });
+    connect(row, &ScheduleRow::removeRequested, this, [this, row] { removeWindow(row); });
+    rowsLayout->addWidget(row);
+    return row;
+}
+
+std::size_t ScheduleEditor::indexOf(const ScheduleRow* row) const {
+    return static_cast<std::size_t>(std::find(rows.begin(), rows.end(), row) - rows.begin());
+}
+
+void ScheduleEditor::addWindow() {
+    editing.add();
+    report();
+}
+
+void ScheduleEditor::removeWindow(ScheduleRow* row) {
+    const std::size_t index = indexOf(row);
+    editing.remove(index);
+    // This row goes, not the last one, so that every control keeps the window that it shows. It is
+    // in the middle of telling of the click, so it goes later.
+    rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(index));
+    rowsLayout->removeWidget(row);
+    row->hide();
+    row->deleteLater();
+    if (rows.empty())
+        addButton->setFocus(Qt::OtherFocusReason);
+    else
+        rows[std::min(index, rows.size() - 1)]->focusRemoveButton();
+    report();
+}
+
+void ScheduleEditor::report() {
+    showRows();
+    emit windowsChanged(editing.windows);
+}
+
+void ScheduleEditor::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    arrange();
+}
+
+void ScheduleEditor::arrange() {
+    if (rows.empty())
+        return;
+    const auto arrangement = rows.front()->widthOfOneLine() <= width()
+                                 ? ScheduleRow::Arrangement::oneLine
+                                 : ScheduleRow::Arrangement::twoLines;
+    for (ScheduleRow* row : rows)
+        row->setArrangement(arrangement);
+}
+
+} // namespace tervale

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "TervaleWindow/Profiles/ScheduleEditing.h"
+
+#include <QWidget>
+
+#include <span>
+#include <vector>
+
+class QPushButton;
+class QVBoxLayout;
+
+namespace tervale {
+
+class ScheduleRow;
+
+/// Edits the time windows of a schedule: a row for each, a button to add one, and a note.
+class ScheduleEditor final : public QWidget {
+    Q_OBJECT
+
+  public:
+    using Choice = ScheduleEditing::Choice;
+
+    explicit ScheduleEditor(QWidget* parent = nullptr);
+
+    const std::vector<Window>& windows() const { return editing.windows; }
+    /// Shows other windows, and the profiles that they may run, without any signal. The controls
+    /// that show them already stay in place.
+    void display(const std::vector<Window>& windows, std::span<const Profile> targets);
+
+  signals:
+    /// The user changed them.
+    void windowsChanged(const std::vector<tervale::Window>& windows);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    ScheduleRow* makeRow();
+    std::size_t indexOf(const ScheduleRow* row) const;
+    void addWindow();
+    void removeWindow(ScheduleRow* row);
+    void showRows();
+    void arrange();
+    void report();
+
+    ScheduleEditing editing;
+    std::vector<Profile> profiles;
+    std::vector<ScheduleRow*> rows;
+    QVBoxLayout* rowsLayout;
+    QPushButton* addButton;
+};
+
+} // namespace tervale

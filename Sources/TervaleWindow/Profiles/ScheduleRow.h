@@ -1,0 +1,69 @@
+#pragma once
+
+#include "TervaleWindow/Profiles/ScheduleTargets.h"
+
+#include <QWidget>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+class QBoxLayout;
+
+namespace tervale {
+
+class FigureLabel;
+class FractionSlider;
+class PopUpButton;
+class SymbolButton;
+class TimeField;
+
+/// One time window of a schedule: from, to, what runs, and a button to remove it. It shows what it
+/// is told and says what the user wants.
+class ScheduleRow final : public QWidget {
+    Q_OBJECT
+
+  public:
+    enum class Arrangement { oneLine, twoLines };
+
+    explicit ScheduleRow(QWidget* parent = nullptr);
+
+    /// Shows the window at `index` without any signal.
+    void display(const ScheduleEditing& editing, std::size_t index,
+                 std::span<const Profile> profiles);
+    void setArrangement(Arrangement arrangement);
+    /// The least width that one line takes with everything in it.
+    int widthOfOneLine() const;
+    void focusRemoveButton();
+
+    QSize minimumSizeHint() const override;
+
+  signals:
+    void timeChanged(tervale::ScheduleEditing::Edge edge, int minuteOfDay);
+    void choiceChanged(const tervale::ScheduleEditing::Choice& choice);
+    void speedChanged(double fraction);
+    void removeRequested();
+
+  private:
+    void layOut();
+    void connectControls();
+    void showTargets(std::vector<ScheduleTarget> others);
+    void showSpeed(const Action& action);
+    std::optional<ScheduleEditing::Choice> choiceAt(int entry) const;
+    int entryOf(const ScheduleEditing::Choice& choice) const;
+
+    TimeField* start;
+    TimeField* end;
+    QWidget* run;
+    PopUpButton* picker;
+    FractionSlider* slider;
+    FigureLabel* speed;
+    SymbolButton* removeButton;
+    QBoxLayout* firstLine;
+    QBoxLayout* secondLine;
+    Arrangement arranged = Arrangement::oneLine;
+    /// The picker's entries after the divider.
+    std::vector<ScheduleTarget> targets;
+};
+
+} // namespace tervale

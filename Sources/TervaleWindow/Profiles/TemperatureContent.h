@@ -1,0 +1,40 @@
+#pragma once
+
+#include "TervaleWindow/Profiles/CurvePlot.h"
+#include "TervaleWindow/Profiles/ProfileContent.h"
+
+class QGridLayout;
+
+namespace tervale {
+
+class CurveEditor;
+class PopUpButton;
+class SegmentedPicker;
+
+/// The room around every curve's plot.
+inline constexpr PlotInsets curveInsets{12, 40, 26, 14};
+
+/// The form of a temperature curve: which reading it follows, and the curve with that reading's
+/// current value.
+class TemperatureContent final : public ProfileContent {
+    Q_OBJECT
+
+  public:
+    explicit TemperatureContent(Model& model, QWidget* parent = nullptr);
+
+    /// The rows of the reading, for the form that the profile's name is in.
+    void addRows(QGridLayout& form);
+    void display(const Profile& profile, std::span<const Profile> all) override;
+
+  private:
+    void showMarker();
+    void report();
+
+    Model& model;
+    PopUpButton* follow;
+    SegmentedPicker* reading;
+    CurveEditor* editor;
+    kind::Temperature shown;
+};
+
+} // namespace tervale
