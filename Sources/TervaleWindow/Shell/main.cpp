@@ -1,5 +1,5 @@
-#include "TervaleWindow/Shell/SystemAppearance.h"
 #include "TervaleWindow/Shell/CommandLine.h"
+#include "TervaleWindow/Shell/SystemAppearance.h"
 #include "TervaleWindow/Shell/TervaleWindowApp.h"
 
 #include <QApplication>

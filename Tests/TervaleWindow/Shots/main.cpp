@@ -27,8 +27,7 @@ std::vector<Profile> sampleProfiles() {
     return {{quietId, "Quiet", kind::Temperature{{SensorGroup::ssd, false}, curve}},
             {UUID{{2}}, "Temperature", kind::Temperature{{SensorGroup::cpu, true}, curve}},
             {UUID{{3}}, "Load", kind::Load{{{{10, 0}, {50, 0.4}, {90, 1}}}}},
-            {UUID{{4}},
-             "Night",
+            {UUID{{4}}, "Night",
              kind::Schedule{{{1380, 420, action::Automatic{}},
                              {540, 720, action::Fixed{0.4}},
                              {690, 1020, action::Profile{quietId}}}}},
@@ -65,8 +64,8 @@ std::vector<Scene> scenes() {
         state.timerAction = action::Fixed{0.5};
         state.selection = action::Automatic{};
         const QDateTime end(QDate(2026, 1, 15), QTime(14, 30));
-        state.timerEnds = Date{static_cast<double>(end.toSecsSinceEpoch()) -
-                               Date::referenceSinceUnixEpoch};
+        state.timerEnds =
+            Date{static_cast<double>(end.toSecsSinceEpoch()) - Date::referenceSinceUnixEpoch};
     };
     std::vector<Scene> all;
     for (const Pane pane : allPanes) {
