@@ -1,8 +1,8 @@
 #include "Platform/Platform.h"
 
 #include "Platform/AbsentIORegistry.h"
+#include "Platform/Linux/FilePreferences.h"
 #include "Platform/ProcessorLoad.h"
-#include "Profiles/InMemoryPreferences.h"
 
 namespace tervale {
 
@@ -11,8 +11,8 @@ Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch) {
             std::make_unique<InProcessNotificationCenter>(std::move(dispatch))};
 }
 
-std::unique_ptr<Preferences> makePreferences(const std::string&) {
-    return std::make_unique<InMemoryPreferences>();
+std::unique_ptr<Preferences> makePreferences(const std::string& domain) {
+    return std::make_unique<FilePreferences>(configurationFolder() / domain);
 }
 
 std::function<std::optional<double>()> makeProcessorLoad() {

@@ -44,8 +44,8 @@ Needs Controller::needs(const Action& action, std::span<const Profile> profiles,
     Needs needs{safetyInputs, false};
     std::visit(overloaded{
                    [](const Resolved::Fixed&) {},
-                   [&](const Resolved::Temperature& temperature) {
-                       needs.temperatures.insert(temperature.input);
+                   [&](const Resolved::Temperature& resolved) {
+                       needs.temperatures.insert(resolved.input);
                    },
                    [&](const Resolved::Load&) { needs.load = true; },
                    [](const Resolved::Automatic&) {},

@@ -67,10 +67,10 @@ void InProcessNotificationCenter::post(const std::string& name,
     dispatch(
         [weakRegistry = std::weak_ptr(registry), identifiers = registry->observing(name), object] {
             for (const Registry::Identifier identifier : identifiers) {
-                const std::shared_ptr<Registry> registry = weakRegistry.lock();
-                if (!registry)
+                const std::shared_ptr<Registry> living = weakRegistry.lock();
+                if (!living)
                     return;
-                if (const auto handler = registry->handler(identifier))
+                if (const auto handler = living->handler(identifier))
                     (*handler)(object);
             }
         });
@@ -79,8 +79,8 @@ void InProcessNotificationCenter::post(const std::string& name,
 ObserverToken InProcessNotificationCenter::observe(const std::string& name, Handler handler) {
     const Registry::Identifier identifier = registry->add(name, std::move(handler));
     return ObserverToken([weakRegistry = std::weak_ptr(registry), identifier] {
-        if (const std::shared_ptr<Registry> registry = weakRegistry.lock())
-            registry->remove(identifier);
+        if (const std::shared_ptr<Registry> living = weakRegistry.lock())
+            living->remove(identifier);
     });
 }
 

@@ -106,8 +106,7 @@ SensorSampler::Summary SensorSampler::follow(const Plan& plan, SensorGroup group
     if (wantAverage)
         wanted.insert(wanted.end(), plan.panel.begin(), plan.panel.end());
     std::ranges::sort(wanted);
-    const auto repeated = std::ranges::unique(wanted);
-    wanted.erase(repeated.begin(), repeated.end());
+    wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
 
     GroupReadings readings(byGroup[indexOf(group)], read);
     for (const std::size_t position : wanted)

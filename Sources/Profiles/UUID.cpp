@@ -46,7 +46,7 @@ std::optional<UUID> UUID::parse(std::string_view text) {
         if (!digit)
             return std::nullopt;
         std::uint8_t& byte = id.bytes[digits / 2];
-        byte = static_cast<std::uint8_t>(byte << 4U | *digit);
+        byte = static_cast<std::uint8_t>(unsigned{byte} << 4U | *digit);
         ++digits;
     }
     return id;

@@ -47,7 +47,10 @@ SimulatedMac::SimulatedMac(const SimulatedMacOptions& options)
 
 void SimulatedMac::inject(const std::string& key, Fault fault) {
     const SimulatedKey* found = keys.find(SMCCodec::fourCC(key));
-    precondition(found != nullptr && found->name == key, "a key that does not exist cannot fail");
+    if (found == nullptr || found->name != key) {
+        precondition(false, "a key that does not exist cannot fail");
+        return;
+    }
     // The value now, which is another fault's while there is one.
     std::vector<std::byte> held = value(*found);
     faults[key] = {fault, std::move(held)};

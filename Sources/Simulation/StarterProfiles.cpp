@@ -2,6 +2,7 @@
 
 #include "SMC/Precondition.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace tervale {
@@ -21,9 +22,10 @@ std::vector<Profile> starterProfiles() {
     const Curve temperatureCurve{{{40, 0.05}, {55, 0.25}, {70, 0.55}, {85, 1}}};
     const Curve loadCurve{{{10, 0.05}, {50, 0.35}, {90, 0.9}}};
     const UUID quiet = fixedId("6F1D2C50-3B7A-4E0E-9C55-0D5A3A9B1E01");
-    const std::vector<Window> night{{22 * 60, 7 * 60, action::Profile{quiet}},
-                                    {7 * 60, 9 * 60, action::Automatic{}},
-                                    {9 * 60, 12 * 60, action::Fixed{0.4}}};
+    constexpr std::int64_t hour = 60;
+    const std::vector<Window> night{{22 * hour, 7 * hour, action::Profile{quiet}},
+                                    {7 * hour, 9 * hour, action::Automatic{}},
+                                    {9 * hour, 12 * hour, action::Fixed{0.4}}};
     return {
         {quiet, "Quiet",
          kind::Temperature{TemperatureInput::averageOf(SensorGroup::cpu), quietCurve}},

@@ -226,7 +226,7 @@ TEST(ScheduleProblems, FindAnOverlapWhereTheMinutesAreCountedTwice) {
                     ++counts[static_cast<std::size_t>(minute)];
             }
         }
-        const bool expected = std::ranges::any_of(counts, [](int times) { return times > 1; });
+        const bool expected = std::ranges::any_of(counts, [](int covered) { return covered > 1; });
         const Problems found = ofWindows(windows);
         ASSERT_EQ(std::ranges::count(found, overlap), expected ? 1 : 0);
         overlapping += expected ? 1 : 0;

@@ -66,6 +66,7 @@ TEST_F(TemperatureReadout, TakesSinglePrecisionFloatsOnly) {
     registry.setFixedPoint("Tp01", 200);
     registry.setByte("Tp02", 50);
     registry.set("Tp03", {"flt2", bytesOf({0, 0, 0x48, 0x42}), {}});
+    registry.set("Tp05", {"ui32", bytesOf({0, 0, 0, 50}), {}});
     registry.setFloat("Tp04", 50);
     EXPECT_EQ(discover(), (Sensors{{"Tp04", SensorGroup::cpu}}));
 }

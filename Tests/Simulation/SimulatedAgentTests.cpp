@@ -13,6 +13,7 @@
 namespace tervale {
 namespace {
 
+constexpr std::int64_t noon = 720;
 const Curve flatAt70{{{0, 0.7}, {100, 0.7}}};
 
 Profile profileNamed(const std::string& name, ProfileKind kind) {
@@ -104,8 +105,8 @@ TEST_F(Agent, FollowsTheProcessorsLoad) {
 
 TEST_F(Agent, RunsAScheduleByTheClocksMinute) {
     const Profile day =
-        profileNamed("Day", kind::Schedule{{{12 * 60, 12 * 60 + 1, action::Fixed{1}},
-                                            {12 * 60 + 1, 13 * 60, action::Fixed{0}}}});
+        profileNamed("Day", kind::Schedule{{{noon, noon + 1, action::Fixed{1}},
+                                            {noon + 1, noon + 60, action::Fixed{0}}}});
     send(command::SaveProfiles{{day}});
     send(command::Select{action::Profile{day.id}});
     EXPECT_EQ(fan(0).target, 5777);

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/AccessibleControls.h"
 #include "TervaleWindow/Controls/ControlPainting.h"
 
 namespace tervale {
@@ -14,6 +15,7 @@ constexpr int capsuleHeight = 30;
 } // namespace
 
 ModeButton::ModeButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
+    installAccessibleControls();
     setCheckable(true);
     setFont(systemFont(fontSize::body, QFont::Medium));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Controls/PopUpButton.h"
 
+#include "TervaleWindow/Controls/AccessibleControls.h"
 #include "TervaleWindow/Controls/MenuRowDelegate.h"
 
 #include <QAbstractItemView>
@@ -22,6 +23,7 @@ bool opensTheList(int key) {
 } // namespace
 
 PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
+    installAccessibleControls();
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setSizeAdjustPolicy(QComboBox::AdjustToContents);

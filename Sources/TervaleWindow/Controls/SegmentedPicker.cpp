@@ -1,11 +1,11 @@
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 
 #include "SMC/Precondition.h"
-#include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Controls/SegmentButton.h"
 
 #include <QHBoxLayout>
-#include <QRadioButton>
+#include <QPainter>
 
 namespace tervale {
 
@@ -13,63 +13,6 @@ namespace {
 
 constexpr int padding = 2;
 constexpr int groundRadius = 8;
-constexpr int segmentRadius = 6;
-constexpr int segmentHeight = 24;
-constexpr int sidePadding = 14;
-
-QColor selectedFill(const Colors& colors) {
-    if (!colors.dark)
-        return colors.card;
-    const float share = 0.28f;
-    const auto mix = [share](float from, float to) { return from + share * (to - from); };
-    return QColor::fromRgbF(mix(colors.card.redF(), colors.label.redF()),
-                            mix(colors.card.greenF(), colors.label.greenF()),
-                            mix(colors.card.blueF(), colors.label.blueF()));
-}
-
-/// As a radio button it comes with the arrow keys and the role that assistive technology expects.
-class Segment : public QRadioButton {
-  public:
-    Segment(const QString& title, QWidget* parent) : QRadioButton(title, parent) {
-        setFont(systemFont(fontSize::body));
-        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-        setFocusRadius(*this, segmentRadius);
-    }
-
-    // As wide as its title when it is selected, so that nothing moves then.
-    QSize sizeHint() const override {
-        const QFontMetrics metrics(systemFont(fontSize::body, QFont::Medium));
-        return {metrics.horizontalAdvance(text()) + 2 * sidePadding, segmentHeight};
-    }
-
-    QSize minimumSizeHint() const override { return {2 * segmentHeight, segmentHeight}; }
-
-  protected:
-    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
-
-    void paintEvent(QPaintEvent*) override {
-        const Colors colors = Colors::of(palette());
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
-        if (isChecked())
-            paintSelection(painter, colors);
-        const QFont shown = systemFont(fontSize::body, isChecked() ? QFont::Medium : QFont::Normal);
-        painter.setFont(shown);
-        painter.setPen(colors.label);
-        painter.drawText(rect(), Qt::AlignCenter,
-                         QFontMetrics(shown).elidedText(text(), Qt::ElideRight, width() - 8));
-    }
-
-  private:
-    void paintSelection(QPainter& painter, const Colors& colors) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(0, 0, 0, 24));
-        painter.drawRoundedRect(QRectF(rect()).translated(0, 1), segmentRadius, segmentRadius);
-        painter.setBrush(selectedFill(colors));
-        painter.drawRoundedRect(rect(), segmentRadius, segmentRadius);
-    }
-};
 
 } // namespace
 
@@ -80,7 +23,7 @@ SegmentedPicker::SegmentedPicker(const QStringList& titles, QWidget* parent) : Q
     row->setContentsMargins(padding, padding, padding, padding);
     row->setSpacing(0);
     for (const QString& title : titles) {
-        auto* segment = new Segment(title, this);
+        auto* segment = new SegmentButton(title, this);
         const int index = static_cast<int>(segments.size());
         connect(segment, &QAbstractButton::clicked, this, [this, index] { choose(index); });
         row->addWidget(segment);

@@ -4,9 +4,9 @@
 #include <QStringList>
 #include <QWidget>
 
-class QRadioButton;
-
 namespace tervale {
+
+class SegmentButton;
 
 /// A row of segments, one of which is selected. Left and Right move the selection. Assistive
 /// technology sees a group of radio buttons.
@@ -32,7 +32,7 @@ class SegmentedPicker : public QWidget {
   private:
     void choose(int index);
 
-    QList<QRadioButton*> segments;
+    QList<SegmentButton*> segments;
     int current = 0;
 };
 

@@ -76,7 +76,9 @@ int TextLabel::heightForWidth(int width) const {
     if (!hasHeightForWidth())
         return -1;
     QTextLayout layout(text(), font());
-    layout.setTextOption(QTextOption(Qt::AlignLeading));
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
     return std::max(1, placeLines(layout, width, setting.lineHeight)) * setting.lineHeight;
 }
 

@@ -9,11 +9,16 @@
 namespace tervale {
 
 CenteredFlowLayout::CenteredFlowLayout(int columnSpacing, int rowSpacing)
-    : columnSpacing(columnSpacing), rowSpacing(rowSpacing) {}
+    : columnSpacing(columnSpacing),
+      rowSpacing(rowSpacing) {
+    setContentsMargins(0, 0, 0, 0);
+}
 
 CenteredFlowLayout::~CenteredFlowLayout() = default;
 
-void CenteredFlowLayout::addItem(QLayoutItem* item) { items.emplace_back(item); }
+void CenteredFlowLayout::addItem(QLayoutItem* item) {
+    items.emplace_back(item);
+}
 
 QLayoutItem* CenteredFlowLayout::itemAt(int index) const {
     return index >= 0 && index < count() ? items[static_cast<std::size_t>(index)].get() : nullptr;

@@ -31,8 +31,11 @@ QHBoxLayout* rowIn(QWidget& widget) {
 } // namespace
 
 ControlsPanel::ControlsPanel(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
-    : Card(parent), model(modelShown), bridge(bridgeUsed) {
+    : Card(parent),
+      model(modelShown),
+      bridge(bridgeUsed) {
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(13);
     column->addWidget(new ModeHeading(model));
     column->addLayout(makeModeRow());
@@ -123,7 +126,9 @@ QWidget* ControlsPanel::makeTimerRow() {
     return timerRow;
 }
 
-void ControlsPanel::select(const Action& action) { bridge.send(command::Select{action}); }
+void ControlsPanel::select(const Action& action) {
+    bridge.send(command::Select{action});
+}
 
 void ControlsPanel::selectProfile(int entry) {
     if (entry > 0)
@@ -140,7 +145,8 @@ void ControlsPanel::setEditingSlider(bool editing) {
 
 void ControlsPanel::updateModes() {
     for (const auto& [button, action] : modes)
-        button->setSelected(isSelected(model, action) ? Selection::selected : Selection::unselected);
+        button->setSelected(isSelected(model, action) ? Selection::selected
+                                                      : Selection::unselected);
 }
 
 void ControlsPanel::updateSlider() {

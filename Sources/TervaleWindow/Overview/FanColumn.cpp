@@ -3,18 +3,17 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Gauges/FanDial.h"
 
-#include <QVBoxLayout>
-
 namespace tervale {
 
+namespace {
+/// How far the caption reaches into the dial's margin, in logical pixels.
+constexpr int captionOverlap = 8;
+} // namespace
+
 FanColumn::FanColumn(QWidget* parent)
-    : QWidget(parent), dial(new FanDial), number(new TextLabel({}, TextStyle::caption(), TextColor::secondary)) {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(dial);
-    column->addWidget(number, 0, Qt::AlignHCenter);
-}
+    : QWidget(parent),
+      dial(new FanDial(this)),
+      number(new TextLabel({}, TextStyle::caption(), TextColor::secondary, this)) {}
 
 void FanColumn::show(const Model::DisplayFan& fan, Caption caption) {
     const QString title = QStringLiteral("Fan %1").arg(fan.index + 1);
@@ -22,6 +21,18 @@ void FanColumn::show(const Model::DisplayFan& fan, Caption caption) {
     dial->set({fan.actual, fan.target, fan.min, fan.max, fan.manual});
     number->setText(title);
     number->setVisible(caption == Caption::number);
+    arrange();
+}
+
+void FanColumn::arrange() {
+    const QSize dialSize = dial->sizeHint();
+    const QSize numberSize = number->sizeHint();
+    dial->setGeometry({{0, 0}, dialSize});
+    number->setGeometry(
+        {{(dialSize.width() - numberSize.width()) / 2, dialSize.height() - captionOverlap},
+         numberSize});
+    const int numberHeight = number->isHidden() ? 0 : numberSize.height() - captionOverlap;
+    setFixedSize(dialSize.width(), dialSize.height() + numberHeight);
 }
 
 } // namespace tervale

@@ -21,6 +21,8 @@ class FanColumn final : public QWidget {
     void show(const Model::DisplayFan& fan, Caption caption);
 
   private:
+    void arrange();
+
     FanDial* dial;
     TextLabel* number;
 };

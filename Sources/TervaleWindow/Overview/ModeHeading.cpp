@@ -10,7 +10,9 @@
 namespace tervale {
 
 ModeHeading::ModeHeading(Model& modelShown, QWidget* parent)
-    : QWidget(parent), model(modelShown), title(new FigureLabel(roundedFont(28, QFont::Bold))),
+    : QWidget(parent),
+      model(modelShown),
+      title(new FigureLabel(roundedFont(28, QFont::Bold))),
       explanation(new TextLabel({}, TextStyle::callout(), TextColor::secondary)) {
     title->setLineHeight(34);
     explanation->setOverflow(Overflow::wrap);

@@ -20,7 +20,8 @@ QWidget* makeWaitingLabel(Model& model) {
 
 } // namespace
 
-OverviewView::OverviewView(Model& model, Bridge& bridge, QWidget* parent) : PaneFrame(QStringLiteral("Overview"), parent) {
+OverviewView::OverviewView(Model& model, Bridge& bridge, QWidget* parent)
+    : PaneFrame(QStringLiteral("Overview"), parent) {
     addPanel(makeWaitingLabel(model));
     addPanel(new FansPanel(model));
     addPanel(new ControlsPanel(model, bridge));

@@ -16,8 +16,10 @@ constexpr int barHeight = 8;
 }
 
 TemperatureRow::TemperatureRow(SensorGroup group, QGridLayout& grid, int row)
-    : QObject(grid.parentWidget()), title(new TextLabel({})),
-      bar(new ThermalBar(barHeight)), figures(new QWidget),
+    : QObject(grid.parentWidget()),
+      title(new TextLabel({})),
+      bar(new ThermalBar(barHeight)),
+      figures(new QWidget),
       figure(new FigureLabel(roundedFont(17, QFont::DemiBold))),
       hottestFigure(new FigureLabel(systemFont(fontSize::caption), TextColor::secondary)) {
     const auto name = group.title();

@@ -16,12 +16,14 @@ TextLabel* caption(const QString& text) {
     return new TextLabel(text, TextStyle::caption(), TextColor::secondary);
 }
 
-QString degrees(int value) { return QStringLiteral("%1 °C").arg(value); }
+QString degrees(int value) {
+    return QStringLiteral("%1 °C").arg(value);
+}
 
 QLayout* makeHeader() {
     auto* heading = new TextLabel(QStringLiteral("Temperatures"), TextStyle::heading());
-    auto* note = caption(QStringLiteral(
-        "CPU and GPU show the core average; other groups their hottest sensor"));
+    auto* note = caption(
+        QStringLiteral("CPU and GPU show the core average; other groups their hottest sensor"));
     note->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     note->setOverflow(Overflow::wrap);
     auto* row = new QHBoxLayout;
@@ -43,8 +45,11 @@ QWidget* makeScale() {
 } // namespace
 
 TemperaturesPanel::TemperaturesPanel(Model& modelShown, QWidget* parent)
-    : Card(parent), model(modelShown), scale(makeScale()) {
+    : Card(parent),
+      model(modelShown),
+      scale(makeScale()) {
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(12);
     column->addLayout(makeHeader());
     auto* grid = new QGridLayout;

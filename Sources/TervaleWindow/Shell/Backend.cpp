@@ -20,9 +20,13 @@ class SystemBackend final : public Backend {
 
 } // namespace
 
-std::unique_ptr<Backend> Backend::system() { return std::make_unique<SystemBackend>(); }
+std::unique_ptr<Backend> Backend::system() {
+    return std::make_unique<SystemBackend>();
+}
 
-std::unique_ptr<Backend> Backend::simulation() { return std::make_unique<SimulatedBackend>(); }
+std::unique_ptr<Backend> Backend::simulation() {
+    return std::make_unique<SimulatedBackend>();
+}
 
 void Backend::runOnMainThread(std::function<void()> task) {
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);

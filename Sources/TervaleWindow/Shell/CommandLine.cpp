@@ -34,13 +34,14 @@ QString CommandLine::help() {
     QStringList titles;
     for (const Pane pane : allPanes)
         titles << title(pane);
-    return QStringLiteral("Usage: tervale-window [OPTION]...\n"
-                          "Shows the fans and temperatures of this machine and what drives its fans.\n"
-                          "\n"
-                          "  --simulate   run on a simulated Mac with an agent of its own\n"
-                          "  --pane NAME  open with this pane: %1\n"
-                          "  --help       show this help\n"
-                          "  --version    show the version\n")
+    return QStringLiteral(
+               "Usage: tervale-window [OPTION]...\n"
+               "Shows the fans and temperatures of this machine and what drives its fans.\n"
+               "\n"
+               "  --simulate   run on a simulated Mac with an agent of its own\n"
+               "  --pane NAME  open with this pane: %1\n"
+               "  --help       show this help\n"
+               "  --version    show the version\n")
         .arg(titles.join(QStringLiteral(", ")));
 }
 

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Overview/OverviewView.h"
+#include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Shell/Sidebar.h"
 
 #include <QHBoxLayout>
@@ -9,7 +10,10 @@
 namespace tervale {
 
 ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
-    : QWidget(parent), model(modelShown), bridge(bridgeUsed), sidebar(new Sidebar(model)),
+    : QWidget(parent),
+      model(modelShown),
+      bridge(bridgeUsed),
+      sidebar(new Sidebar(model)),
       columns(new QHBoxLayout(this)) {
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
@@ -33,8 +37,9 @@ QWidget* ContentView::makePane(Pane kind) {
     switch (kind) {
     case Pane::overview:
         return new OverviewView(model, bridge);
-    case Pane::sensors:
     case Pane::profiles:
+        return new ProfilesView(model, bridge);
+    case Pane::sensors:
     case Pane::settings:
         break;
     }

@@ -15,8 +15,8 @@ namespace tervale {
 
 class Sidebar;
 
-/// The window's content: the sidebar, and beside it the pane that is chosen there. A pane is made anew
-/// each time it is shown, so that it starts with a fresh state.
+/// The window's content: the sidebar, and beside it the pane that is chosen there. A pane is made
+/// anew each time it is shown, so that it starts with a fresh state.
 class ContentView final : public QWidget {
     Q_OBJECT
 

@@ -18,7 +18,8 @@ constexpr qreal cornerRadius = 9;
 }
 
 SidebarSummary::SidebarSummary(Model& modelShown, QWidget* parent)
-    : QWidget(parent), model(modelShown) {
+    : QWidget(parent),
+      model(modelShown) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(10, 10, 10, 10);
     column->setSpacing(6);

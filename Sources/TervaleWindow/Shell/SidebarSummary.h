@@ -10,7 +10,8 @@ namespace tervale {
 class FigureLabel;
 class SymbolView;
 
-/// The first fan's speed and the CPU's average temperature; a row is there only while its figure is.
+/// The first fan's speed and the CPU's average temperature; a row is there only while its figure
+/// is.
 class SidebarSummary final : public QWidget {
     Q_OBJECT
 

@@ -12,8 +12,8 @@
 
 namespace tervale {
 
-/// A simulated Mac and its agent in this process. They live in real time, and the Mac is as busy as the
-/// machine that it runs on. What the agent stores is there again on the next start.
+/// A simulated Mac and its agent in this process. They live in real time, and the Mac is as busy as
+/// the machine that it runs on. What the agent stores is there again on the next start.
 class SimulatedBackend final : public QObject, public Backend {
     Q_OBJECT
 

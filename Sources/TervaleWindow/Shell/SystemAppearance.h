@@ -4,8 +4,8 @@ class QApplication;
 
 namespace tervale {
 
-/// Lets the window look like the desktop it runs on: takes the desktop's palette where there is one,
-/// and the window's own light palette elsewhere; sets the font of the user interface.
+/// Lets the window look like the desktop it runs on: takes the desktop's palette where there is
+/// one, and the window's own light palette elsewhere; sets the font of the user interface.
 void useSystemAppearance(QApplication& application);
 
 } // namespace tervale

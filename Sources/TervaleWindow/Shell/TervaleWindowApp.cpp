@@ -3,7 +3,8 @@
 namespace tervale {
 
 TervaleWindowApp::TervaleWindowApp(std::unique_ptr<Backend> machine)
-    : backend(std::move(machine)), bridge(backend->notificationCenter()) {}
+    : backend(std::move(machine)),
+      bridge(backend->notificationCenter()) {}
 
 void TervaleWindowApp::launch(Pane pane) {
     model = std::make_unique<Model>(backend->registry(), bridge, clock, visibility);

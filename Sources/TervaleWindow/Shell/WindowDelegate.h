@@ -6,8 +6,8 @@
 
 namespace tervale {
 
-/// Follows the application's life: sizes its windows once they are there, and ends it when the agent
-/// asks for that. (Closing the last window ends it too, which is the toolkit's own default.)
+/// Follows the application's life: sizes its windows once they are there, and ends it when the
+/// agent asks for that. (Closing the last window ends it too, which is the toolkit's own default.)
 class WindowDelegate final : public QObject {
     Q_OBJECT
 

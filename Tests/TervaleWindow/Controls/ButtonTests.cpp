@@ -9,6 +9,7 @@
 #include <QFocusFrame>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QTimer>
 
 using namespace tervale;
 
@@ -57,13 +58,17 @@ TEST_F(ButtonTest, AModeTellsAssistiveTechnologyWhetherItIsSelected) {
     EXPECT_FALSE(interface->state().checked);
     button.setSelected(Selection::selected);
     EXPECT_TRUE(interface->state().checked);
+    QSignalSpy clicks(&button, &QAbstractButton::clicked);
+    interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks.count(), 1);
+    EXPECT_TRUE(button.isSelected());
 }
 
 TEST_F(ButtonTest, AModeIsFilledWithTheAccentWhileItIsSelected) {
     ModeButton& button = show(new ModeButton("50%"));
     const QPoint probe(8, 15);
     for (const QPalette& palette : {lightPalette(), darkPalette()}) {
-        QApplication::setPalette(palette);
+        wear(palette);
         const Colors colors = Colors::of(palette);
         button.setSelected(Selection::unselected);
         EXPECT_TRUE(isClose(pixel(button, probe), onto(colors.window, colors.quaternary)));
@@ -91,7 +96,7 @@ TEST_F(ButtonTest, ThePlainAndTheProminentButtonHaveTheirColours) {
     prominent.setDefault(true);
     EXPECT_EQ(plain.height(), 26);
     for (const QPalette& palette : {lightPalette(), darkPalette()}) {
-        QApplication::setPalette(palette);
+        wear(palette);
         EXPECT_TRUE(isClose(pixel(plain, {8, 6}), Colors::of(palette).control));
         EXPECT_TRUE(isClose(pixel(prominent, {8, 6}), Theme::accent()));
     }

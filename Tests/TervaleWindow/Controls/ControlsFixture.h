@@ -25,8 +25,13 @@ class ControlsFixture : public testing::Test {
         installed = true;
     }
 
-    void SetUp() override { QApplication::setPalette(lightPalette()); }
-    void TearDown() override { QApplication::setPalette(lightPalette()); }
+    void SetUp() override { wear(lightPalette()); }
+
+    /// Changes the palette as the desktop does.
+    static void wear(const QPalette& palette) {
+        QApplication::setPalette(palette);
+        QApplication::processEvents();
+    }
 };
 
 inline void present(QWidget& window) {

@@ -108,7 +108,7 @@ TEST_F(FieldTest, ASearchHasARoundedGroundWithoutALine) {
     SearchField& field = show(new SearchField("Filter sensors"));
     EXPECT_EQ(field.height(), 28);
     for (const QPalette& palette : {lightPalette(), darkPalette()}) {
-        QApplication::setPalette(palette);
+        wear(palette);
         const Colors colors = Colors::of(palette);
         EXPECT_TRUE(isClose(pixel(field, {100, 2}), onto(colors.window, colors.quaternary)));
         EXPECT_TRUE(isClose(pixel(field, {0, 0}), colors.window));

@@ -90,7 +90,7 @@ TEST_F(LabelTest, ATextStartsAtTheRightWhereTextRunsFromThere) {
 TEST_F(LabelTest, ColoursFollowThePaletteAtOnce) {
     TextLabel label("Profile");
     EXPECT_LT(darkest(label), 60);
-    QApplication::setPalette(darkPalette());
+    wear(darkPalette());
     QImage image = label.grab().toImage();
     EXPECT_TRUE(isClose(image.pixelColor(image.width() - 1, 0), Colors::of(darkPalette()).window));
     EXPECT_LT(darkest(label), 40); // the ground
@@ -172,7 +172,7 @@ TEST_F(LabelTest, ACardIsARoundedPanelInLightAndDark) {
     Card card;
     card.resize(200, 102);
     for (const QPalette& palette : {lightPalette(), darkPalette()}) {
-        QApplication::setPalette(palette);
+        wear(palette);
         const Colors colors = Colors::of(palette);
         EXPECT_TRUE(isClose(pixel(card, {100, 50}), colors.card));
         EXPECT_TRUE(isClose(pixel(card, {0, 50}), onto(colors.card, colors.line)));

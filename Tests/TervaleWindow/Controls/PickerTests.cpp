@@ -106,6 +106,11 @@ TEST_F(PickerTest, APopUpHasItsRoleNameAndValue) {
     EXPECT_EQ(accessible(button)->role(), QAccessible::ComboBox);
     EXPECT_EQ(accessible(button)->text(QAccessible::Name), "Profile");
     EXPECT_EQ(accessible(button)->text(QAccessible::Value), "No profile");
+    accessible(button)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(button.view()->isVisible());
+    EXPECT_TRUE(accessible(button)->state().expanded);
+    EXPECT_EQ(accessible(button)->child(0)->role(), QAccessible::List);
+    button.hidePopup();
 }
 
 TEST_F(PickerTest, SegmentsAreChosenByMouseAndArrowKeys) {
@@ -136,6 +141,7 @@ TEST_F(PickerTest, SegmentsAreRadioButtonsToAssistiveTechnology) {
     QSignalSpy chosen(&picker, &SegmentedPicker::chosen);
     second->actionInterface()->doAction(second->actionInterface()->actionNames().first());
     EXPECT_TRUE(second->state().checked);
+    EXPECT_EQ(picker.selected(), 1);
     EXPECT_EQ(chosen.count(), 1);
 }
 
@@ -143,7 +149,7 @@ TEST_F(PickerTest, TheSelectedSegmentStandsOutInLightAndDark) {
     SegmentedPicker& picker = show(new SegmentedPicker({"Hottest sensor", "Core average"}));
     EXPECT_EQ(picker.height(), 28);
     EXPECT_TRUE(isClose(pixel(picker, {8, 6}), Qt::white));
-    QApplication::setPalette(darkPalette());
+    wear(darkPalette());
     EXPECT_TRUE(isClose(pixel(picker, {8, 6}), QColor(0x63, 0x63, 0x68)));
 }
 

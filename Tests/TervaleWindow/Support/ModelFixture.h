@@ -3,6 +3,7 @@
 #include "Profiles/InProcessNotificationCenter.h"
 #include "TervaleWindow/Model/Model.h"
 #include "TervaleWindow/Support/FakeController.h"
+#include "TervaleWindow/Support/Settable.h"
 
 #include <gtest/gtest.h>
 
@@ -10,23 +11,6 @@
 #include <vector>
 
 namespace tervale {
-
-/// A clock that stands where it is put.
-class SettableClock final : public Clock {
-  public:
-    Date time;
-    int minute = 0;
-
-    Date now() const override { return time; }
-    int minuteOfDay() const override { return minute; }
-};
-
-class SettableVisibility final : public Visibility {
-  public:
-    bool shown = true;
-
-    bool visible() const override { return shown; }
-};
 
 /// A model on a fake controller, with a test in the place of the agent.
 class ModelFixture : public testing::Test {

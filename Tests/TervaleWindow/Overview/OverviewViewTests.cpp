@@ -1,0 +1,342 @@
+#include "TervaleWindow/Controls/FractionSlider.h"
+#include "TervaleWindow/Controls/MenuButton.h"
+#include "TervaleWindow/Controls/ModeButton.h"
+#include "TervaleWindow/Controls/PopUpButton.h"
+#include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Gauges/FanDial.h"
+#include "TervaleWindow/Gauges/ThermalBar.h"
+#include "TervaleWindow/Overview/FanChoices.h"
+#include "TervaleWindow/Overview/OverviewView.h"
+#include "TervaleWindow/Support/ModelFixture.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace tervale;
+
+namespace {
+
+constexpr UUID quietId{{7}};
+constexpr UUID loudId{{8}};
+
+std::vector<Profile> twoProfiles() {
+    return {{quietId, "Quiet", kind::Load{}}, {loudId, "Loud & clear", kind::Load{}}};
+}
+
+} // namespace
+
+class Overview : public ModelFixture {
+  protected:
+    void SetUp() override {
+        QApplication::setStyle(new WindowStyle);
+        controller.setFan(0, 2893, 3100, 1200, 5777, 1);
+        controller.setFan(1, 2911, 3100, 1300, 6241);
+        controller.set("Tp01", 45);
+        controller.set("Tp05", 71);
+        controller.set("Tm02", 47);
+    }
+
+    OverviewView& show() {
+        if (!model)
+            makeModel();
+        takeCommands();
+        view = std::make_unique<OverviewView>(*model, bridge);
+        view->resize(790, 1200);
+        view->show();
+        return *view;
+    }
+
+    template <class Widget>
+    Widget* named(const QString& text) {
+        for (auto* widget : view->findChildren<Widget*>()) {
+            if (widget->isVisibleTo(view.get()) &&
+                (widget->accessibleName() == text || widget->property("text").toString() == text))
+                return widget;
+        }
+        return nullptr;
+    }
+    ModeButton& mode(const QString& title) { return *named<ModeButton>(title); }
+    FractionSlider& slider() { return *view->findChild<FractionSlider*>(); }
+    PopUpButton* picker() { return named<PopUpButton>("Profile"); }
+    MenuButton* timerMenu() { return named<MenuButton>("Timer"); }
+    bool shows(const QString& text) { return named<QLabel>(text) != nullptr; }
+
+    std::vector<QString> selectedModes() {
+        std::vector<QString> titles;
+        for (const auto* button : view->findChildren<ModeButton*>()) {
+            if (button->isSelected())
+                titles.push_back(button->text());
+        }
+        return titles;
+    }
+
+    std::unique_ptr<OverviewView> view;
+};
+
+TEST_F(Overview, SendsOneCommandForEachModeButton) {
+    show();
+    for (const QString& title :
+         {QString("Automatic"), QString("25%"), QString("50%"), QString("75%"), QString("Max")})
+        QTest::mouseClick(&mode(title), Qt::LeftButton);
+    const std::vector<BridgeCommand> expected{
+        command::Select{action::Automatic{}}, command::Select{action::Fixed{0.25}},
+        command::Select{action::Fixed{0.5}}, command::Select{action::Fixed{0.75}},
+        command::Select{action::Fixed{1.0}}};
+    EXPECT_EQ(takeCommands(), expected);
+}
+
+TEST_F(Overview, ShowsAModeAsSelectedOnlyWhenTheAgentConfirmsIt) {
+    show();
+    EXPECT_EQ(selectedModes(), std::vector<QString>{"Automatic"});
+    QTest::mouseClick(&mode("50%"), Qt::LeftButton);
+    EXPECT_EQ(selectedModes(), std::vector<QString>{"Automatic"});
+    BridgeState state;
+    state.selection = action::Fixed{0.5};
+    publish(state);
+    EXPECT_EQ(selectedModes(), std::vector<QString>{"50%"});
+    EXPECT_EQ(slider().fraction(), 0.5);
+    state.timerAction = action::Automatic{};
+    publish(state);
+    EXPECT_TRUE(selectedModes().empty());
+}
+
+TEST_F(Overview, ReachesAModeButtonByTheKeyboard) {
+    show();
+    mode("75%").setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&mode("75%"), Qt::Key_Space);
+    EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::Select{action::Fixed{0.75}}});
+}
+
+TEST_F(Overview, SendsOneCommandWhenTheSliderIsReleased) {
+    show();
+    const QPoint middle = slider().rect().center();
+    QTest::mousePress(&slider(), Qt::LeftButton, {}, middle);
+    for (int step = 1; step <= 20; ++step)
+        QTest::mouseMove(&slider(), middle + QPoint(3 * step, 0));
+    EXPECT_TRUE(takeCommands().empty());
+    QTest::mouseRelease(&slider(), Qt::LeftButton, {}, middle + QPoint(60, 0));
+    const auto commands = takeCommands();
+    ASSERT_EQ(commands.size(), 1U);
+    EXPECT_EQ(commands.front(), BridgeCommand(command::Select{fixedAt(slider().fraction())}));
+    EXPECT_GT(slider().fraction(), 0.5);
+}
+
+TEST_F(Overview, SendsOneCommandForAKeyOfTheSlider) {
+    show();
+    BridgeState state;
+    state.selection = action::Fixed{0.5};
+    publish(state);
+    slider().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&slider(), Qt::Key_Right);
+    EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::Select{action::Fixed{0.51}}});
+}
+
+TEST_F(Overview, LeavesTheSliderAloneWhileItIsDragged) {
+    show();
+    const QPoint middle = slider().rect().center();
+    QTest::mousePress(&slider(), Qt::LeftButton, {}, middle);
+    const double held = slider().fraction();
+    BridgeState state;
+    state.selection = action::Fixed{0.9};
+    publish(state);
+    EXPECT_EQ(slider().fraction(), held);
+    QTest::mouseRelease(&slider(), Qt::LeftButton, {}, middle);
+    EXPECT_EQ(takeCommands().size(), 1U);
+}
+
+TEST_F(Overview, LeavesTheSliderWhereItIsForOtherSelections) {
+    show();
+    BridgeState state;
+    state.selection = action::Fixed{0.7};
+    publish(state);
+    EXPECT_TRUE(shows("70%"));
+    state.selection = action::Automatic{};
+    publish(state);
+    EXPECT_EQ(slider().fraction(), 0.7);
+}
+
+TEST_F(Overview, SetsTheSliderWhenItIsShownAnew) {
+    makeModel();
+    BridgeState state;
+    state.selection = action::Fixed{0.3};
+    publish(state);
+    show();
+    EXPECT_EQ(slider().fraction(), 0.3);
+    state.selection = action::Automatic{};
+    publish(state);
+    show();
+    EXPECT_EQ(slider().fraction(), 0.0);
+}
+
+TEST_F(Overview, HasNoPickerWithoutProfiles) {
+    show();
+    EXPECT_EQ(picker(), nullptr);
+    BridgeState state;
+    state.profiles = twoProfiles();
+    publish(state);
+    ASSERT_NE(picker(), nullptr);
+    QStringList entries;
+    for (int i = 0; i < picker()->count(); ++i)
+        entries << picker()->itemText(i);
+    EXPECT_EQ(entries, (QStringList{"No profile", "Quiet", "Loud & clear"}));
+}
+
+TEST_F(Overview, SelectsAProfileAndShowsItOnceConfirmed) {
+    show();
+    BridgeState state;
+    state.profiles = twoProfiles();
+    publish(state);
+    picker()->setCurrentIndex(2);
+    emit picker()->activated(2);
+    EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::Select{action::Profile{loudId}}});
+    EXPECT_EQ(picker()->currentText(), "No profile");
+    state.selection = action::Profile{loudId};
+    publish(state);
+    EXPECT_EQ(picker()->currentText(), "Loud & clear");
+    EXPECT_TRUE(shows("Following the profile."));
+}
+
+TEST_F(Overview, SendsNothingForNoProfile) {
+    show();
+    BridgeState state;
+    state.profiles = twoProfiles();
+    state.selection = action::Profile{quietId};
+    publish(state);
+    picker()->setCurrentIndex(0);
+    emit picker()->activated(0);
+    EXPECT_TRUE(takeCommands().empty());
+    EXPECT_EQ(picker()->currentText(), "Quiet");
+}
+
+TEST_F(Overview, ShowsAMissingProfile) {
+    show();
+    BridgeState state;
+    state.profiles = twoProfiles();
+    state.selection = action::Profile{};
+    publish(state);
+    EXPECT_TRUE(shows("Missing profile"));
+    EXPECT_EQ(picker()->currentText(), "No profile");
+}
+
+TEST_F(Overview, StartsATimerFromItsMenu) {
+    show();
+    BridgeState state;
+    state.profiles = twoProfiles();
+    publish(state);
+    const QMenu& menu = *timerMenu()->menu();
+    ASSERT_EQ(menu.actions().size(), 7);
+    EXPECT_EQ(menu.actions().at(6)->text(), "Loud && clear");
+    const auto durations = menu.actions().at(1)->menu()->actions();
+    ASSERT_EQ(durations.size(), 4);
+    durations.at(1)->trigger();
+    menu.actions().at(5)->menu()->actions().at(3)->trigger();
+    const std::vector<BridgeCommand> expected{command::StartTimer{action::Fixed{0.5}, 1800},
+                                              command::StartTimer{action::Profile{quietId}, 7200}};
+    EXPECT_EQ(takeCommands(), expected);
+}
+
+TEST_F(Overview, ShowsARunningTimerAndCancelsIt) {
+    show();
+    BridgeState state;
+    state.timerAction = action::Fixed{0.5};
+    state.timerEnds = Date{0};
+    publish(state);
+    EXPECT_EQ(timerMenu(), nullptr);
+    EXPECT_TRUE(shows("50%"));
+    EXPECT_TRUE(shows("Fixed speed, held until you change it."));
+    auto* cancel = named<QPushButton>("Cancel");
+    ASSERT_NE(cancel, nullptr);
+    QTest::mouseClick(cancel, Qt::LeftButton);
+    EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::CancelTimer{}});
+    publish({});
+    EXPECT_NE(timerMenu(), nullptr);
+    EXPECT_EQ(named<QPushButton>("Cancel"), nullptr);
+}
+
+TEST_F(Overview, WaitsForTheAgentWithEverythingUsable) {
+    show();
+    EXPECT_TRUE(shows("Waiting for Tervale in the menu bar…"));
+    QTest::mouseClick(&mode("Max"), Qt::LeftButton);
+    EXPECT_EQ(takeCommands().size(), 1U);
+    publish({});
+    EXPECT_FALSE(shows("Waiting for Tervale in the menu bar…"));
+}
+
+TEST_F(Overview, NumbersItsFansOnlyWhenThereAreSeveral) {
+    show();
+    EXPECT_TRUE(shows("Fan 1"));
+    EXPECT_TRUE(shows("Fan 2"));
+    controller.setFanCount(1);
+    model->refresh();
+    EXPECT_FALSE(shows("Fan 1"));
+    EXPECT_EQ(view->findChildren<FanDial*>().size(), 1);
+}
+
+TEST_F(Overview, HasNoDialsWithoutAController) {
+    controller.absent = true;
+    show();
+    EXPECT_TRUE(view->findChildren<FanDial*>().isEmpty());
+    QTest::mouseClick(&mode("50%"), Qt::LeftButton);
+    EXPECT_EQ(takeCommands().size(), 1U);
+}
+
+TEST_F(Overview, ShowsTheAverageAndTheHottestOfTheProcessorAndOneFigureOfOthers) {
+    show();
+    EXPECT_TRUE(shows("CPU"));
+    EXPECT_TRUE(shows("58 °C"));
+    EXPECT_TRUE(shows("hottest core 71 °C"));
+    EXPECT_TRUE(shows("Memory"));
+    EXPECT_TRUE(shows("47 °C"));
+    EXPECT_FALSE(shows("GPU"));
+    EXPECT_FALSE(shows("Other"));
+    EXPECT_TRUE(shows("20 °C"));
+    EXPECT_TRUE(shows("100 °C"));
+}
+
+TEST_F(Overview, NamesItsGaugesAndTheirValues) {
+    show();
+    const auto valueOf = [](QWidget* gauge) {
+        return QAccessible::queryAccessibleInterface(gauge)->text(QAccessible::Value);
+    };
+    auto* dial = named<FanDial>("Fan 1");
+    ASSERT_NE(dial, nullptr);
+    EXPECT_EQ(valueOf(dial), "2893 rpm");
+    auto* bar = named<ThermalBar>("CPU");
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(valueOf(bar), "58 °C");
+}
+
+TEST_F(Overview, GivesEveryControlAName) {
+    show();
+    BridgeState state;
+    state.profiles = twoProfiles();
+    publish(state);
+    for (auto* widget : view->findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisibleTo(view.get()))
+            continue;
+        const auto* accessible = QAccessible::queryAccessibleInterface(widget);
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+            << widget->metaObject()->className();
+    }
+}
+
+TEST_F(Overview, FitsTheSmallestWindowWithoutClipping) {
+    show();
+    BridgeState state;
+    state.profiles = {{quietId, std::string(200, 'W'), kind::Load{}}};
+    state.selection = action::Profile{quietId};
+    state.status = std::string(300, 'x') + " " + std::string(100, 'y');
+    publish(state);
+    view->resize(590, 520);
+    QApplication::processEvents();
+    for (auto* widget : view->findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(view.get()) || widget->isWindow())
+            continue;
+        const int right = widget->mapTo(view.get(), QPoint(widget->width(), 0)).x();
+        EXPECT_LE(right, 590) << widget->metaObject()->className();
+    }
+}

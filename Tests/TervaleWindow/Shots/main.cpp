@@ -1,0 +1,134 @@
+// Draws every pane, light and dark, in the sizes and scales that matter, into PNG files.
+
+#include "Profiles/InProcessNotificationCenter.h"
+#include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Shell/SystemAppearance.h"
+#include "TervaleWindow/Support/FakeController.h"
+#include "TervaleWindow/Support/Settable.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLocale>
+#include <QTextStream>
+
+#include <functional>
+
+using namespace tervale;
+
+namespace {
+
+constexpr UUID quietId{{1}};
+
+std::vector<Profile> sampleProfiles() {
+    const Curve curve{{{40, 0.1}, {60, 0.35}, {80, 0.75}, {95, 1.0}}};
+    return {{quietId, "Quiet", kind::Temperature{{SensorGroup::ssd, false}, curve}},
+            {UUID{{2}}, "Temperature", kind::Temperature{{SensorGroup::cpu, true}, curve}},
+            {UUID{{3}}, "Load", kind::Load{{{{10, 0}, {50, 0.4}, {90, 1}}}}},
+            {UUID{{4}}, "Night",
+             kind::Schedule{{{1380, 420, action::Automatic{}},
+                             {540, 720, action::Fixed{0.4}},
+                             {690, 1020, action::Profile{quietId}}}}},
+            {UUID{{5}}, "", kind::Load{{{{10, 0}, {90, 1}}}}}};
+}
+
+void fill(FakeController& controller) {
+    controller.setFan(0, 2893, 3100, 1200, 5777, 1);
+    controller.setFan(1, 2911, 3100, 1300, 6241, 1);
+    const std::pair<const char*, double> sensors[]{
+        {"Tp01", 57}, {"Tp05", 61}, {"Tp09", 71}, {"Tp0D", 60}, {"Tp0H", 57}, {"Te05", 50},
+        {"Te0L", 50}, {"Tg05", 48}, {"Tg0D", 60}, {"Tg0L", 48}, {"Tm02", 45}, {"Tm06", 47},
+        {"TH0x", 39}, {"TPD0", 63}, {"TVD0", 51}, {"TW0P", 41}, {"TaLP", 32}};
+    for (const auto& [key, value] : sensors)
+        controller.set(key, value);
+}
+
+/// One situation of the window.
+struct Scene {
+    QString name;
+    Pane pane;
+    QSize size;
+    std::function<void(BridgeState&)> change;
+    /// Without an agent there is no state at all.
+    bool agent = true;
+};
+
+std::vector<Scene> scenes() {
+    const QSize usual(980, 680);
+    const QSize smallest(780, 520);
+    const QSize tall(980, 900);
+    const auto nothing = [](BridgeState&) {};
+    const auto timer = [](BridgeState& state) {
+        state.timerAction = action::Fixed{0.5};
+        state.selection = action::Automatic{};
+        const QDateTime end(QDate(2026, 1, 15), QTime(14, 30));
+        state.timerEnds =
+            Date{static_cast<double>(end.toSecsSinceEpoch()) - Date::referenceSinceUnixEpoch};
+    };
+    std::vector<Scene> all;
+    for (const Pane pane : allPanes) {
+        all.push_back({title(pane).toLower(), pane, usual, nothing});
+        all.push_back({title(pane).toLower() + "-small", pane, smallest, nothing});
+    }
+    all.push_back({"overview-tall", Pane::overview, tall, nothing});
+    all.push_back({"overview-timer", Pane::overview, tall, timer});
+    all.push_back({"overview-waiting", Pane::overview, tall, nothing, false});
+    return all;
+}
+
+/// Lets animations come to their end.
+void settle() {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (elapsed.elapsed() < 700)
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void draw(const Scene& scene, const QString& path) {
+    FakeController controller;
+    fill(controller);
+    InProcessNotificationCenter center;
+    Bridge bridge(center);
+    SettableClock clock;
+    SettableVisibility visibility;
+    Model model(controller, bridge, clock, visibility);
+    if (scene.agent) {
+        BridgeState state;
+        state.selection = action::Fixed{0.5};
+        state.profiles = sampleProfiles();
+        state.launchAtLogin = true;
+        scene.change(state);
+        bridge.publish(state);
+    }
+    ContentView window(model, bridge);
+    window.setSection(scene.pane);
+    window.resize(scene.size);
+    window.show();
+    settle();
+    if (!window.grab().save(path))
+        qFatal("cannot write %s", qPrintable(path));
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    QApplication application(argumentCount, arguments);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    useSystemAppearance(application);
+    const QDir folder(argumentCount > 1 ? QString::fromLocal8Bit(arguments[1]) : "shots");
+    if (!folder.mkpath("."))
+        qFatal("cannot make the folder %s", qPrintable(folder.path()));
+    const QString scale = qApp->devicePixelRatio() > 1 ? "@2x" : "";
+    for (const bool dark : {false, true}) {
+        QApplication::setPalette(dark ? darkPalette() : lightPalette());
+        for (const Scene& scene : scenes()) {
+            const QString path =
+                folder.filePath(scene.name + (dark ? "-dark" : "-light") + scale + ".png");
+            draw(scene, path);
+            QTextStream(stdout) << path << '\n';
+        }
+    }
+    return 0;
+}
