@@ -23,8 +23,10 @@ constexpr int usualSpacing = 12;
 constexpr int tightSpacing = 8;
 constexpr int secondLineMargin = 8;
 constexpr int widestPicker = 150;
-constexpr int narrowestPicker = 112;
-constexpr int sliderWidth = 96;
+// "Fixed speed" fits.
+constexpr int narrowestPicker = 122;
+constexpr int usualSliderWidth = 96;
+constexpr int tightSliderWidth = 84;
 constexpr int speedWidth = 38;
 // Before the profiles: "Automatic", "Fixed speed" and the divider.
 constexpr int firstTarget = 3;
@@ -63,7 +65,7 @@ ScheduleRow::ScheduleRow(QWidget* parent)
     picker->setMaximumWidth(widestPicker);
     picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     slider->setAccessibleName(tr("Fan speed"));
-    slider->setFixedWidth(sliderWidth);
+    slider->setFixedWidth(usualSliderWidth);
     speed->setFixedWidth(speedWidth);
     speed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layOut();
@@ -177,8 +179,10 @@ void ScheduleRow::setArrangement(Arrangement arrangement) {
     const bool wasBroken = arranged == Arrangement::twoLines;
     const bool broken = arrangement == Arrangement::twoLines;
     arranged = arrangement;
+    const bool tight = arrangement == Arrangement::tightLine;
     for (QBoxLayout* line : {runLine, firstLine})
-        line->setSpacing(arrangement == Arrangement::tightLine ? tightSpacing : usualSpacing);
+        line->setSpacing(tight ? tightSpacing : usualSpacing);
+    slider->setFixedWidth(tight ? tightSliderWidth : usualSliderWidth);
     if (broken && !wasBroken) {
         firstLine->removeWidget(run);
         firstLine->insertStretch(runPlace, 1);
@@ -195,15 +199,16 @@ void ScheduleRow::setArrangement(Arrangement arrangement) {
 int ScheduleRow::widthOf(Arrangement arrangement) const {
     const int times = start->sizeHint().width() + end->sizeHint().width() +
                       fontMetrics().horizontalAdvance(tr("to"));
-    const int running = narrowestPicker + sliderWidth + speedWidth;
+    const int running = narrowestPicker + speedWidth;
     const int remove = removeButton->sizeHint().width();
     switch (arrangement) {
     case Arrangement::oneLine:
-        return times + running + remove + 6 * usualSpacing;
+        return times + running + usualSliderWidth + remove + 6 * usualSpacing;
     case Arrangement::tightLine:
-        return times + running + remove + 6 * tightSpacing;
+        return times + running + tightSliderWidth + remove + 6 * tightSpacing;
     case Arrangement::twoLines:
-        return std::max(times + remove + 4 * usualSpacing, running + 2 * usualSpacing);
+        return std::max(times + remove + 4 * usualSpacing,
+                        running + usualSliderWidth + 2 * usualSpacing);
     }
     return 0;
 }

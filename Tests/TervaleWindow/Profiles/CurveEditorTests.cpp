@@ -261,6 +261,32 @@ TEST_F(CurveCanvasTest, PaintsTheMarkerWhereTheReadingIs) {
     EXPECT_LT(changed, 110);
 }
 
+TEST_F(CurveCanvasTest, KeepsTheMarkersLabelOnTheCanvas) {
+    canvas.setMarker(20);
+    const QImage cold = canvas.grab().toImage();
+    canvas.setMarker(109);
+    const QImage hot = canvas.grab().toImage();
+    const auto labelled = [&](int left, int right) {
+        int changed = 0;
+        for (int x = left; x < right; ++x)
+            for (int y = 16; y < 24; ++y)
+                changed += cold.pixel(x, y) != hot.pixel(x, y) ? 1 : 0;
+        return changed > 20;
+    };
+    const int line = at(109, 0).x();
+    EXPECT_TRUE(labelled(line - 60, line - 5));
+    EXPECT_FALSE(labelled(line + 5, canvas.width()));
+}
+
+TEST_F(CurveCanvasTest, EnduresImpossibleNumbers) {
+    canvas.setCurve({{{-1e300, 1e300}, {1e300, -1e300}}});
+    EXPECT_FALSE(canvas.grab().isNull());
+    key(Qt::Key_Right);
+    key(Qt::Key_Up, Qt::AltModifier);
+    key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(points().size(), 2U);
+}
+
 TEST_F(CurveCanvasTest, FollowsThePaletteFromLightToDark) {
     canvas.setPalette(lightPalette());
     const QImage light = canvas.grab().toImage();
