@@ -8,7 +8,9 @@
 namespace tervale {
 
 PaneFrame::PaneFrame(const QString& title, QWidget* parent)
-    : QWidget(parent), headerRow(new QHBoxLayout), panels(new QVBoxLayout) {
+    : QWidget(parent),
+      headerRow(new QHBoxLayout),
+      panels(new QVBoxLayout) {
     auto* headerBox = new QWidget;
     headerBox->setFixedHeight(headerHeight);
     headerBox->setLayout(headerRow);
@@ -43,6 +45,8 @@ PaneFrame::PaneFrame(const QString& title, QWidget* parent)
     frame->addWidget(scrollArea, 1);
 }
 
-void PaneFrame::addPanel(QWidget* panel) { panels->addWidget(panel); }
+void PaneFrame::addPanel(QWidget* panel) {
+    panels->addWidget(panel);
+}
 
 } // namespace tervale

@@ -14,6 +14,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
+/// What a sensor may read at the utmost; anything else, NaN among it, is a failed reading.
+constexpr ClosedRange showable{-1e9, 1e9};
+
 bool movedBy(double step, double value, double from) {
     return std::abs(value - from) >= step;
 }
@@ -70,7 +73,7 @@ void Model::open(IORegistry& registry) {
     sampler.emplace(sensorsFound, [this](const TemperatureSensor& sensor) -> std::optional<double> {
         try {
             const double value = smc->read(sensor.key);
-            return std::isfinite(value) ? std::optional(value) : std::nullopt;
+            return showable.contains(value) ? std::optional(value) : std::nullopt;
         } catch (const SMCError&) {
             return std::nullopt;
         }
