@@ -3,7 +3,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
+#include <cstdint>
 #include <string>
+#include <variant>
 
 using namespace tervale;
 

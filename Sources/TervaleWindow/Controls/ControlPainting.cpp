@@ -22,6 +22,13 @@ QColor black(qreal alpha) {
     return color;
 }
 
+/// A pale ring would drown on a dark ground, and is no help to who needs high contrast.
+float ringOpacity(const Colors& colors) {
+    if (colors.controlLine.alphaF() > 0.5f)
+        return 1;
+    return colors.dark ? 0.6f : 0.35f;
+}
+
 } // namespace
 
 void paintBox(QPainter& painter, const QRectF& box, qreal radius, const QColor& fill,
@@ -96,10 +103,10 @@ void paintChevrons(QPainter& painter, const QRectF& square) {
     paintSymbol(painter, Symbol::chevronUpDown, square.adjusted(2, 2, -2, -2), Qt::white, 1.4);
 }
 
-void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius) {
+void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const Colors& colors) {
     painter.setRenderHint(QPainter::Antialiasing);
     QColor color = Theme::accent();
-    color.setAlphaF(0.35f);
+    color.setAlphaF(ringOpacity(colors));
     painter.setPen(QPen(color, focusRingWidth));
     painter.setBrush(Qt::NoBrush);
     const qreal half = focusRingWidth / 2.0;

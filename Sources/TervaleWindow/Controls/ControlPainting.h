@@ -35,7 +35,7 @@ void paintKnob(QPainter& painter, const QRectF& disc);
 /// The accent-coloured square with chevrons of a control that opens a list.
 void paintChevrons(QPainter& painter, const QRectF& square);
 /// Around the outside of a shape.
-void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius);
+void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const Colors& colors);
 
 /// The corner radius of the ring around a control that is not the usual box.
 void setFocusRadius(QWidget& widget, int radius);

@@ -25,7 +25,7 @@ class FractionSlider : public QSlider {
     explicit FractionSlider(QWidget* parent = nullptr);
 
     double fraction() const;
-    /// Shows a value, clamped to 0...1, without any signal.
+    /// Shows a value, clamped to 0...1, without either of the signals below.
     void setFraction(double fraction);
     bool isEditing() const;
     /// How long the wheel must rest for its gesture to be over.

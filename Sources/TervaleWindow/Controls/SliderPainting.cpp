@@ -57,7 +57,7 @@ void paintSlider(QPainter& painter, const SliderLayout& layout, const Colors& co
     painter.drawRoundedRect(layout.filled, radius, radius);
     paintKnob(painter, layout.knob);
     if (ring == KnobRing::shown)
-        paintFocusRing(painter, layout.knob, layout.knob.height() / 2);
+        paintFocusRing(painter, layout.knob, layout.knob.height() / 2, colors);
 }
 
 } // namespace tervale

@@ -143,7 +143,7 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
     } else if (element == CE_FocusFrame && frame && frame->widget()) {
         const int margin = focusRingWidth;
         paintFocusRing(*painter, QRectF(option->rect).adjusted(margin, margin, -margin, -margin),
-                       focusRadius(*frame->widget()));
+                       focusRadius(*frame->widget()), Colors::of(option->palette));
     } else if (element != CE_MenuEmptyArea) {
         QProxyStyle::drawControl(element, option, painter, widget);
     }

@@ -44,7 +44,7 @@ int main(int count, char** arguments) {
             [&](const CommandLine::OpenWindow& request) { return openWindow(request, arguments); },
             [](const CommandLine::ShowHelp&) { return print(stdout, CommandLine::help(), 0); },
             [](const CommandLine::ShowVersion&) {
-                return print(stdout, QStringLiteral("tervale-window " TERVALE_VERSION "\n"), 0);
+                return print(stdout, QStringLiteral("tervale-window " TERVALE_VERSION " (" TERVALE_BUILD ")\n"), 0);
             },
             [](const CommandLine::Refuse& refusal) {
                 return print(stderr,
