@@ -110,7 +110,7 @@ void SensorSectionCard::paintEvent(QPaintEvent* event) {
             painter, {shown.rows[static_cast<std::size_t>(row)], layout.row(row), shownLength(row)},
             colors, layout.direction, event->rect());
     if (current && *current < rowCount())
-        paintCurrentRow(painter, layout.row(*current));
+        paintCurrentRow(painter, layout.row(*current), colors);
 }
 
 void SensorSectionCard::hideEvent(QHideEvent* event) {

@@ -71,10 +71,10 @@ void paintSensorRow(QPainter& painter, const ShownSensorRow& shown, const Colors
     }
 }
 
-void paintCurrentRow(QPainter& painter, const SensorRowLayout& layout) {
+void paintCurrentRow(QPainter& painter, const SensorRowLayout& layout, const Colors& colors) {
     const QRectF shape = layout.row.adjusted(-ringOutset, 1 + ringInset, ringOutset, -ringInset);
     painter.save();
-    paintFocusRing(painter, shape, controlRadius);
+    paintFocusRing(painter, shape, controlRadius, colors);
     painter.restore();
 }
 

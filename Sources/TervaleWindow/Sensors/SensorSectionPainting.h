@@ -21,6 +21,6 @@ struct ShownSensorRow {
 void paintSensorRow(QPainter& painter, const ShownSensorRow& shown, const Colors& colors,
                     Qt::LayoutDirection direction, const QRect& exposed);
 /// The ring around the row that the keyboard is at.
-void paintCurrentRow(QPainter& painter, const SensorRowLayout& layout);
+void paintCurrentRow(QPainter& painter, const SensorRowLayout& layout, const Colors& colors);
 
 } // namespace tervale

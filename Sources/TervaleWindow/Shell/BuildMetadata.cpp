@@ -4,7 +4,7 @@ namespace tervale {
 
 std::optional<ApplicationMetadata::Value> BuildMetadata::value(const std::string& key) const {
     if (key == "CFBundleShortVersionString")
-        return TERVALE_SHORT_VERSION;
+        return TERVALE_VERSION;
     if (key == "CFBundleVersion")
         return TERVALE_BUILD;
     return std::nullopt;
