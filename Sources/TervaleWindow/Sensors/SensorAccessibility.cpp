@@ -140,10 +140,8 @@ QAccessibleInterface* sensorInterface(const QString&, QObject* object) {
 } // namespace
 
 void makeSensorsAccessible() {
-    [[maybe_unused]] static const bool once = [] {
-        QAccessible::installFactory(sensorInterface);
-        return true;
-    }();
+    // A factory that is there already is not installed again.
+    QAccessible::installFactory(sensorInterface);
 }
 
 void announceSensorList(SensorSectionCard& card) {

@@ -39,9 +39,10 @@ SensorSectionCard::SensorSectionCard(SensorGroup group, QWidget* parent)
     : Card(parent),
       shown{group, {}},
       animation(*this) {
+    // First of all: naming a widget already makes, and keeps, its description.
+    makeSensorsAccessible();
     setPadding(padding);
     setAccessibleName(shown.title());
-    makeSensorsAccessible();
     connect(&animation, &GaugeAnimation::advanced, this, &SensorSectionCard::advance);
     hide();
 }
