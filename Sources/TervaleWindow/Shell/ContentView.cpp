@@ -31,6 +31,9 @@ void ContentView::setSection(std::optional<Pane> section) {
     if (pane && section == shown)
         return;
     shown = section;
+    // Whatever the user was about to do there ends first.
+    if (pane)
+        pane->hide();
     delete pane;
     pane = makePane(section.value_or(Pane::overview));
     columns->addWidget(pane, 1);

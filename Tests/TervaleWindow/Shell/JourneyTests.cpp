@@ -96,7 +96,7 @@ TEST_F(Journey, ACurveIsAddedDraggedSavedFollowedAndDeleted) {
         return QPoint(qRound(plot.left + (point.x - 20) / 90 * plot.width),
                       qRound(plot.bottom() - point.speed * plot.height));
     };
-    for (const CurvePoint& point : Curve(canvas->state().curve()).points) {
+    for (const CurvePoint& point : Curve(canvas->state().curve).points) {
         const QPoint from = placeOf(point);
         QTest::mousePress(canvas, Qt::LeftButton, {}, from);
         QTest::mouseMove(canvas, QPoint(from.x(), 4));
