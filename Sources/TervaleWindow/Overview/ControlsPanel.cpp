@@ -91,6 +91,8 @@ QLayout* ControlsPanel::makeSliderRow() {
     connect(slider, &FractionSlider::editingChanged, this, &ControlsPanel::setEditingSlider);
     auto* row = new QHBoxLayout;
     row->setSpacing(12);
+    // The slider's knob and its ring reach beyond the line of the row.
+    row->setContentsMargins(0, -4, 0, -4);
     row->addWidget(new SymbolView(Symbol::fanSlash, 18, TextColor::secondary));
     row->addWidget(slider, 1);
     row->addWidget(new SymbolView(Symbol::fanFill, 18, TextColor::secondary));

@@ -34,6 +34,7 @@ SidebarSummary::SidebarSummary(Model& modelShown, QWidget* parent)
 SidebarSummary::Row SidebarSummary::addRow(Symbol symbol) {
     const Row row{new QWidget, new SymbolView(symbol, 16),
                   new FigureLabel(roundedFont(fontSize::body, QFont::Medium))};
+    row.figure->setLineHeight(18);
     auto* parts = new QHBoxLayout(row.widget);
     parts->setContentsMargins(0, 0, 0, 0);
     parts->setSpacing(8);
