@@ -13,7 +13,7 @@ namespace tervale {
 /// What the arguments of the program ask for.
 struct SimulatorCommandLine {
     struct Run {
-        SimulatedMacOptions mac;
+        SimulatedMacOptions mac{};
         /// Seconds that pass on the Mac in one second; positive.
         double speed = 1;
         /// Whether an agent drives the fans and answers windows.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <utility>
 
 namespace tervale {
 
@@ -42,9 +43,16 @@ SimulatorProcess::SimulatorProcess(const SimulatorCommandLine::Run& run, Notific
 }
 
 SimulatorProcess::~SimulatorProcess() {
-    if (!agent)
+    end();
+}
+
+void SimulatorProcess::end() {
+    timer.stop();
+    server.reset();
+    const auto leaving = std::exchange(agent, nullptr);
+    if (!leaving)
         return;
-    if (const auto error = agent->handBack())
+    if (const auto error = leaving->handBack())
         std::fprintf(stderr, "tervale-simulator: The fans were not given back: %s\n",
                      error->c_str());
 }

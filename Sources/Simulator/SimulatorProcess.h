@@ -20,7 +20,7 @@ namespace tervale {
 
 /// A simulated Mac in real time, or faster, with whatever of it other processes are to see: its
 /// controller on a socket, its agent on the notification center. What the agent stores is there
-/// again on the next start. Ending gives the fans back and removes the socket.
+/// again on the next start.
 ///
 /// The agent keeps to this machine's clock however fast the Mac goes, so that its timers end when
 /// it says; its control ticks are seconds of the Mac.
@@ -37,6 +37,8 @@ class SimulatorProcess final : public QObject {
     SimulatedMac& mac() { return simulatedMac; }
     /// Where the controller is lent; nothing if it is not.
     const std::optional<std::filesystem::path>& socketPath() const { return path; }
+    /// Gives the fans back and removes the socket, as the object does when it goes.
+    void end();
     /// Lets time pass on the Mac, in seconds.
     void advance(double seconds);
 
