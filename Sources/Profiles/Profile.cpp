@@ -17,6 +17,21 @@ std::string TemperatureInput::title() const {
     return std::string(group.title()) + (average ? " average" : " hottest");
 }
 
+namespace {
+
+/// The speed at an `x` beyond `lower` and not beyond `upper`.
+double interpolated(const CurvePoint& lower, const CurvePoint& upper, double x) {
+    if (x == upper.x)
+        return upper.speed;
+    const double speed =
+        lower.speed + ((x - lower.x) * (upper.speed - lower.speed)) / (upper.x - lower.x);
+    // Rounding must not carry the speed past the points that it lies between.
+    const auto [least, most] = std::minmax(lower.speed, upper.speed);
+    return std::clamp(speed, least, most);
+}
+
+} // namespace
+
 // With NaN every test is false, which leaves the last point's speed.
 double Curve::speed(double x) const {
     if (points.empty())
@@ -29,8 +44,7 @@ double Curve::speed(double x) const {
         const CurvePoint& lower = points[i - 1];
         const CurvePoint& upper = points[i];
         if (x <= upper.x)
-            return lower.speed +
-                   ((x - lower.x) * (upper.speed - lower.speed)) / (upper.x - lower.x);
+            return interpolated(lower, upper, x);
     }
     return points.back().speed;
 }

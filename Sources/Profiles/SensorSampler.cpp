@@ -34,8 +34,8 @@ class GroupReadings {
 
     void take(std::size_t position) {
         std::optional<double> value = read(sensors[position]);
-        // What is not a number can be neither sorted nor averaged.
-        if (value && std::isnan(*value))
+        // What is no finite number can be neither sorted nor averaged.
+        if (value && !std::isfinite(*value))
             value.reset();
         values[position] = value;
     }

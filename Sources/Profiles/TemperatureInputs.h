@@ -12,7 +12,7 @@
 namespace tervale {
 
 /// There are as many inputs as groups times two, so sets and maps of them are small arrays, without
-/// allocation. Both are walked in the order of the groups, hottest before average.
+/// allocation. Positions follow the order of the groups, hottest before average.
 inline constexpr std::size_t temperatureInputCount = 2 * SensorGroup::allCases.size();
 
 /// Every input, at the position that sets and maps keep it at.

@@ -17,7 +17,9 @@ namespace tervale {
 
 struct SMCStructure;
 
-/// The only error of the controller: one line that begins with the key concerned.
+/// The only error of the controller: one line for people, which begins with the key where a key
+/// failed. Print `description`: a key found by its index has no name, and its error begins with
+/// zeros, where `what` ends.
 struct SMCError : std::exception {
     std::string description;
 

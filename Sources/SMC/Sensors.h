@@ -25,8 +25,8 @@ class SensorGroup {
 
     /// The group of a controller key; nothing when the key is no temperature that is shown.
     static std::optional<SensorGroup> of(std::string_view key);
-    /// The group of a raw value such as "gpu"; nothing for any other text. Upper case counts as
-    /// other.
+    /// The group of a raw value such as "gpu"; nothing for any other text, such as
+    /// "GPU".
     static std::optional<SensorGroup> fromRawValue(std::string_view rawValue);
 
     /// The text that stands for the group in JSON.

@@ -17,7 +17,8 @@ class FanDriver {
     /// `smc` outlives the object.
     explicit FanDriver(SMC& smc) : smc(smc) {}
 
-    /// Writes only where a fan is not yet on its way to the target. The first error, if any.
+    /// Writes a speed only where a fan is not yet on its way to it, and hands the fans back only
+    /// while one of them is not automatic. The first error, if any.
     std::optional<std::string> apply(const Target& target);
 
   private:
@@ -27,6 +28,8 @@ class FanDriver {
     void drive(std::int64_t index, double fraction);
     Error releaseAll();
     bool anyManual();
+    /// Throws for a count that no machine has.
+    std::int64_t fanCount();
 
     SMC& smc;
     /// Fans may be under manual control because of this object.

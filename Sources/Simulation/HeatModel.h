@@ -14,7 +14,7 @@ class HeatModel {
     explicit HeatModel(double room);
 
     /// `airflow` from 0, no fan turns, to 1, all at their maximum. `seconds` well below the
-    /// shortest time constant, which is about two seconds.
+    /// shortest time constant, which is about three seconds.
     void advance(double seconds, const Workload& workload, double airflow);
 
     double room() const { return roomTemperature; }

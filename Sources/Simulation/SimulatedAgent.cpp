@@ -138,7 +138,11 @@ void SimulatedAgent::findSensors() {
     if (sampler)
         return;
     try {
-        sampler.emplace(world.smc.temperatureSensors(), [this](const TemperatureSensor& sensor) {
+        const auto sensors = world.smc.temperatureSensors();
+        // A controller that has keys but answers for none of them may do so later.
+        if (sensors.empty())
+            return;
+        sampler.emplace(sensors, [this](const TemperatureSensor& sensor) {
             const auto readings = world.smc.temperatures(std::span(&sensor, 1));
             return readings.empty() ? std::nullopt : std::optional(readings.begin()->second);
         });

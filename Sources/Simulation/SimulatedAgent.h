@@ -41,6 +41,8 @@ class SimulatedAgent {
     /// Takes up the stored profiles and selection, drives the fans for the first time and
     /// publishes its state.
     explicit SimulatedAgent(Surroundings surroundings);
+    SimulatedAgent(const SimulatedAgent&) = delete;
+    SimulatedAgent& operator=(const SimulatedAgent&) = delete;
 
     /// One control tick. Called once a second.
     void tick();

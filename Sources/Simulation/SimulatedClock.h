@@ -2,6 +2,7 @@
 
 #include "Profiles/Clock.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tervale {
@@ -17,7 +18,8 @@ class SimulatedClock final : public Clock {
     int minuteOfDay() const override {
         constexpr double day = 86400;
         const double second = date.sinceReference - day * std::floor(date.sinceReference / day);
-        return static_cast<int>(second / 60);
+        // Just before midnight the difference may round up to a whole day.
+        return std::min(1439, static_cast<int>(second / 60));
     }
 
   private:

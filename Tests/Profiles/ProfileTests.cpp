@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <random>
+#include <set>
 #include <unordered_set>
 
 using namespace tervale;
@@ -183,4 +185,23 @@ TEST(Action, IsEqualAndHashesAlikeByItsPayload) {
         action::Fixed{-0.0}, action::Profile{UUID{{1}}}, action::Profile{UUID{{1}}},
         action::Fixed{0.5},  action::Profile{UUID{{2}}}};
     EXPECT_EQ(actions.size(), 5U);
+}
+
+TEST(Curve, MeetsEveryPointExactlyWhereverItLies) {
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> wholeX(0, 120);
+    std::uniform_int_distribution<int> percent(0, 100);
+    for (int round = 0; round < 20000; ++round) {
+        std::set<int> places;
+        while (places.size() < 3)
+            places.insert(wholeX(random));
+        Curve curve;
+        for (const int x : places)
+            curve.points.push_back({static_cast<double>(x), percent(random) / 100.0});
+        for (const CurvePoint& point : curve.points) {
+            EXPECT_EQ(curve.speed(point.x), point.speed);
+            EXPECT_LE(curve.speed(std::nextafter(point.x, 0.0)), 1.0);
+            EXPECT_GE(curve.speed(std::nextafter(point.x, 200.0)), 0.0);
+        }
+    }
 }

@@ -157,7 +157,8 @@ TEST(SensorSampler, ScansAnewAtSixtySeconds) {
 
 TEST(SensorSampler, ScansAnewWhenAsked) {
     Machine machine = warmedByNumber(20);
-    machine.add(gpu(1), 40);
+    for (int i = 1; i <= 20; ++i)
+        machine.add(gpu(i), 40 + i);
     SensorSampler sampler = machine.sampler();
     sampler.sample({hottest, gpuHottest}, start);
     machine.reads();
@@ -165,7 +166,39 @@ TEST(SensorSampler, ScansAnewWhenAsked) {
     sampler.sample({hottest}, start + 1);
     EXPECT_EQ(machine.reads(), 20U);
     sampler.sample({hottest, gpuHottest}, start + 2);
-    EXPECT_EQ(machine.reads(), 5U);
+    EXPECT_EQ(machine.reads(), 4U + 20U);
+}
+
+TEST(SensorSampler, KeepsTheAgeOfEachGroupsPlanApart) {
+    Machine machine = warmedByNumber(20);
+    for (int i = 1; i <= 20; ++i)
+        machine.add(gpu(i), 40 + i);
+    SensorSampler sampler = machine.sampler();
+    sampler.sample({hottest}, start);
+    sampler.sample({gpuHottest}, start + 30);
+    machine.reads();
+    sampler.sample({hottest, gpuHottest}, start + 60);
+    EXPECT_EQ(machine.reads(), 20U + 4U);
+}
+
+TEST(SensorSampler, ReadsTheHottestTooWhenOnlyTheAverageIsAskedFor) {
+    Machine machine = warmedByNumber(20);
+    SensorSampler sampler = machine.sampler();
+    sampler.sample({average}, start);
+    machine.reads();
+    sampler.sample({average}, start + 1);
+    EXPECT_EQ(machine.reads(), 10U) << "four hottest and a panel of eight, two of them the same";
+}
+
+TEST(SensorSampler, TakesAnInfiniteReadingForNone) {
+    Machine machine = warmedByNumber(20);
+    const auto number = machine.values.begin();
+    number->second = std::numeric_limits<double>::infinity();
+    SensorSampler sampler = machine.sampler();
+    const auto readings = sampler.sample(both, start);
+    ASSERT_TRUE(readings.at(hottest) && readings.at(average));
+    EXPECT_LE(*readings.at(hottest), 20);
+    EXPECT_LT(*readings.at(average), *readings.at(hottest));
 }
 
 TEST(SensorSampler, TellsNothingOfAGroupThatCannotBeRead) {

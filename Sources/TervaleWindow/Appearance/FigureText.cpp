@@ -99,6 +99,10 @@ void paintFigureText(QPainter& painter, const QRectF& bounds, Qt::Alignment alig
     const qreal y = baseline(bounds, alignment, metrics);
     painter.save();
     painter.setFont(font);
+    // The pieces are in their visual order; left to itself, each would turn for a script from the
+    // right.
+    if (!needsTheTextEngine(text))
+        painter.setLayoutDirection(Qt::LeftToRight);
     for (const Piece& piece : line) {
         painter.drawText(QPointF(x + piece.offset, y), piece.text);
         x += piece.advance;

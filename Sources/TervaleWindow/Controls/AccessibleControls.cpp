@@ -107,11 +107,8 @@ PopUpButton* AccessiblePopUp::button() const {
 }
 
 void installAccessibleControls() {
-    static const bool installed = [] {
-        QAccessible::installFactory(makeInterface);
-        return true;
-    }();
-    Q_UNUSED(installed);
+    // A factory that is there already is not installed again.
+    QAccessible::installFactory(makeInterface);
 }
 
 } // namespace tervale

@@ -3,12 +3,20 @@
 #include "TervaleWindow/Appearance/FigureText.h"
 #include "TervaleWindow/Controls/ControlPainting.h"
 
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QToolTip>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tervale {
+
+namespace {
+/// The width that a label which shortens its text asks for, in logical pixels.
+constexpr int least = 24;
+} // namespace
 
 FigureLabel::FigureLabel(const QFont& font, Ink ink, QWidget* parent)
     : QLabel(parent),
@@ -35,15 +43,34 @@ QSize FigureLabel::sizeHint() const {
 }
 
 QSize FigureLabel::minimumSizeHint() const {
-    return sizeHint();
+    const QSize natural = sizeHint();
+    return {whenTooWide == Overflow::demand ? natural.width() : std::min(natural.width(), least),
+            natural.height()};
+}
+
+void FigureLabel::setOverflow(Overflow overflow) {
+    whenTooWide = overflow;
+    updateGeometry();
+}
+
+bool FigureLabel::isElided() const {
+    return figureTextWidth(font(), text()) > width();
+}
+
+bool FigureLabel::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !isElided())
+        return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+    return true;
 }
 
 void FigureLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     painter.setPen(color(inkOfText, Colors::of(palette())));
-    paintFigureText(painter, rect(), QStyle::visualAlignment(layoutDirection(), alignment()),
-                    font(), text());
+    paintFigureText(
+        painter, rect(), QStyle::visualAlignment(layoutDirection(), alignment()), font(),
+        isElided() ? fontMetrics().elidedText(text(), Qt::ElideRight, width()) : text());
 }
 
 } // namespace tervale

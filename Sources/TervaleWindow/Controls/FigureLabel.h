@@ -17,16 +17,23 @@ class FigureLabel : public QLabel {
     void setInk(const Ink& ink);
     /// The line's height in logical pixels; without one, the font's own.
     void setLineHeight(int height);
+    /// Whether a text that is too wide demands its width, as it does at first, or is shortened; the
+    /// whole of it is then in the tooltip. It never wraps.
+    void setOverflow(Overflow overflow);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    bool isElided() const;
+
     Ink inkOfText;
     int lineHeight = 0;
+    Overflow whenTooWide = Overflow::demand;
 };
 
 } // namespace tervale

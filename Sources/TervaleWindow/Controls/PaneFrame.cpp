@@ -4,18 +4,31 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace tervale {
 
+namespace {
+constexpr int subtitleLine = 13;
+}
+
 PaneFrame::PaneFrame(const QString& title, QWidget* parent)
-    : QWidget(parent), headerRow(new QHBoxLayout), panels(new QVBoxLayout) {
+    : QWidget(parent),
+      headerRow(new QHBoxLayout),
+      titles(new QVBoxLayout),
+      scrollArea(new QScrollArea),
+      panels(new QVBoxLayout) {
     auto* headerBox = new QWidget;
     headerBox->setFixedHeight(headerHeight);
     headerBox->setLayout(headerRow);
     headerRow->setContentsMargins(margin, 0, margin, 0);
     headerRow->setSpacing(12);
-    headerRow->addWidget(new TextLabel(title, TextStyle::title()));
+    headerRow->addLayout(titles);
     headerRow->addStretch(1);
+    titles->setSpacing(0);
+    titles->addStretch(1);
+    titles->addWidget(new TextLabel(title, TextStyle::title()));
+    titles->addStretch(1);
 
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
@@ -25,7 +38,6 @@ PaneFrame::PaneFrame(const QString& title, QWidget* parent)
     column->addStretch(1);
     panels->setSpacing(panelSpacing - Card::shadowHeight);
 
-    auto* scrollArea = new QScrollArea;
     scrollArea->setWidget(content);
     scrollArea->setWidgetResizable(true);
     scrollArea->setFrameShape(QFrame::NoFrame);
@@ -43,6 +55,23 @@ PaneFrame::PaneFrame(const QString& title, QWidget* parent)
     frame->addWidget(scrollArea, 1);
 }
 
-void PaneFrame::addPanel(QWidget* panel) { panels->addWidget(panel); }
+void PaneFrame::setSubtitle(const QString& subtitle) {
+    TextStyle style = TextStyle::caption();
+    style.lineHeight = subtitleLine;
+    titles->insertWidget(titles->count() - 1, new TextLabel(subtitle, style, TextColor::secondary));
+}
+
+void PaneFrame::addPanel(QWidget* panel) {
+    panels->addWidget(panel);
+}
+
+void PaneFrame::scrollToTop() {
+    scrollArea->verticalScrollBar()->setValue(0);
+}
+
+void PaneFrame::scrollTo(const QWidget& panel, const QRect& area, int margin) {
+    const QPoint middle = panel.mapTo(scrollArea->widget(), area.center());
+    scrollArea->ensureVisible(middle.x(), middle.y(), 0, area.height() / 2 + margin);
+}
 
 } // namespace tervale

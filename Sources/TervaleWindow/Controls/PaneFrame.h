@@ -3,10 +3,12 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
+class QScrollArea;
+
 namespace tervale {
 
-/// What the panes share: a title at the top, and under it panels one below the other, which scroll
-/// when they do not fit.
+/// What the panes share: a title at the top, perhaps with a smaller line under it, and below them
+/// panels one under the other, which scroll when they do not fit.
 class PaneFrame : public QWidget {
     Q_OBJECT
 
@@ -18,12 +20,19 @@ class PaneFrame : public QWidget {
 
     explicit PaneFrame(const QString& title, QWidget* parent = nullptr);
 
+    void setSubtitle(const QString& subtitle);
     void addPanel(QWidget* panel);
     /// The row of the title, for controls at its trailing end.
     QHBoxLayout& header() { return *headerRow; }
 
+    void scrollToTop();
+    /// Scrolls as little as it takes to show `area` of a panel, with `margin` pixels around it.
+    void scrollTo(const QWidget& panel, const QRect& area, int margin);
+
   private:
     QHBoxLayout* headerRow;
+    QVBoxLayout* titles;
+    QScrollArea* scrollArea;
     QVBoxLayout* panels;
 };
 

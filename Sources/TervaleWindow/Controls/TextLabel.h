@@ -6,14 +6,6 @@
 
 namespace tervale {
 
-/// What a text does that is wider than its place.
-enum class Overflow {
-    /// It asks its layout for the whole width.
-    demand,
-    elide,
-    wrap,
-};
-
 /// Plain text in one of the window's text styles, in a colour that follows the palette.
 class TextLabel : public QLabel {
     Q_OBJECT

@@ -29,4 +29,12 @@ using Ink = std::variant<TextColor, QColor>;
 
 QColor color(const Ink& ink, const Colors& colors);
 
+/// What a text does that is wider than its place.
+enum class Overflow {
+    /// It asks its layout for the whole width.
+    demand,
+    elide,
+    wrap,
+};
+
 } // namespace tervale

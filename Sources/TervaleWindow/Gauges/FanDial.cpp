@@ -32,9 +32,10 @@ FanDial::FanDial(QWidget* parent)
     : QWidget(parent),
       writtenTexts(textsOf({})),
       arcView(new ArcLayerView(this)) {
+    // First of all: naming a widget already makes, and keeps, its description.
+    makeGaugesAccessible();
     setAccessibleName("Fan");
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    makeGaugesAccessible();
 }
 
 void FanDial::set(const Value& value) {

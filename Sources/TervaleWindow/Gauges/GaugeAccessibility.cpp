@@ -49,10 +49,8 @@ QAccessibleInterface* gaugeInterface(const QString&, QObject* object) {
 } // namespace
 
 void makeGaugesAccessible() {
-    [[maybe_unused]] static const bool once = [] {
-        QAccessible::installFactory(gaugeInterface);
-        return true;
-    }();
+    // A factory that is there already is not installed again.
+    QAccessible::installFactory(gaugeInterface);
 }
 
 void announceGaugeValue(QWidget& gauge, double value) {

@@ -1,15 +1,14 @@
 #include "TervaleWindow/Gauges/ThermalBar.h"
 
+#include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Gauges/GaugeMath.h"
-
-#include <cmath>
 
 namespace tervale {
 
 ThermalBar::ThermalBar(int height, QWidget* parent) : BarLayerView(parent) {
+    makeGaugesAccessible();
     setFixedHeight(height);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    makeGaugesAccessible();
 }
 
 void ThermalBar::setValue(double celsius) {
@@ -22,7 +21,7 @@ void ThermalBar::setValue(double celsius) {
 
 QString ThermalBar::gaugeText() const {
     // Halves away from zero, as everywhere a temperature is written out.
-    return QString("%1 °C").arg(std::round(lastValue), 0, 'f', 0);
+    return celsius(lastValue);
 }
 
 GaugeReading ThermalBar::gaugeReading() const {

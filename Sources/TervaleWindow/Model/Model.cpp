@@ -3,6 +3,8 @@
 #include "SMC/Precondition.h"
 #include "TervaleWindow/Appearance/Format.h"
 
+#include <QThread>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -13,6 +15,14 @@ namespace tervale {
 using namespace std::chrono_literals;
 
 namespace {
+
+/// What can be shown, be it a temperature or a speed. A reading beyond, or NaN, is a failed one.
+constexpr ClosedRange showable{-1e9, 1e9};
+
+bool isShowable(const Fan& fan) {
+    return showable.contains(fan.actual) && showable.contains(fan.target) &&
+           showable.contains(fan.min) && showable.contains(fan.max);
+}
 
 bool movedBy(double step, double value, double from) {
     return std::abs(value - from) >= step;
@@ -70,7 +80,7 @@ void Model::open(IORegistry& registry) {
     sampler.emplace(sensorsFound, [this](const TemperatureSensor& sensor) -> std::optional<double> {
         try {
             const double value = smc->read(sensor.key);
-            return std::isfinite(value) ? std::optional(value) : std::nullopt;
+            return showable.contains(value) ? std::optional(value) : std::nullopt;
         } catch (const SMCError&) {
             return std::nullopt;
         }
@@ -78,6 +88,7 @@ void Model::open(IORegistry& registry) {
 }
 
 void Model::refresh() {
+    requireMainThread();
     if (!visibility.visible())
         return;
     if (auto fans = readFans(); moved(fans, fansShown)) {
@@ -105,10 +116,13 @@ std::vector<Model::DisplayFan> Model::readFans() {
     if (!smc)
         return shown;
     try {
-        for (const Fan& fan : smc->fans())
+        for (const Fan& fan : smc->fans()) {
+            if (!isShowable(fan))
+                return {};
             shown.push_back({fan.index, fan.actual, fan.target, fan.min, fan.max, fan.manual});
+        }
     } catch (const SMCError&) {
-        shown.clear();
+        return {};
     }
     return shown;
 }
@@ -118,7 +132,12 @@ void Model::readAllSensors() {
         emit readingsChanged();
 }
 
+void Model::requireMainThread() const {
+    precondition(QThread::currentThread() == thread(), "the model is used on another thread");
+}
+
 void Model::apply(const BridgeState& state) {
+    requireMainThread();
     // Observers look at several fields together, so all are written before the first is told.
     const bool connects = replace(agentAnswered, true);
     const bool selects = replace(agent.selection, state.selection);

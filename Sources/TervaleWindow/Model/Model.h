@@ -22,7 +22,7 @@ namespace tervale {
 /// publishes. It never changes fan control: the panes send commands, and the agent's answer comes
 /// back as state.
 ///
-/// Each observed field has a signal, sent once for every real change and never otherwise.
+/// Each field that can change has a signal, sent once for every real change and never otherwise.
 /// Everything runs on the main thread.
 class Model final : public QObject {
     Q_OBJECT
@@ -100,6 +100,7 @@ class Model final : public QObject {
 
   private:
     void open(IORegistry& registry);
+    void requireMainThread() const;
     std::vector<DisplayFan> readFans();
     void apply(const BridgeState& state);
 

@@ -7,7 +7,7 @@
 
 namespace tervale {
 
-/// Lays its items out in rows from the leading side, each row centred, and begins a new row where the
+/// Lays its items out in reading order, in rows that are centred, and begins a new row where the
 /// width ends.
 class CenteredFlowLayout final : public QLayout {
   public:
@@ -27,7 +27,7 @@ class CenteredFlowLayout final : public QLayout {
     void setGeometry(const QRect& rectangle) override;
 
   private:
-    /// The places of all items in a given width, whose rows begin at `top`.
+    /// The places of all items within `rectangle`.
     std::vector<QRect> places(const QRect& rectangle) const;
 
     int columnSpacing;

@@ -28,6 +28,11 @@ QHBoxLayout* rowIn(QWidget& widget) {
     return row;
 }
 
+/// A name as it is, in a menu that would take an ampersand for a key and a tab for a shortcut.
+QString menuTitle(QString name) {
+    return name.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ');
+}
+
 } // namespace
 
 ControlsPanel::ControlsPanel(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
@@ -139,7 +144,8 @@ void ControlsPanel::selectProfile(int entry) {
 
 void ControlsPanel::setEditingSlider(bool editing) {
     editingSlider = editing;
-    if (!editing)
+    // A gesture that ends because the window closes is no wish; nothing is sent on the way out.
+    if (!editing && window()->isVisible())
         select(fixedAt(slider->fraction()));
 }
 
@@ -182,8 +188,13 @@ void ControlsPanel::updateTimer() {
 void ControlsPanel::updateTimerMenu() {
     QMenu& menu = *timerMenu->menu();
     menu.clear();
+    // The menus of the entries stay behind, and one of them may be running.
+    for (QMenu* old : menu.findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
+        old->hide();
+        old->deleteLater();
+    }
     for (const TimerTarget& target : timerTargets(model)) {
-        QMenu* durations = menu.addMenu(QString(target.title).replace('&', "&&"));
+        QMenu* durations = menu.addMenu(menuTitle(target.title));
         for (const TimerDuration& duration : timerDurations) {
             const command::StartTimer start{target.action, duration.seconds};
             durations->addAction(QString::fromLatin1(duration.title), this,

@@ -15,6 +15,7 @@ ModeHeading::ModeHeading(Model& modelShown, QWidget* parent)
       title(new FigureLabel(roundedFont(28, QFont::Bold))),
       explanation(new TextLabel({}, TextStyle::callout(), TextColor::secondary)) {
     title->setLineHeight(34);
+    title->setOverflow(Overflow::elide);
     explanation->setOverflow(Overflow::wrap);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

@@ -52,8 +52,6 @@ CurveCanvas::CurveCanvas(ClosedRange range, const QString& unit, PlotInsets inse
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Fan speed curve"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    // A place on the plot means the same in every direction of writing.
-    setLayoutDirection(Qt::LeftToRight);
 }
 
 void CurveCanvas::setCurve(const Curve& curve) {

@@ -2,6 +2,8 @@
 
 #include "SMC/Precondition.h"
 
+#include <algorithm>
+
 namespace tervale {
 
 namespace {
@@ -10,6 +12,7 @@ constexpr double speedLabelOffset = 20;
 constexpr double unitLabelOffset = 13;
 constexpr double markerLabelOffset = 5;
 constexpr double markerLabelDrop = 7;
+constexpr double largestShown = 1e6;
 
 std::string percent(double fraction) {
     return wholeNumber(fraction * 100) + "%";
@@ -63,7 +66,10 @@ std::string wholeNumber(double value) {
 std::string positionText(const CurvePoint& point, std::string_view unit) {
     // A temperature's unit stands apart from its number, a percent sign does not.
     const std::string gap = isLoadUnit(unit) ? "" : " ";
-    return wholeNumber(point.x) + gap + std::string(unit) + ", " + percent(point.speed);
+    // A curve from outside may hold any number, even one that no integer can.
+    const double x = std::clamp(point.x, -largestShown, largestShown);
+    const double speed = std::clamp(point.speed, -largestShown, largestShown);
+    return wholeNumber(x) + gap + std::string(unit) + ", " + percent(speed);
 }
 
 CurveDrawing drawingOf(const CurveEditing& editing, std::string_view unit,

@@ -17,22 +17,25 @@ TextLabel* caption(const QString& text, QWidget* parent) {
 } // namespace
 
 CurveEditor::CurveEditor(ClosedRange range, const QString& unit, PlotInsets inset, QWidget* parent)
-    : QWidget(parent),
-      canvas(new CurveCanvas(range, unit, inset, this)) {
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    : QWidget(parent) {
+    // Made in the order in which they are read.
+    auto* speedCaption = caption(tr("Fan speed"), this);
+    canvas = new CurveCanvas(range, unit, inset, this);
+    auto* unitCaption =
+        caption(isLoadUnit(unit.toStdString()) ? tr("Load") : tr("Temperature"), this);
     auto* help = caption(tr("Drag a point to move it. Click empty space to add one, double-click a "
                             "point to remove it."),
                          this);
     help->setOverflow(Overflow::wrap);
-    layout->addWidget(caption(tr("Fan speed"), this));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(speedCaption);
     layout->addSpacing(5);
     layout->addWidget(canvas);
     layout->addSpacing(4);
-    layout->addWidget(
-        caption(isLoadUnit(unit.toStdString()) ? tr("Load") : tr("Temperature"), this), 0,
-        Qt::AlignRight);
+    layout->addWidget(unitCaption, 0, Qt::AlignRight);
     layout->addSpacing(6);
     layout->addWidget(help);
     connect(canvas, &CurveCanvas::curveChanged, this, &CurveEditor::curveChanged);

@@ -136,6 +136,8 @@ void paintCurve(QPainter& painter, const CurveDrawing& drawing, const QRectF& bo
     const Colors colors = Colors::of(palette);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    // A place on the plot means the same in every direction of writing.
+    painter.setLayoutDirection(Qt::LeftToRight);
     paintGround(painter, bounds, colors);
     paintAxes(painter, drawing, colors);
     paintLine(painter, drawing);

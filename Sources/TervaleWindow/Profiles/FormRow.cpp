@@ -17,7 +17,8 @@ QGridLayout* makeForm(QWidget* card) {
     form->setContentsMargins(0, 0, 0, 0);
     form->setHorizontalSpacing(12);
     form->setVerticalSpacing(11);
-    form->setColumnMinimumWidth(0, titleWidth);
+    // Gives way in a narrow pane.
+    form->addItem(new QSpacerItem(titleWidth, 0, QSizePolicy::Preferred, QSizePolicy::Fixed), 0, 0);
     form->setColumnStretch(1, 1);
     return form;
 }

@@ -15,17 +15,26 @@ namespace tervale {
 namespace {
 
 constexpr int cardSpacing = 14;
+constexpr int usualMargin = 18;
+constexpr int narrowMargin = 12;
+/// Below this width the margins give way.
+constexpr int narrowWidth = 400;
+
+void setMargins(QWidget& form, int side) {
+    form.layout()->setContentsMargins(side, usualMargin, side, usualMargin - Card::shadowHeight);
+}
 
 } // namespace
 
 ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<const Profile> all,
                              QWidget* parent)
     : QWidget(parent),
-      profile(profile),
-      name(new QLineEdit(this)),
-      content(ProfileContent::make(model, profile, this)),
-      problemsCard(new Card(this)) {
+      profile(profile) {
+    // Made in the order in which they are read.
     auto* nameCard = new Card(this);
+    name = new QLineEdit(nameCard);
+    content = ProfileContent::make(model, profile, this);
+    problemsCard = new Card(this);
     QGridLayout* form = makeForm(nameCard);
     addFormRow(*form, tr("Name"), name, RowWidth::whole);
     if (auto* temperature = qobject_cast<TemperatureContent*>(content))
@@ -35,7 +44,7 @@ ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<con
     problemsLayout->setSpacing(6);
     problemsCard->hide();
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(18, 18, 18, 18 - Card::shadowHeight);
+    setMargins(*this, usualMargin);
     column->setSpacing(cardSpacing - Card::shadowHeight);
     column->addWidget(nameCard);
     column->addWidget(content);
@@ -60,6 +69,11 @@ void ProfileEditor::display(const Profile& changed, std::span<const Profile> all
         name->setText(QString::fromStdString(profile.name));
     content->display(profile, all);
     showProblems(problems(profile, all));
+}
+
+void ProfileEditor::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    setMargins(*this, width() < narrowWidth ? narrowMargin : usualMargin);
 }
 
 bool ProfileEditor::isFor(const Profile& other) const {

@@ -36,6 +36,9 @@ class ProfileEditor final : public QWidget {
     /// The user changed it.
     void profileChanged(const tervale::Profile& profile);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void showProblems(std::vector<std::string> found);
 

@@ -50,9 +50,11 @@ void ProfilesList::makeList() {
         if (!displaying)
             emit selectionChanged(selectedId());
     });
-    for (const QKeySequence& key : {QKeySequence(Qt::Key_Delete), QKeySequence(Qt::Key_Backspace)})
-        connect(new QShortcut(key, list, nullptr, nullptr, Qt::WidgetShortcut),
-                &QShortcut::activated, this, &ProfilesList::removeRequested);
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+        auto* shortcut = new QShortcut(key, list);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, &ProfilesList::removeRequested);
+    }
 }
 
 QWidget* ProfilesList::makeToolbar() {

@@ -6,6 +6,7 @@
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/SymbolView.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Profiles/FocusOrder.h"
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 #include "TervaleWindow/Profiles/ProfilesList.h"
 
@@ -130,7 +131,7 @@ QWidget* ProfilesView::makeBottomBar() {
     auto* row = tightLayout<QHBoxLayout>(bar);
     row->setContentsMargins(18, 0, 18, 0);
     row->setSpacing(10);
-    row->addWidget(notice, 1);
+    row->addWidget(notice, 1, Qt::AlignVCenter);
     row->addStretch(0);
     row->addWidget(revertButton);
     row->addWidget(saveButton);
@@ -192,6 +193,13 @@ void ProfilesView::showEditor() {
     scrollArea->setWidget(editor);
     // A scroll area fills its widget's ground.
     editor->setAutoFillBackground(false);
+    followReadingOrder(*this);
+}
+
+bool ProfilesView::focusNextPrevChild(bool next) {
+    // Time windows come and go.
+    followReadingOrder(*this);
+    return QWidget::focusNextPrevChild(next);
 }
 
 void ProfilesView::save() {

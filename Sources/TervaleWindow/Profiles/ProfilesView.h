@@ -30,6 +30,9 @@ class ProfilesView final : public QWidget {
     /// Throws the draft away for what is saved.
     void revert();
 
+  protected:
+    bool focusNextPrevChild(bool next) override;
+
   private:
     QWidget* makeHeader();
     QWidget* makeDetail();

@@ -11,23 +11,25 @@
 
 namespace tervale {
 
-ScheduleEditor::ScheduleEditor(QWidget* parent)
-    : QWidget(parent),
-      rowsLayout(new QVBoxLayout),
-      addButton(new QPushButton(tr("Add Window"), this)) {
+ScheduleEditor::ScheduleEditor(QWidget* parent) : QWidget(parent), rowsLayout(new QVBoxLayout) {
+    // Made in the order in which they are read.
+    auto* heading = new TextLabel(tr("Time windows"), TextStyle::heading(), TextColor::label, this);
+    auto* rowsBox = new QWidget(this);
+    rowsBox->setLayout(rowsLayout);
+    addButton = new QPushButton(tr("Add Window"), this);
     auto* note =
         new TextLabel(tr("Times no window covers run Automatic. A window may cross midnight."),
                       TextStyle::caption(), TextColor::secondary, this);
     note->setOverflow(Overflow::wrap);
+    rowsLayout->setContentsMargins(0, 0, 0, 0);
     rowsLayout->setSpacing(0);
-    addButton->setAutoDefault(false);
+
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(
-        new TextLabel(tr("Time windows"), TextStyle::heading(), TextColor::label, this));
+    layout->addWidget(heading);
     layout->addSpacing(8);
-    layout->addLayout(rowsLayout);
+    layout->addWidget(rowsBox);
     layout->addWidget(new Divider(Qt::Horizontal, this));
     layout->addSpacing(9);
     layout->addWidget(addButton, 0, Qt::AlignLeading);
@@ -112,9 +114,12 @@ void ScheduleEditor::resizeEvent(QResizeEvent* event) {
 void ScheduleEditor::arrange() {
     if (rows.empty())
         return;
-    const auto arrangement = rows.front()->widthOfOneLine() <= width()
-                                 ? ScheduleRow::Arrangement::oneLine
-                                 : ScheduleRow::Arrangement::twoLines;
+    using Arrangement = ScheduleRow::Arrangement;
+    auto arrangement = Arrangement::twoLines;
+    if (rows.front()->widthOf(Arrangement::oneLine) <= width())
+        arrangement = Arrangement::oneLine;
+    else if (rows.front()->widthOf(Arrangement::tightLine) <= width())
+        arrangement = Arrangement::tightLine;
     for (ScheduleRow* row : rows)
         row->setArrangement(arrangement);
 }

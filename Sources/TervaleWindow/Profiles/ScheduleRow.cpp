@@ -19,13 +19,19 @@ namespace tervale {
 namespace {
 
 constexpr int lineHeight = 39;
-constexpr int spacing = 12;
+constexpr int usualSpacing = 12;
+constexpr int tightSpacing = 8;
+constexpr int secondLineMargin = 8;
 constexpr int widestPicker = 150;
-constexpr int narrowestPicker = 112;
-constexpr int sliderWidth = 96;
+// "Fixed speed" fits.
+constexpr int narrowestPicker = 122;
+constexpr int usualSliderWidth = 96;
+constexpr int tightSliderWidth = 84;
 constexpr int speedWidth = 38;
 // Before the profiles: "Automatic", "Fixed speed" and the divider.
 constexpr int firstTarget = 3;
+// Where what runs stands in the line.
+constexpr int runPlace = 3;
 
 TimeField* makeTimeField(const QString& name, QWidget* parent) {
     auto* field = new TimeField(parent);
@@ -48,15 +54,18 @@ ScheduleRow::ScheduleRow(QWidget* parent)
       slider(new FractionSlider(run)),
       speed(new FigureLabel(systemFont(fontSize::body), TextColor::label, run)),
       removeButton(new SymbolButton(Symbol::minusCircle, tr("Remove window"), this)),
+      runLine(new QHBoxLayout(run)),
       firstLine(new QHBoxLayout),
       secondLine(new QHBoxLayout) {
     picker->setAccessibleName(tr("Run"));
     picker->addItem(tr("Automatic"));
     picker->addItem(tr("Fixed speed"));
+    // Measuring hundreds of names for every row would take long, and its width is bounded anyway.
+    picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     picker->setMaximumWidth(widestPicker);
     picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     slider->setAccessibleName(tr("Fan speed"));
-    slider->setFixedWidth(sliderWidth);
+    slider->setFixedWidth(usualSliderWidth);
     speed->setFixedWidth(speedWidth);
     speed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layOut();
@@ -64,13 +73,15 @@ ScheduleRow::ScheduleRow(QWidget* parent)
 }
 
 void ScheduleRow::layOut() {
-    auto* runLayout = new QHBoxLayout(run);
-    runLayout->setContentsMargins(0, 0, 0, 0);
-    runLayout->setSpacing(spacing);
-    runLayout->addWidget(picker, 1);
-    runLayout->addWidget(slider);
-    runLayout->addWidget(speed);
-    firstLine->setSpacing(spacing);
+    for (QBoxLayout* line : {runLine, firstLine, secondLine}) {
+        line->setContentsMargins(0, 0, 0, 0);
+        line->setSpacing(usualSpacing);
+    }
+    // The picker takes what it may before anything stays empty.
+    runLine->addWidget(picker, 100);
+    runLine->addWidget(slider);
+    runLine->addWidget(speed);
+    runLine->addStretch(1);
     firstLine->addWidget(start);
     firstLine->addWidget(new TextLabel(tr("to"), TextStyle::body(), TextColor::secondary, this));
     firstLine->addWidget(end);
@@ -82,8 +93,6 @@ void ScheduleRow::layOut() {
     lines->addWidget(new Divider(Qt::Horizontal, this));
     lines->addLayout(firstLine);
     lines->addLayout(secondLine);
-    for (QBoxLayout* line : {firstLine, secondLine})
-        line->setContentsMargins(0, 0, 0, 0);
     firstLine->addStrut(lineHeight);
 }
 
@@ -118,10 +127,13 @@ void ScheduleRow::showTargets(std::vector<ScheduleTarget> others) {
     targets = std::move(others);
     while (picker->count() > firstTarget - 1)
         picker->removeItem(picker->count() - 1);
-    if (!targets.empty())
-        picker->insertSeparator(firstTarget - 1);
+    if (targets.empty())
+        return;
+    picker->insertSeparator(firstTarget - 1);
+    QStringList titles;
     for (const ScheduleTarget& target : targets)
-        picker->addItem(target.title);
+        titles.push_back(target.title);
+    picker->addItems(titles);
 }
 
 void ScheduleRow::showSpeed(const Action& action) {
@@ -164,24 +176,41 @@ int ScheduleRow::entryOf(const ScheduleEditing::Choice& choice) const {
 void ScheduleRow::setArrangement(Arrangement arrangement) {
     if (arrangement == arranged)
         return;
+    const bool wasBroken = arranged == Arrangement::twoLines;
+    const bool broken = arrangement == Arrangement::twoLines;
     arranged = arrangement;
-    if (arrangement == Arrangement::twoLines) {
+    const bool tight = arrangement == Arrangement::tightLine;
+    for (QBoxLayout* line : {runLine, firstLine})
+        line->setSpacing(tight ? tightSpacing : usualSpacing);
+    slider->setFixedWidth(tight ? tightSliderWidth : usualSliderWidth);
+    if (broken && !wasBroken) {
         firstLine->removeWidget(run);
-        firstLine->insertStretch(3, 1);
-        secondLine->addWidget(run, 1);
-        secondLine->addSpacing(removeButton->sizeHint().width() + spacing);
-    } else {
-        delete firstLine->takeAt(3);
-        while (QLayoutItem* item = secondLine->takeAt(0))
-            delete item;
-        firstLine->insertWidget(3, run, 1);
+        firstLine->insertStretch(runPlace, 1);
+        secondLine->addWidget(run);
+        secondLine->setContentsMargins(0, 0, 0, secondLineMargin);
+    } else if (!broken && wasBroken) {
+        secondLine->removeWidget(run);
+        secondLine->setContentsMargins(0, 0, 0, 0);
+        delete firstLine->takeAt(runPlace);
+        firstLine->insertWidget(runPlace, run, 1);
     }
 }
 
-int ScheduleRow::widthOfOneLine() const {
-    return start->sizeHint().width() + end->sizeHint().width() +
-           fontMetrics().horizontalAdvance(tr("to")) + narrowestPicker + sliderWidth + speedWidth +
-           removeButton->sizeHint().width() + 6 * spacing;
+int ScheduleRow::widthOf(Arrangement arrangement) const {
+    const int times = start->sizeHint().width() + end->sizeHint().width() +
+                      fontMetrics().horizontalAdvance(tr("to"));
+    const int running = narrowestPicker + speedWidth;
+    const int remove = removeButton->sizeHint().width();
+    switch (arrangement) {
+    case Arrangement::oneLine:
+        return times + running + usualSliderWidth + remove + 6 * usualSpacing;
+    case Arrangement::tightLine:
+        return times + running + tightSliderWidth + remove + 6 * tightSpacing;
+    case Arrangement::twoLines:
+        return std::max(times + remove + 4 * usualSpacing,
+                        running + usualSliderWidth + 2 * usualSpacing);
+    }
+    return 0;
 }
 
 void ScheduleRow::focusRemoveButton() {
@@ -189,10 +218,8 @@ void ScheduleRow::focusRemoveButton() {
 }
 
 QSize ScheduleRow::minimumSizeHint() const {
-    // So that a narrow pane can ask for two lines at all.
-    const int times = start->sizeHint().width() + end->sizeHint().width() + spacing * 3 +
-                      fontMetrics().horizontalAdvance(tr("to")) + removeButton->sizeHint().width();
-    return {times, QWidget::minimumSizeHint().height()};
+    // Not what one line takes, so that a narrow pane can ask for two at all.
+    return {widthOf(Arrangement::twoLines), QWidget::minimumSizeHint().height()};
 }
 
 } // namespace tervale

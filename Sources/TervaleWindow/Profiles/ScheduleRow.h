@@ -24,7 +24,7 @@ class ScheduleRow final : public QWidget {
     Q_OBJECT
 
   public:
-    enum class Arrangement { oneLine, twoLines };
+    enum class Arrangement { oneLine, tightLine, twoLines };
 
     explicit ScheduleRow(QWidget* parent = nullptr);
 
@@ -32,8 +32,8 @@ class ScheduleRow final : public QWidget {
     void display(const ScheduleEditing& editing, std::size_t index,
                  std::span<const Profile> profiles);
     void setArrangement(Arrangement arrangement);
-    /// The least width that one line takes with everything in it.
-    int widthOfOneLine() const;
+    /// The least width that the arrangement takes, whatever the window runs.
+    int widthOf(Arrangement arrangement) const;
     void focusRemoveButton();
 
     QSize minimumSizeHint() const override;
@@ -59,6 +59,7 @@ class ScheduleRow final : public QWidget {
     FractionSlider* slider;
     FigureLabel* speed;
     SymbolButton* removeButton;
+    QBoxLayout* runLine;
     QBoxLayout* firstLine;
     QBoxLayout* secondLine;
     Arrangement arranged = Arrangement::oneLine;

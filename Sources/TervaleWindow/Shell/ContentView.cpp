@@ -1,8 +1,11 @@
 #include "TervaleWindow/Shell/ContentView.h"
 
-#include "TervaleWindow/Controls/PaneFrame.h"
+#include "SMC/Precondition.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
+#include "TervaleWindow/Sensors/SensorsView.h"
+#include "TervaleWindow/Settings/SettingsView.h"
+#include "TervaleWindow/Shell/BuildMetadata.h"
 #include "TervaleWindow/Shell/Sidebar.h"
 
 #include <QHBoxLayout>
@@ -28,6 +31,9 @@ void ContentView::setSection(std::optional<Pane> section) {
     if (pane && section == shown)
         return;
     shown = section;
+    // Whatever the user was about to do there ends first.
+    if (pane)
+        pane->hide();
     delete pane;
     pane = makePane(section.value_or(Pane::overview));
     columns->addWidget(pane, 1);
@@ -40,10 +46,12 @@ QWidget* ContentView::makePane(Pane kind) {
     case Pane::profiles:
         return new ProfilesView(model, bridge);
     case Pane::sensors:
+        return new SensorsView(model);
     case Pane::settings:
-        break;
+        return new SettingsView(model, bridge, BuildMetadata());
     }
-    return new PaneFrame(title(kind));
+    precondition(false, "every pane has a view");
+    return nullptr;
 }
 
 } // namespace tervale

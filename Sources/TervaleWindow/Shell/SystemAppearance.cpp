@@ -2,21 +2,58 @@
 
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/WindowStyle.h"
 
 #include <QApplication>
+#include <QOperatingSystemVersion>
 #include <QStyle>
+#include <QStyleHints>
 
 namespace tervale {
 
+namespace {
+
+/// Where no desktop brings a palette, the toolkit's own style does. On a Mac the system always
+/// does.
+bool desktopHasPalette() {
+    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS ||
+           QApplication::palette() != QApplication::style()->standardPalette();
+}
+
+/// The window's own palette, in the scheme that the desktop asks for where the toolkit can tell.
+void useOwnPalette() {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    const bool dark = QApplication::styleHints()->colorScheme() == Qt::ColorScheme::Dark;
+    QApplication::setPalette(dark ? darkPalette() : lightPalette());
+#else
+    QApplication::setPalette(lightPalette());
+#endif
+}
+
+/// Only what is selected is tinted; every other colour stays the desktop's, and follows it.
+void tintDesktopPalette() {
+    QPalette tint;
+    tint.setColor(QPalette::Highlight, Theme::accent());
+    tint.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::setPalette(tint);
+}
+
+} // namespace
+
 void useSystemAppearance(QApplication& application) {
-    // Where no desktop brings a palette, the toolkit's own style does.
-    const bool desktopHasPalette =
-        QApplication::palette() != QApplication::style()->standardPalette();
+    const bool themed = desktopHasPalette();
     QApplication::setStyle(new WindowStyle);
-    if (!desktopHasPalette)
-        QApplication::setPalette(lightPalette());
     application.setFont(systemFont(fontSize::body));
+    if (themed) {
+        tintDesktopPalette();
+        return;
+    }
+    useOwnPalette();
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    QObject::connect(QApplication::styleHints(), &QStyleHints::colorSchemeChanged, &application,
+                     &useOwnPalette);
+#endif
 }
 
 } // namespace tervale

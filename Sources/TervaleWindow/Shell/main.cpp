@@ -4,6 +4,7 @@
 
 #include <QApplication>
 
+#include <clocale>
 #include <cstdio>
 
 using namespace tervale;
@@ -28,6 +29,9 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     // Only the program's name: the toolkit has options of its own, which are not ours to offer.
     int count = 1;
     QApplication application(count, arguments);
+    // The toolkit takes over the user's locale for all of the process; numbers in JSON are the same
+    // everywhere, and what people read is written by the toolkit.
+    std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(QStringLiteral("Tervale"));
     QApplication::setApplicationVersion(QStringLiteral(TERVALE_VERSION));
     useSystemAppearance(application);
@@ -44,7 +48,9 @@ int main(int count, char** arguments) {
             [&](const CommandLine::OpenWindow& request) { return openWindow(request, arguments); },
             [](const CommandLine::ShowHelp&) { return print(stdout, CommandLine::help(), 0); },
             [](const CommandLine::ShowVersion&) {
-                return print(stdout, QStringLiteral("tervale-window " TERVALE_VERSION " (" TERVALE_BUILD ")\n"), 0);
+                return print(
+                    stdout,
+                    QStringLiteral("tervale-window " TERVALE_VERSION " (" TERVALE_BUILD ")\n"), 0);
             },
             [](const CommandLine::Refuse& refusal) {
                 return print(stderr,

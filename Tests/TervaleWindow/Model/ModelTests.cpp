@@ -2,6 +2,7 @@
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
 
 #include <limits>
@@ -81,17 +82,35 @@ TEST_F(ModelStart, GoesOnWithoutAController) {
 }
 
 TEST_F(ModelStart, PollsOnceASecond) {
-    const auto* timer = makeModel().findChild<QTimer*>();
+    controller.setFan(0, 1200, 1200);
+    auto* timer = makeModel().findChild<QTimer*>();
     ASSERT_NE(timer, nullptr);
     EXPECT_TRUE(timer->isActive());
     EXPECT_EQ(timer->interval(), 1000);
     EXPECT_FALSE(timer->isSingleShot());
+    controller.setFan(0, 5000, 5000);
+    timer->setInterval(0);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return model->fans().front().actual == 5000; }));
 }
 
 TEST_F(ModelStart, LetsGoOfTheBridgeWithTheModel) {
-    makeModel();
+    QSignalSpy spy(&makeModel(), &Model::connectedChanged);
     model.reset();
     publish(busyState());
+    EXPECT_EQ(spy.count(), 0);
+    makeModel();
+    EXPECT_FALSE(model->connected());
+}
+
+TEST_F(ModelStart, ShowsFansWhenTheSensorsCannotBeListed) {
+    controller.setFan(0, 1200, 1200);
+    controller.failCount = true;
+    Model& shown = makeModel();
+    shown.setSensorsVisible(true);
+    shown.refresh();
+    EXPECT_EQ(shown.fans().size(), 1U);
+    EXPECT_TRUE(shown.sensors().empty());
+    EXPECT_EQ(shown.summary(), TemperatureReadings());
 }
 
 TEST(ModelSummary, HoldsTheHottestOfFiveGroupsAndTheAverageOfTwo) {
@@ -190,6 +209,32 @@ TEST_F(ModelPoll, TakesAReadingThatIsNoNumberForAFailedOne) {
     EXPECT_EQ(shown.summary(), TemperatureReadings());
 }
 
+TEST_F(ModelPoll, TakesAReadingThatNobodyCouldShowForAFailedOne) {
+    Model& shown = makeModel();
+    controller.set("Tp01", 1e20);
+    shown.refresh();
+    EXPECT_EQ(shown.summary(), TemperatureReadings());
+    for (const double speed : {std::numeric_limits<double>::quiet_NaN(), 1e20,
+                               -std::numeric_limits<double>::infinity()}) {
+        controller.setFan(0, 1200, 1300);
+        shown.refresh();
+        EXPECT_EQ(shown.fans().size(), 1U);
+        controller.setFan(0, 1200, 1300, 1200, speed);
+        shown.refresh();
+        EXPECT_TRUE(shown.fans().empty());
+    }
+}
+
+TEST_F(ModelPoll, ReplacesTheWholeSummaryWhenOneOfItsValuesMoved) {
+    controller.set("Tg05", 40);
+    Model& shown = makeModel();
+    controller.set("Tp01", 50.5);
+    controller.set("Tg05", 42);
+    shown.refresh();
+    EXPECT_EQ(shown.summary().at(TemperatureInput::hottestOf(SensorGroup::cpu)), 50.5);
+    EXPECT_EQ(shown.summary().at(TemperatureInput::hottestOf(SensorGroup::gpu)), 42);
+}
+
 TEST_F(ModelPoll, CallsNothingWhileHidden) {
     Model& shown = makeModel();
     const Notifications notifications(shown);
@@ -247,9 +292,12 @@ TEST_F(ModelPoll, CountsOnlyVisiblePolls) {
 
 TEST_F(ModelPoll, KeepsTheReadingsWhenTheSensorsAreNoLongerShown) {
     Model& shown = makeModel();
-    shown.readAllSensors();
+    shown.setSensorsVisible(true);
+    for (int i = 0; i < 5; ++i)
+        shown.refresh();
     const auto before = shown.readings();
     ASSERT_EQ(before.size(), 1U);
+    shown.setSensorsVisible(false);
     controller.set("Tp01", 90);
     for (int i = 0; i < 10; ++i)
         shown.refresh();

@@ -6,6 +6,7 @@
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
 #include "TervaleWindow/Overview/FanChoices.h"
+#include "TervaleWindow/Overview/ModeHeading.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
@@ -123,6 +124,48 @@ TEST_F(Overview, SendsOneCommandWhenTheSliderIsReleased) {
     ASSERT_EQ(commands.size(), 1U);
     EXPECT_EQ(commands.front(), BridgeCommand(command::Select{fixedAt(slider().fraction())}));
     EXPECT_GT(slider().fraction(), 0.5);
+}
+
+TEST_F(Overview, RoundsWhatTheSliderIsReleasedAt) {
+    show();
+    for (const auto& [released, sent] : {std::pair(0.4567, 0.46), {0.005, 0.01}, {1.0, 1.0}}) {
+        slider().moveAtOnce(released);
+        EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::Select{action::Fixed{sent}}});
+    }
+    BridgeState state;
+    state.selection = action::Fixed{1.0};
+    publish(state);
+    EXPECT_EQ(view->findChild<ModeHeading*>()->findChild<QLabel*>()->text(), "Max");
+}
+
+TEST_F(Overview, SendsNothingWhenTheWindowClosesInTheMiddleOfAGesture) {
+    show();
+    slider().setFocus(Qt::TabFocusReason);
+    QTest::keyPress(&slider(), Qt::Key_Right);
+    view->close();
+    EXPECT_TRUE(takeCommands().empty());
+}
+
+TEST_F(Overview, KeepsOneMenuForEachTargetOfTheTimer) {
+    show();
+    BridgeState state;
+    for (const char* name : {"One", "Two", "Three"}) {
+        state.profiles.push_back({UUID{{9}}, name, kind::Load{}});
+        publish(state);
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(static_cast<std::size_t>(timerMenu()->menu()->findChildren<QMenu*>().size()),
+              timerTargets(*model).size());
+}
+
+TEST_F(Overview, LetsTheAgentsStatusExplainWhileThereIsOne) {
+    show();
+    BridgeState state;
+    state.status = "The fans do not answer.";
+    publish(state);
+    EXPECT_TRUE(shows("The fans do not answer."));
+    publish({});
+    EXPECT_TRUE(shows("macOS decides the fan speed."));
 }
 
 TEST_F(Overview, SendsOneCommandForAKeyOfTheSlider) {
@@ -248,6 +291,17 @@ TEST_F(Overview, ShowsARunningTimerAndCancelsIt) {
     EXPECT_EQ(timerMenu(), nullptr);
     EXPECT_TRUE(shows("50%"));
     EXPECT_TRUE(shows("Fixed speed, held until you change it."));
+    EXPECT_TRUE(timerText(*model).endsWith("then Automatic"));
+    EXPECT_TRUE(shows(timerText(*model)));
+    state.selection = action::Profile{quietId};
+    state.profiles = twoProfiles();
+    publish(state);
+    EXPECT_TRUE(timerText(*model).endsWith("then Quiet"));
+    EXPECT_TRUE(shows(timerText(*model)));
+    state.profiles.front().name = "Silent";
+    publish(state);
+    EXPECT_TRUE(timerText(*model).endsWith("then Silent"));
+    EXPECT_TRUE(shows(timerText(*model)));
     auto* cancel = named<QPushButton>("Cancel");
     ASSERT_NE(cancel, nullptr);
     QTest::mouseClick(cancel, Qt::LeftButton);

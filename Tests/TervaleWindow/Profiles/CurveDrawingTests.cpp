@@ -74,6 +74,7 @@ TEST(CurveDrawing, TellsLoadFromTemperatureByItsUnit) {
 TEST(CurveDrawing, SpeaksAPointWithItsUnit) {
     EXPECT_EQ(positionText({60, 0.35}, "°C"), "60 °C, 35%");
     EXPECT_EQ(positionText({90, 0.29}, "%"), "90%, 29%");
+    EXPECT_EQ(positionText({1e300, -1e300}, "%"), "1000000%, -100000000%");
 }
 
 } // namespace

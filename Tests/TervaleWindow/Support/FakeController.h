@@ -14,6 +14,8 @@ namespace tervale {
 class FakeController final : public IORegistry {
   public:
     bool absent = false;
+    /// Whether the number of keys cannot be read.
+    bool failCount = false;
     int calls = 0;
 
     void setFan(int index, double actual, double target, double min = 1200, double max = 6000,
@@ -53,10 +55,10 @@ class FakeController final : public IORegistry {
         case SMCCommand::keyInformation:
             answer.dataSize = 4;
             answer.dataType = SMCCodec::fourCC(isCount(key) ? "ui32" : "flt ");
-            answer.result = isCount(key) || values.contains(key) ? 0 : 132;
+            answer.result = answers(key) ? 0 : 132;
             break;
         case SMCCommand::read:
-            answer.result = isCount(key) || values.contains(key) ? 0 : 132;
+            answer.result = answers(key) ? 0 : 132;
             writeValue(key, answer);
             break;
         case SMCCommand::write:
@@ -69,6 +71,10 @@ class FakeController final : public IORegistry {
 
   private:
     static bool isCount(const std::string& key) { return key == "FNum" || key == "#KEY"; }
+
+    bool answers(const std::string& key) const {
+        return key == "#KEY" ? !failCount : isCount(key) || values.contains(key);
+    }
 
     void writeValue(const std::string& key, SMCStructure& answer) const {
         if (isCount(key)) {

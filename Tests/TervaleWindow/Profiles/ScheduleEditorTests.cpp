@@ -1,0 +1,224 @@
+#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/FractionSlider.h"
+#include "TervaleWindow/Controls/PopUpButton.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
+#include "TervaleWindow/Controls/TimeField.h"
+#include "TervaleWindow/Profiles/ProfileDefaults.h"
+#include "TervaleWindow/Profiles/ScheduleEditor.h"
+#include "TervaleWindow/Profiles/ScheduleRow.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tervale {
+namespace {
+
+UUID idOf(std::uint8_t number) {
+    UUID id;
+    id.bytes.back() = number;
+    return id;
+}
+
+const std::vector<Profile> targets{{idOf(1), "Quiet", kind::Load{ProfileDefaults::loadCurve()}},
+                                   {idOf(2), "", kind::Load{ProfileDefaults::loadCurve()}},
+                                   {idOf(3), "Night", kind::Schedule{ProfileDefaults::schedule()}}};
+
+class ScheduleEditorTest : public testing::Test {
+  protected:
+    ScheduleEditorTest() {
+        editor.setLocale(QLocale(QLocale::German));
+        editor.resize(500, 300);
+        editor.show();
+        editor.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
+        QObject::connect(&editor, &ScheduleEditor::windowsChanged, &editor,
+                         [this](const std::vector<Window>&) { ++reports; });
+    }
+
+    void show(const std::vector<Window>& windows) { editor.display(windows, targets); }
+    QList<ScheduleRow*> rows() const { return editor.findChildren<ScheduleRow*>(); }
+    template <class Control>
+    Control* control(int row, const QString& name = {}) const {
+        for (Control* found : rows()[row]->findChildren<Control*>()) {
+            if (name.isEmpty() || found->accessibleName() == name)
+                return found;
+        }
+        return nullptr;
+    }
+    PopUpButton* picker(int row) const { return control<PopUpButton>(row); }
+    void choose(int row, int entry) const {
+        picker(row)->setCurrentIndex(entry);
+        emit picker(row)->activated(entry);
+    }
+    QPushButton* addButton() const {
+        for (auto* button : editor.findChildren<QPushButton*>()) {
+            if (button->text() == "Add Window")
+                return button;
+        }
+        return nullptr;
+    }
+    QStringList entries(int row) const {
+        QStringList result;
+        for (int entry = 0; entry < picker(row)->count(); ++entry)
+            result.push_back(picker(row)->itemText(entry));
+        return result;
+    }
+
+    ScheduleEditor editor;
+    int reports = 0;
+};
+
+TEST_F(ScheduleEditorTest, ShowsARowForEachWindow) {
+    show({{1380, 420, action::Automatic{}}, {540, 720, action::Fixed{0.4}}});
+    ASSERT_EQ(rows().size(), 2);
+    EXPECT_EQ(control<TimeField>(0, "From")->text().toStdString(), "23:00");
+    EXPECT_EQ(control<TimeField>(0, "To")->text().toStdString(), "07:00");
+    EXPECT_EQ(picker(0)->currentText().toStdString(), "Automatic");
+    EXPECT_TRUE(control<FractionSlider>(0)->isHidden());
+    EXPECT_EQ(picker(1)->currentText().toStdString(), "Fixed speed");
+    EXPECT_FALSE(control<FractionSlider>(1)->isHidden());
+    EXPECT_EQ(control<FractionSlider>(1)->fraction(), 0.4);
+    EXPECT_EQ(control<FigureLabel>(1)->text().toStdString(), "40%");
+    EXPECT_EQ(reports, 0);
+}
+
+TEST_F(ScheduleEditorTest, WritesTimesAsTheUsersLocaleDoes) {
+    editor.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    show({{425, 1380, action::Automatic{}}});
+    EXPECT_TRUE(control<TimeField>(0, "From")->text().startsWith("7:05"));
+    EXPECT_TRUE(control<TimeField>(0, "From")->text().endsWith("AM", Qt::CaseInsensitive));
+    EXPECT_TRUE(control<TimeField>(0, "To")->text().startsWith("11:00"));
+}
+
+TEST_F(ScheduleEditorTest, AddsWindowsOneAfterTheOther) {
+    show({});
+    QTest::mouseClick(addButton(), Qt::LeftButton);
+    QTest::mouseClick(addButton(), Qt::LeftButton);
+    EXPECT_EQ(editor.windows(), (std::vector<Window>{{540, 600, action::Automatic{}},
+                                                     {600, 660, action::Automatic{}}}));
+    EXPECT_EQ(rows().size(), 2);
+    EXPECT_EQ(reports, 2);
+}
+
+TEST_F(ScheduleEditorTest, RemovesTheWindowWhoseButtonIsClicked) {
+    show({{0, 60, action::Automatic{}},
+          {60, 120, action::Fixed{0.4}},
+          {120, 180, action::Automatic{}}});
+    ScheduleRow* last = rows()[2];
+    QTest::mouseClick(control<SymbolButton>(1), Qt::LeftButton);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(editor.windows(),
+              (std::vector<Window>{{0, 60, action::Automatic{}}, {120, 180, action::Automatic{}}}));
+    ASSERT_EQ(rows().size(), 2);
+    EXPECT_EQ(rows()[1], last);
+}
+
+TEST_F(ScheduleEditorTest, RemovesEveryWindowByKeys) {
+    show({{0, 60, action::Automatic{}}, {60, 120, action::Automatic{}}});
+    control<SymbolButton>(0)->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(editor.windows().empty());
+    EXPECT_EQ(QApplication::focusWidget(), addButton());
+}
+
+TEST_F(ScheduleEditorTest, StoresTypedTimes) {
+    show({{0, 60, action::Automatic{}}});
+    auto* field = control<TimeField>(0, "From");
+    field->setFocus();
+    field->setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClicks(field, "0705");
+    EXPECT_EQ(editor.windows()[0].start, 425);
+    EXPECT_EQ(editor.windows()[0].end, 60);
+    EXPECT_GE(reports, 1);
+}
+
+TEST_F(ScheduleEditorTest, StepsTimesAcrossMidnight) {
+    show({{600, 1439, action::Automatic{}}});
+    auto* field = control<TimeField>(0, "To");
+    field->setFocus();
+    field->setSelectedSection(QDateTimeEdit::MinuteSection);
+    QTest::keyClick(field, Qt::Key_Up);
+    EXPECT_EQ(editor.windows()[0].end, 0);
+    EXPECT_EQ(editor.windows()[0].start, 600);
+}
+
+TEST_F(ScheduleEditorTest, ListsWhatAWindowMayRun) {
+    show({{0, 60, action::Automatic{}}});
+    EXPECT_EQ(entries(0), (QStringList{"Automatic", "Fixed speed", "", "Quiet", "Untitled"}));
+    EXPECT_EQ(picker(0)->accessibleName().toStdString(), "Run");
+}
+
+TEST_F(ScheduleEditorTest, DividesOnlyWhereThereAreProfiles) {
+    editor.display({{0, 60, action::Automatic{}}}, {});
+    EXPECT_EQ(entries(0), (QStringList{"Automatic", "Fixed speed"}));
+}
+
+TEST_F(ScheduleEditorTest, NamesWhatCannotBeRunWhereItIsChosen) {
+    show({{0, 60, action::Profile{idOf(3)}}, {60, 120, action::Profile{idOf(9)}}});
+    EXPECT_EQ(picker(0)->currentText().toStdString(), "Night");
+    EXPECT_EQ(picker(1)->currentText().toStdString(), "Missing profile");
+}
+
+TEST_F(ScheduleEditorTest, SwitchesWhatAWindowRuns) {
+    show({{0, 60, action::Profile{idOf(1)}}});
+    EXPECT_EQ(picker(0)->currentText().toStdString(), "Quiet");
+    choose(0, 1);
+    EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.5}));
+    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "50%");
+    choose(0, 4);
+    EXPECT_EQ(editor.windows()[0].action, Action(action::Profile{idOf(2)}));
+    EXPECT_TRUE(control<FractionSlider>(0)->isHidden());
+    choose(0, 0);
+    EXPECT_EQ(editor.windows()[0].action, Action(action::Automatic{}));
+}
+
+TEST_F(ScheduleEditorTest, KeepsTheSpeedToWholePercent) {
+    show({{0, 60, action::Fixed{0.5}}});
+    control<FractionSlider>(0)->moveAtOnce(0.2944);
+    EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.29}));
+    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "29%");
+}
+
+TEST_F(ScheduleEditorTest, ShowsImpossibleNumbersAndChangesNothing) {
+    const std::vector<Window> windows{{-5, 1440, action::Fixed{1e300}}};
+    show(windows);
+    EXPECT_EQ(editor.windows(), windows);
+    EXPECT_EQ(control<TimeField>(0, "From")->text().toStdString(), "23:55");
+    EXPECT_EQ(control<TimeField>(0, "To")->text().toStdString(), "00:00");
+}
+
+TEST_F(ScheduleEditorTest, LeavesTheFocusWhereItIs) {
+    show({{0, 60, action::Automatic{}}});
+    auto* field = control<TimeField>(0, "From");
+    field->setFocus();
+    show({{0, 60, action::Automatic{}}, {60, 120, action::Automatic{}}});
+    EXPECT_EQ(QApplication::focusWidget(), field);
+}
+
+TEST_F(ScheduleEditorTest, BreaksRowsInTwoWhereTheyDoNotFit) {
+    show({{0, 60, action::Fixed{0.5}}});
+    const int oneLine = rows()[0]->sizeHint().height();
+    editor.resize(editor.minimumSizeHint().width(), 300);
+    QCoreApplication::processEvents();
+    EXPECT_LE(editor.minimumSizeHint().width(), 298);
+    EXPECT_GT(rows()[0]->sizeHint().height(), oneLine);
+    editor.resize(500, 300);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(rows()[0]->sizeHint().height(), oneLine);
+}
+
+TEST_F(ScheduleEditorTest, SaysWhatRunsOtherwise) {
+    QStringList texts;
+    for (const QLabel* label : editor.findChildren<QLabel*>())
+        texts.push_back(label->text());
+    EXPECT_EQ(texts,
+              (QStringList{"Time windows",
+                           "Times no window covers run Automatic. A window may cross midnight."}));
+}
+
+} // namespace
+} // namespace tervale

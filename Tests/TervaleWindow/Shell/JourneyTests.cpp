@@ -1,0 +1,142 @@
+#include "Profiles/InMemoryPreferences.h"
+#include "Profiles/InProcessNotificationCenter.h"
+#include "Simulation/Simulation.h"
+#include "TervaleWindow/Controls/ModeButton.h"
+#include "TervaleWindow/Controls/PopUpButton.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
+#include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Profiles/CurveCanvas.h"
+#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Support/Settable.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QListView>
+#include <QMenu>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace tervale;
+
+/// The window on a simulated Mac with its agent, in virtual time.
+class Journey : public testing::Test {
+  protected:
+    Journey() {
+        QApplication::setStyle(new WindowStyle);
+        window.resize(980, 680);
+        window.show();
+    }
+
+    void pass(int seconds) {
+        for (int i = 0; i < seconds; ++i) {
+            simulation.advance(1);
+            clock.time = clock.time + 1;
+            model.refresh();
+        }
+    }
+
+    template <class Widget>
+    Widget* find(const QString& text) {
+        for (auto* widget : window.findChildren<Widget*>()) {
+            if (widget->isVisibleTo(&window) &&
+                (widget->accessibleName() == text || widget->property("text").toString() == text))
+                return widget;
+        }
+        return nullptr;
+    }
+
+    double fanFraction(std::size_t index) const {
+        const Model::DisplayFan& fan = model.fans().at(index);
+        return (fan.actual - fan.min) / (fan.max - fan.min);
+    }
+
+    InMemoryPreferences preferences;
+    InProcessNotificationCenter center;
+    Bridge bridge{center};
+    SettableClock clock;
+    SettableVisibility visibility;
+    Simulation simulation{{.scenario = Scenario::work}, center, preferences, clock};
+    Model model{simulation.mac(), bridge, clock, visibility};
+    ContentView window{model, bridge};
+};
+
+TEST_F(Journey, AClickOnAPresetComesBackFromTheAgentAndTurnsTheFans) {
+    EXPECT_TRUE(model.connected());
+    pass(5);
+    ASSERT_EQ(model.fans().size(), 2U);
+    EXPECT_FALSE(model.fans().front().manual);
+    auto* half = find<ModeButton>("50%");
+    ASSERT_NE(half, nullptr);
+    QTest::mouseClick(half, Qt::LeftButton);
+    EXPECT_EQ(model.selection(), Action(action::Fixed{0.5}));
+    EXPECT_TRUE(half->isSelected());
+    pass(60);
+    for (const std::size_t fan : {0U, 1U}) {
+        EXPECT_TRUE(model.fans().at(fan).manual);
+        EXPECT_NEAR(fanFraction(fan), 0.5, 0.03);
+    }
+    QTest::mouseClick(find<ModeButton>("Automatic"), Qt::LeftButton);
+    pass(2);
+    EXPECT_FALSE(model.fans().front().manual);
+}
+
+TEST_F(Journey, ACurveIsAddedDraggedSavedFollowedAndDeleted) {
+    window.setSection(Pane::profiles);
+    const auto offered = model.profiles().size();
+    find<SymbolButton>("Add profile")->menu()->actions().front()->trigger();
+
+    // All points are dragged up, so that the fans run at full speed at any temperature.
+    auto* canvas = window.findChild<CurveCanvas*>();
+    ASSERT_NE(canvas, nullptr);
+    window.grab();
+    const PlotRect plot = canvas->plot();
+    const auto placeOf = [&](const CurvePoint& point) {
+        return QPoint(qRound(plot.left + (point.x - 20) / 90 * plot.width),
+                      qRound(plot.bottom() - point.speed * plot.height));
+    };
+    for (const CurvePoint& point : Curve(canvas->state().curve).points) {
+        const QPoint from = placeOf(point);
+        QTest::mousePress(canvas, Qt::LeftButton, {}, from);
+        QTest::mouseMove(canvas, QPoint(from.x(), 4));
+        QTest::mouseRelease(canvas, Qt::LeftButton, {}, QPoint(from.x(), 4));
+    }
+    EXPECT_EQ(model.profiles().size(), offered);
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    ASSERT_EQ(model.profiles().size(), offered + 1);
+    const Profile saved = model.profiles().back();
+    for (const CurvePoint& point : std::get<kind::Temperature>(saved.kind).curve.points)
+        EXPECT_EQ(point.speed, 1.0);
+
+    window.setSection(Pane::overview);
+    auto* picker = find<PopUpButton>("Profile");
+    ASSERT_NE(picker, nullptr);
+    emit picker->activated(picker->count() - 1);
+    EXPECT_EQ(model.selection(), Action(action::Profile{saved.id}));
+    EXPECT_EQ(picker->currentText(), QString::fromStdString(saved.name));
+    pass(90);
+    EXPECT_NEAR(fanFraction(0), 1.0, 0.03);
+    EXPECT_NEAR(fanFraction(1), 1.0, 0.03);
+
+    window.setSection(Pane::profiles);
+    auto* list = find<QListView>("Profiles");
+    ASSERT_NE(list, nullptr);
+    list->setCurrentIndex(list->model()->index(list->model()->rowCount() - 1, 0));
+    QTest::mouseClick(find<SymbolButton>("Remove profile"), Qt::LeftButton);
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(model.profiles().size(), offered);
+    window.setSection(Pane::overview);
+    EXPECT_NE(find<QLabel>("Missing profile"), nullptr);
+    EXPECT_EQ(find<PopUpButton>("Profile")->currentText(), "No profile");
+    pass(2);
+    EXPECT_FALSE(model.fans().front().manual);
+}
+
+TEST_F(Journey, WhatIsSavedIsThereForTheNextAgent) {
+    auto profiles = model.profiles();
+    profiles.front().name = "Renamed";
+    bridge.send(command::SaveProfiles{profiles});
+    const Simulation next({}, center, preferences, clock);
+    EXPECT_EQ(model.profiles().front().name, "Renamed");
+}

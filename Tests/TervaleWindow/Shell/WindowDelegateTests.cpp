@@ -1,0 +1,66 @@
+#include "Profiles/InProcessNotificationCenter.h"
+#include "TervaleWindow/Shell/WindowDelegate.h"
+#include "TervaleWindow/Shell/WindowVisibility.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+using namespace tervale;
+
+namespace {
+
+/// Runs the event loop until it is ended, or for a second at the most; tells whether it was ended.
+bool endsTheApplication(const std::function<void()>& cause) {
+    QTimer::singleShot(0, cause);
+    QTimer::singleShot(1000, [] { QCoreApplication::exit(1); });
+    return QApplication::exec() == 0;
+}
+
+} // namespace
+
+TEST(WindowDelegate, SizesEveryWindowOnceTheyAreThere) {
+    InProcessNotificationCenter center;
+    Bridge bridge(center);
+    QWidget window;
+    window.show();
+    WindowDelegate delegate;
+    delegate.applicationDidFinishLaunching(bridge);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.minimumSize(), QSize(780, 520));
+}
+
+TEST(WindowDelegate, EndsTheApplicationWhenTheAgentAsksForIt) {
+    InProcessNotificationCenter center;
+    Bridge bridge(center);
+    QWidget window;
+    window.show();
+    WindowDelegate delegate;
+    delegate.applicationDidFinishLaunching(bridge);
+    EXPECT_TRUE(endsTheApplication([&] { bridge.quitWindow(); }));
+    EXPECT_TRUE(endsTheApplication([&] { center.post(Bridge::quitName, "whatever it carries"); }));
+}
+
+TEST(WindowDelegate, EndsTheApplicationWithItsLastWindow) {
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    EXPECT_TRUE(endsTheApplication([&] { window->close(); }));
+}
+
+TEST(WindowVisibility, CountsAsVisibleUntilTheWindowIsThere) {
+    WindowVisibility visibility;
+    EXPECT_TRUE(visibility.visible());
+    QWidget window;
+    visibility.follow(window);
+    EXPECT_FALSE(visibility.visible());
+    window.show();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(visibility.visible());
+    window.showMinimized();
+    EXPECT_FALSE(visibility.visible());
+    window.showNormal();
+    window.hide();
+    EXPECT_FALSE(visibility.visible());
+}
