@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLocale>
 #include <QString>
 
 namespace tervale {
@@ -10,5 +11,8 @@ QString celsius(double value);
 
 /// A fraction in whole percent, halves away from zero, such as "50%".
 QString percent(double fraction);
+
+/// How the user's locale writes a time of day in its short style, without seconds and time zone.
+QString timeOfDayFormat(const QLocale& locale);
 
 } // namespace tervale

@@ -1,10 +1,13 @@
 #include "TervaleWindow/Controls/TimeField.h"
 
 #include "SMC/Precondition.h"
+#include "TervaleWindow/Appearance/Format.h"
 
-#include <QEvent>
-#include <QRegularExpression>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace tervale {
 
@@ -16,14 +19,6 @@ QTime timeAt(int minute) {
     return QTime(minute / minutesPerHour, minute % minutesPerHour);
 }
 
-/// The locale's way to write a time, without its seconds and time zone.
-QString hoursAndMinutes(const QLocale& locale) {
-    static const QRegularExpression rest(QStringLiteral("[^\\w\\s]?s+(\\.z+)?|\\s*t+"));
-    QString format = locale.timeFormat(QLocale::ShortFormat);
-    format.remove(rest);
-    return format.trimmed();
-}
-
 } // namespace
 
 TimeField::TimeField(QWidget* parent) : QTimeEdit(parent) {
@@ -32,6 +27,7 @@ TimeField::TimeField(QWidget* parent) : QTimeEdit(parent) {
     setAlignment(Qt::AlignCenter);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     followLocale();
+    lineEdit()->installEventFilter(this);
     connect(this, &QTimeEdit::userTimeChanged, this, &TimeField::announce);
 }
 
@@ -70,6 +66,34 @@ void TimeField::wheelEvent(QWheelEvent* event) {
         event->ignore();
 }
 
+bool TimeField::eventFilter(QObject* watched, QEvent* event) {
+    // Once the click has put the cursor somewhere, what is typed replaces the section there.
+    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease)
+        QMetaObject::invokeMethod(this, &TimeField::selectCurrentSection, Qt::QueuedConnection);
+    return QTimeEdit::eventFilter(watched, event);
+}
+
+void TimeField::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
+    const bool digit = event->text().size() == 1 && event->text().front().isDigit();
+    // A digit in place of all of the text begins with the hours.
+    if (digit && lineEdit()->selectedText() == lineEdit()->text())
+        setSelectedSection(sectionAt(0));
+    if (plain && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right))
+        chooseSection(event->key() == Qt::Key_Left ? -1 : 1);
+    else
+        QTimeEdit::keyPressEvent(event);
+}
+
+void TimeField::selectCurrentSection() {
+    setSelectedSection(currentSection());
+}
+
+void TimeField::chooseSection(int step) {
+    setCurrentSectionIndex(std::clamp(currentSectionIndex() + step, 0, sectionCount() - 1));
+    selectCurrentSection();
+}
+
 void TimeField::changeEvent(QEvent* event) {
     QTimeEdit::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
@@ -77,7 +101,7 @@ void TimeField::changeEvent(QEvent* event) {
 }
 
 void TimeField::followLocale() {
-    setDisplayFormat(hoursAndMinutes(locale()));
+    setDisplayFormat(timeOfDayFormat(locale()));
 }
 
 void TimeField::announce() {

@@ -5,7 +5,8 @@
 namespace tervale {
 
 /// A time of day in hours and minutes, written as the user's locale does. Stepping a section
-/// carries into the other one and past midnight.
+/// carries into the other one and past midnight. A click chooses a section, Left and Right the one
+/// beside it, and what is typed replaces it.
 class TimeField : public QTimeEdit {
     Q_OBJECT
     Q_PROPERTY(int minuteOfDay READ minuteOfDay WRITE setMinuteOfDay NOTIFY minuteOfDayChanged)
@@ -28,12 +29,17 @@ class TimeField : public QTimeEdit {
 
   protected:
     StepEnabled stepEnabled() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
     void followLocale();
     void announce();
+    void selectCurrentSection();
+    /// Goes to the next section, or the one before, as far as there is one.
+    void chooseSection(int step);
 
     int announced = 0;
 };

@@ -1,5 +1,7 @@
 #include "TervaleWindow/Overview/FanChoices.h"
 
+#include "TervaleWindow/Appearance/Format.h"
+
 #include <QDateTime>
 #include <QLocale>
 
@@ -16,8 +18,9 @@ QString timeOfDay(Date date) {
     const double seconds = std::clamp(date.sinceReference, -farthest, farthest);
     const auto milliseconds =
         static_cast<qint64>((seconds + Date::referenceSinceUnixEpoch) * 1000.0);
-    return QLocale().toString(QDateTime::fromMSecsSinceEpoch(milliseconds).time(),
-                              QLocale::ShortFormat);
+    const QLocale locale;
+    return locale.toString(QDateTime::fromMSecsSinceEpoch(milliseconds).time(),
+                           timeOfDayFormat(locale));
 }
 
 } // namespace

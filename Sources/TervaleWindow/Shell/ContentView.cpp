@@ -9,6 +9,7 @@
 #include "TervaleWindow/Shell/Sidebar.h"
 
 #include <QHBoxLayout>
+#include <QShortcut>
 
 namespace tervale {
 
@@ -24,6 +25,18 @@ ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
     setAutoFillBackground(true);
     connect(sidebar, &Sidebar::sectionChosen, this, &ContentView::setSection);
     setSection(shown);
+    addShortcuts();
+}
+
+void ContentView::addShortcuts() {
+    for (std::size_t i = 0; i < allPanes.size(); ++i) {
+        const QKeySequence keys(Qt::ControlModifier | Qt::Key(Qt::Key_1 + i));
+        connect(new QShortcut(keys, this), &QShortcut::activated, this,
+                [this, pane = allPanes[i]] { setSection(pane); });
+    }
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
+    connect(new QShortcut(QKeySequence(Qt::ControlModifier | Qt::Key_Q), this),
+            &QShortcut::activated, this, &QWidget::close);
 }
 
 void ContentView::setSection(std::optional<Pane> section) {
@@ -37,6 +50,8 @@ void ContentView::setSection(std::optional<Pane> section) {
     delete pane;
     pane = makePane(section.value_or(Pane::overview));
     columns->addWidget(pane, 1);
+    // Now rather than from the event loop, so that the window never shows an empty place.
+    pane->show();
 }
 
 QWidget* ContentView::makePane(Pane kind) {

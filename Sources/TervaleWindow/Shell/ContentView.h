@@ -32,6 +32,8 @@ class ContentView final : public QWidget {
 
   private:
     QWidget* makePane(Pane kind);
+    /// The keys of the whole window: the panes on Control-1 to 4 (Command on a Mac), close, quit.
+    void addShortcuts();
 
     Model& model;
     Bridge& bridge;

@@ -32,6 +32,15 @@ RowLayout layoutOf(const QRect& row, Qt::LayoutDirection direction) {
             QStyle::visualRect(direction, ground, text)};
 }
 
+/// Within the row, since the next row begins right behind it.
+void paintFocus(QPainter& painter, const QRectF& ground) {
+    QColor ring(Qt::white);
+    ring.setAlphaF(0.8f);
+    painter.setPen(QPen(ring, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(ground.adjusted(2, 2, -2, -2), cornerRadius - 2, cornerRadius - 2);
+}
+
 } // namespace
 
 void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -46,6 +55,9 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
         painter->setBrush(Theme::accent());
         painter->drawRoundedRect(layout.ground, cornerRadius, cornerRadius);
     }
+    const auto keyboardFocus = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    if ((option.state & keyboardFocus) == keyboardFocus)
+        paintFocus(*painter, layout.ground);
     paintSymbol(*painter, static_cast<Symbol>(index.data(symbolRole).toInt()), layout.symbol,
                 chosen ? QColor(Qt::white) : Theme::accent());
     painter->setFont(systemFont(fontSize::body, QFont::Medium));

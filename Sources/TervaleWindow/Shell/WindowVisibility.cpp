@@ -8,7 +8,7 @@ bool WindowVisibility::visible() const {
     if (!followed)
         return true;
     const QWindow* handle = followed->windowHandle();
-    return handle && handle->isExposed() && !followed->isMinimized();
+    return handle && followed->isVisible() && handle->isExposed() && !followed->isMinimized();
 }
 
 } // namespace tervale

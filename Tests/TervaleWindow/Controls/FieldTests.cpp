@@ -4,6 +4,7 @@
 
 #include <QBoxLayout>
 #include <QFocusFrame>
+#include <QLineEdit>
 #include <QSignalSpy>
 
 using namespace tervale;
@@ -124,4 +125,34 @@ TEST_F(FieldTest, AFieldShowsARingHoweverItGotTheFocus) {
     ASSERT_NE(ring, nullptr);
     EXPECT_TRUE(ring->isVisible());
     EXPECT_EQ(ring->geometry(), field.geometry().adjusted(-3, -3, 3, 3));
+}
+
+TEST_F(FieldTest, ATimeTypedAfterAClickReplacesTheSectionThere) {
+    TimeField& field = showTime(425);
+    auto* edit = field.findChild<QLineEdit*>();
+    QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(edit->width() / 2 - 12, edit->height() / 2));
+    QCoreApplication::processEvents();
+    QTest::keyClicks(&field, "1030");
+    EXPECT_EQ(field.minuteOfDay(), 10 * 60 + 30);
+}
+
+TEST_F(FieldTest, ATimeTypedInPlaceOfAllOfTheTextBeginsWithTheHours) {
+    TimeField& field = showTime(425);
+    auto* edit = field.findChild<QLineEdit*>();
+    edit->selectAll();
+    QTest::keyClicks(&field, "2245");
+    EXPECT_EQ(field.minuteOfDay(), 22 * 60 + 45);
+}
+
+TEST_F(FieldTest, ATimesSectionsAreChosenByTheArrowKeys) {
+    TimeField& field = showTime(425);
+    field.setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClick(&field, Qt::Key_Up);
+    QTest::keyClick(&field, Qt::Key_Right);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.minuteOfDay(), 8 * 60 + 6);
+    QTest::keyClick(&field, Qt::Key_Right);
+    QTest::keyClick(&field, Qt::Key_Left);
+    QTest::keyClick(&field, Qt::Key_Down);
+    EXPECT_EQ(field.minuteOfDay(), 7 * 60 + 6);
 }

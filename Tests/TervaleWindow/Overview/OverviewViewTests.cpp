@@ -384,6 +384,8 @@ TEST_F(Overview, FitsTheSmallestWindowWithoutClipping) {
     state.profiles = {{quietId, std::string(200, 'W'), kind::Load{}}};
     state.selection = action::Profile{quietId};
     state.status = std::string(300, 'x') + " " + std::string(100, 'y');
+    state.timerAction = state.selection;
+    state.timerEnds = Date{0};
     publish(state);
     view->resize(590, 520);
     QApplication::processEvents();

@@ -76,6 +76,27 @@ TEST_F(Content, FollowsTheArrowKeys) {
     EXPECT_EQ(view->section(), Pane::settings);
 }
 
+TEST_F(Content, HasAKeyForEachPaneAndForClosing) {
+    show().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    QTest::keyClick(view.get(), Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(view->section(), Pane::profiles);
+    QTest::keyClick(view.get(), Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(view->section(), Pane::overview);
+    QTest::keyClick(view.get(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(view->isVisible());
+    view->show();
+    view->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    QTest::keyClick(view.get(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(view->isVisible());
+}
+
+TEST_F(Content, ShowsAPaneAtOnce) {
+    show().setSection(Pane::profiles);
+    EXPECT_TRUE(view->detail()->isVisible());
+}
+
 TEST_F(Content, MakesAPaneAnewWhenItIsShownAgain) {
     show();
     auto& slider = *view->findChild<FractionSlider*>();

@@ -83,6 +83,8 @@ TEST_F(Journey, AClickOnAPresetComesBackFromTheAgentAndTurnsTheFans) {
 }
 
 TEST_F(Journey, ACurveIsAddedDraggedSavedFollowedAndDeleted) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     window.setSection(Pane::profiles);
     const auto offered = model.profiles().size();
     find<SymbolButton>("Add profile")->menu()->actions().front()->trigger();
