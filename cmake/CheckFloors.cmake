@@ -2,12 +2,13 @@
 # Usage: cmake -DROOT=<project> -P CheckFloors.cmake
 cmake_minimum_required(VERSION 3.25)
 
-set(folders SMC Profiles Platform Simulation TervaleWindow tervalectl)
+set(folders SMC Profiles Platform Simulation TervaleWindow Simulator tervalectl)
 set(may_SMC SMC)
 set(may_Profiles SMC Profiles)
 set(may_Platform SMC Profiles Platform)
 set(may_Simulation SMC Profiles Simulation)
 set(may_TervaleWindow SMC Profiles Platform Simulation TervaleWindow)
+set(may_Simulator SMC Profiles Platform Simulation Simulator)
 set(may_tervalectl SMC Profiles Platform Simulation tervalectl)
 
 # Angle-bracket headers of an operating system, a toolkit or a library.
@@ -36,7 +37,7 @@ foreach(folder IN LISTS folders)
                 endif()
             elseif(header MATCHES "${foreign}" AND NOT folder STREQUAL "Platform")
                 set(fault "belongs to an operating system, which only Sources/Platform may know")
-            elseif(header MATCHES "${toolkit}" AND NOT folder MATCHES "^(TervaleWindow|Platform)$")
+            elseif(header MATCHES "${toolkit}" AND NOT folder MATCHES "^(TervaleWindow|Simulator|Platform)$")
                 set(fault "belongs to the window's toolkit")
             elseif(header MATCHES "${json}" AND NOT folder MATCHES "^(Profiles|tervalectl)$")
                 set(fault "belongs to the JSON library")

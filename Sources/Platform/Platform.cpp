@@ -4,11 +4,50 @@
 #include "Platform/Linux/FilePreferences.h"
 #include "Platform/ProcessorLoad.h"
 
+#ifdef __linux__
+#include "Platform/Linux/ControllerSocket.h"
+#include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/SocketRegistry.h"
+#endif
+
 namespace tervale {
 
+#ifdef __linux__
+
+namespace {
+
+std::unique_ptr<IORegistry> makeRegistry() {
+    return std::make_unique<SocketRegistry>(controllerSocket::defaultPath());
+}
+
+} // namespace
+
+std::unique_ptr<NotificationCenter> makeNotificationCenter() {
+    return DBusNotificationCenter::onSessionBus();
+}
+
+#else
+
+namespace {
+
+std::unique_ptr<IORegistry> makeRegistry() {
+    return std::make_unique<AbsentIORegistry>();
+}
+
+} // namespace
+
+std::unique_ptr<NotificationCenter> makeNotificationCenter() {
+    return nullptr;
+}
+
+#endif
+
 Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch) {
-    return {std::make_unique<AbsentIORegistry>(),
-            std::make_unique<InProcessNotificationCenter>(std::move(dispatch))};
+    Platform platform{makeRegistry(), makeNotificationCenter()};
+    if (!platform.notificationCenter)
+        platform.notificationCenter =
+            std::make_unique<InProcessNotificationCenter>(std::move(dispatch));
+    return platform;
 }
 
 std::unique_ptr<Preferences> makePreferences(const std::string& domain) {

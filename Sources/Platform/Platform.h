@@ -18,14 +18,19 @@ struct Platform {
     std::unique_ptr<NotificationCenter> notificationCenter;
 };
 
-/// `dispatch` runs what it is given on the main thread.
+/// The channel to the other programs of the user's session; null where there is none. Needs an
+/// application object of the toolkit, whose event loop delivers.
+std::unique_ptr<NotificationCenter> makeNotificationCenter();
+
+/// Where there is no channel to other programs, notifications stay within this one: `dispatch` runs
+/// what it is given on the main thread.
 Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch);
 
 /// The user's preferences of a domain, such as "tervale".
 std::unique_ptr<Preferences> makePreferences(const std::string& domain);
 
-/// Tells this machine's processor load since it was last asked: percent, 0 to 100; nothing when it is
-/// not known.
+/// Tells this machine's processor load since it was last asked: percent, 0 to 100; nothing when it
+/// is not known.
 std::function<std::optional<double>()> makeProcessorLoad();
 
 } // namespace tervale

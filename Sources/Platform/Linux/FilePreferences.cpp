@@ -1,5 +1,6 @@
 #include "Platform/Linux/FilePreferences.h"
 
+#include "Platform/Linux/FileDescriptor.h"
 #include "SMC/Precondition.h"
 
 #include <algorithm>
@@ -15,25 +16,6 @@
 namespace tervale {
 
 namespace {
-
-/// An open file, closed with the object.
-class FileDescriptor {
-  public:
-    explicit FileDescriptor(int descriptor) : descriptor(descriptor) {}
-    ~FileDescriptor() { close(); }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    explicit operator bool() const { return descriptor >= 0; }
-    int number() const { return descriptor; }
-    bool close() {
-        const int closing = std::exchange(descriptor, -1);
-        return closing < 0 || ::close(closing) == 0;
-    }
-
-  private:
-    int descriptor;
-};
 
 bool isSafeKey(const std::string& key) {
     constexpr std::size_t longest = 200;

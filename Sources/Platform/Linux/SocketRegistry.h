@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Platform/Linux/FileDescriptor.h"
+#include "SMC/IORegistry.h"
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <memory>
+
+namespace tervale {
+
+/// The registry of a simulated Mac in another process. Each service that is found is a connection
+/// to the process's socket, without which there is no service.
+///
+/// A call waits for the other process only so long. While an answer is overdue, further calls fail
+/// at once; when it comes after all, they go on. One thread at a time.
+class SocketRegistry final : public IORegistry {
+  public:
+    static constexpr std::chrono::milliseconds defaultPatience{1000};
+
+    explicit SocketRegistry(std::filesystem::path path,
+                            std::chrono::milliseconds patience = defaultPatience);
+    ~SocketRegistry() override;
+
+    std::optional<Service> findService(const std::string& className) override;
+    Status open(Service service, std::uint32_t type, Connection& connection) override;
+    void release(Service service) override;
+    Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
+                      Structure& response) override;
+    void close(Connection connection) override;
+
+  private:
+    class Link;
+    struct FoundService {
+        std::string className;
+        /// Null once it has been opened.
+        std::unique_ptr<Link> link;
+    };
+
+    /// A link to a service of the class; null if there is none.
+    std::unique_ptr<Link> find(const std::string& className) const;
+
+    std::filesystem::path path;
+    std::chrono::milliseconds patience;
+    std::map<Service, FoundService> services;
+    std::map<Connection, std::unique_ptr<Link>> connections;
+    std::uint32_t lastHandle = 0;
+};
+
+} // namespace tervale

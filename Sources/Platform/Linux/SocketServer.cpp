@@ -1,0 +1,205 @@
+#include "Platform/Linux/SocketServer.h"
+
+#include "Platform/Linux/ControllerSocket.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <optional>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tervale {
+
+using controllerSocket::Operation;
+using controllerSocket::Reply;
+using controllerSocket::Request;
+
+namespace {
+
+constexpr auto notFound = static_cast<IORegistry::Status>(0xe00002f0);
+constexpr auto notOpen = static_cast<IORegistry::Status>(0xe00002cd);
+
+constexpr auto socketType = SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK;
+
+const sockaddr* generic(const sockaddr_un& address) {
+    return reinterpret_cast<const sockaddr*>(&address);
+}
+
+SocketServer::Refused refusal(const std::filesystem::path& path, const std::string& reason) {
+    return SocketServer::Refused("Cannot serve on '" + path.string() + "': " + reason + ".");
+}
+
+SocketServer::Refused systemRefusal(const std::filesystem::path& path) {
+    return refusal(path, std::strerror(errno));
+}
+
+/// Makes way for a new socket, or throws.
+void removeStale(const std::filesystem::path& path, const sockaddr_un& address) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0)
+        return;
+    if (!S_ISSOCK(status.st_mode))
+        throw refusal(path, "there is a file in its place");
+    const FileDescriptor probe(::socket(AF_UNIX, socketType, 0));
+    const bool connected = ::connect(probe.number(), generic(address), sizeof address) == 0;
+    // Nobody listens, which is the only proof that nobody serves: a busy server says EAGAIN.
+    if (connected || errno != ECONNREFUSED)
+        throw refusal(path, "another process serves there");
+    if (::unlink(path.c_str()) != 0)
+        throw systemRefusal(path);
+}
+
+std::string className(const IORegistry::Structure& structure) {
+    const char* text = reinterpret_cast<const char*>(structure.data());
+    return {text, ::strnlen(text, structure.size())};
+}
+
+} // namespace
+
+/// One connection, and what it has opened.
+class SocketServer::Client {
+  public:
+    Client(SocketServer& server, FileDescriptor accepted)
+        : server(server),
+          registry(server.registry),
+          socket(std::move(accepted)),
+          input(socket.number(), QSocketNotifier::Read) {
+        QObject::connect(&input, &QSocketNotifier::activated, &input, [this] { serve(); });
+    }
+    ~Client() {
+        if (connection)
+            registry.close(*connection);
+        if (service)
+            registry.release(*service);
+    }
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
+
+  private:
+    /// One request a turn of the event loop, so that no client keeps the others waiting. The last
+    /// thing that happens here is that the client may be destroyed.
+    void serve() {
+        Request request;
+        const ssize_t length = ::recv(socket.number(), &request, sizeof request, MSG_TRUNC);
+        if (length < 0 && (errno == EAGAIN || errno == EINTR))
+            return;
+        const auto reply =
+            length == static_cast<ssize_t>(sizeof request) ? answer(request) : std::nullopt;
+        // A client without room for a reply has sent on without reading any.
+        if (!reply || ::send(socket.number(), &*reply, sizeof *reply, MSG_NOSIGNAL) !=
+                          static_cast<ssize_t>(sizeof *reply))
+            server.remove(this);
+    }
+    /// Nothing for what is no request.
+    std::optional<Reply> answer(const Request& request) {
+        if (request.unused != decltype(request.unused){})
+            return std::nullopt;
+        switch (request.operation) {
+        case Operation::find:
+            return find(request);
+        case Operation::open:
+            return open(request);
+        case Operation::exchange:
+            return exchange(request);
+        }
+        return std::nullopt;
+    }
+    std::optional<Reply> find(const Request& request) {
+        if (searched)
+            return std::nullopt;
+        searched = true;
+        service = registry.findService(className(request.structure));
+        return Reply{service ? 0 : notFound, {}};
+    }
+    std::optional<Reply> open(const Request& request) {
+        if (!service || connection)
+            return std::nullopt;
+        IORegistry::Connection opened = 0;
+        const IORegistry::Status status = registry.open(*service, request.number, opened);
+        if (status == 0)
+            connection = opened;
+        return Reply{status, {}};
+    }
+    Reply exchange(const Request& request) {
+        Reply reply;
+        if (!connection)
+            return {notOpen, {}};
+        reply.status =
+            registry.callStruct(*connection, request.number, request.structure, reply.structure);
+        return reply;
+    }
+
+    SocketServer& server;
+    IORegistry& registry;
+    FileDescriptor socket;
+    QSocketNotifier input;
+    bool searched = false;
+    std::optional<IORegistry::Service> service;
+    std::optional<IORegistry::Connection> connection;
+};
+
+SocketServer::SocketServer(IORegistry& lent, const std::filesystem::path& socketPath)
+    : registry(lent),
+      path(std::filesystem::absolute(socketPath)),
+      socket(::socket(AF_UNIX, socketType, 0)) {
+    if (!socket)
+        throw systemRefusal(path);
+    listen();
+    file = identityOf(path);
+    arrivals = std::make_unique<QSocketNotifier>(socket.number(), QSocketNotifier::Read);
+    connect(arrivals.get(), &QSocketNotifier::activated, this, &SocketServer::acceptClients);
+}
+
+SocketServer::~SocketServer() {
+    if (identityOf(path) == file)
+        ::unlink(path.c_str());
+}
+
+SocketServer::FileIdentity SocketServer::identityOf(const std::filesystem::path& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0)
+        return {};
+    return {status.st_dev, status.st_ino};
+}
+
+void SocketServer::listen() {
+    const auto address = controllerSocket::address(path);
+    if (!address)
+        throw refusal(path, "the path is too long");
+    // Of several that start at once, one replaces what it finds and the others then find it.
+    const FileDescriptor folder(
+        ::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder || ::flock(folder.number(), LOCK_EX) != 0)
+        throw systemRefusal(path);
+    removeStale(path, *address);
+    // The socket's own mode becomes that of its file, less what the mask takes away.
+    if (::fchmod(socket.number(), S_IRUSR | S_IWUSR) != 0 ||
+        ::bind(socket.number(), generic(*address), sizeof *address) != 0 ||
+        ::listen(socket.number(), static_cast<int>(mostClients)) != 0)
+        throw systemRefusal(path);
+}
+
+void SocketServer::acceptClients() {
+    while (clients.size() < mostClients) {
+        FileDescriptor accepted(
+            ::accept4(socket.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+        if (!accepted) {
+            // Without descriptors to spare, the loop would be called again at once and for ever.
+            arrivals->setEnabled(errno == EAGAIN || errno == EINTR || errno == ECONNABORTED);
+            return;
+        }
+        clients.push_back(std::make_unique<Client>(*this, std::move(accepted)));
+    }
+    arrivals->setEnabled(false);
+}
+
+void SocketServer::remove(const Client* client) {
+    std::erase_if(clients, [client](const auto& each) { return each.get() == client; });
+    arrivals->setEnabled(true);
+}
+
+} // namespace tervale

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Platform/Linux/FileDescriptor.h"
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+namespace tervale {
+
+/// Turns the signals that ask a process to end (SIGINT, SIGTERM, SIGHUP) into calls of a handler
+/// from the event loop. One object a process, made on the main thread.
+class TerminationSignals {
+  public:
+    explicit TerminationSignals(std::function<void()> handler);
+    /// The signals end the process again by themselves.
+    ~TerminationSignals();
+    TerminationSignals(const TerminationSignals&) = delete;
+    TerminationSignals& operator=(const TerminationSignals&) = delete;
+
+  private:
+    FileDescriptor readingEnd;
+    FileDescriptor writingEnd;
+    std::unique_ptr<QSocketNotifier> arrival;
+};
+
+} // namespace tervale

@@ -1,0 +1,221 @@
+#include "Platform/Linux/RawSocket.h"
+#include "Platform/Linux/SocketRegistry.h"
+#include "SMC/SMC.h"
+#include "Support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <sys/stat.h>
+#include <thread>
+
+using namespace tervale;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto notAttached = static_cast<IORegistry::Status>(0xe00002d9);
+constexpr auto timedOut = static_cast<IORegistry::Status>(0xe00002d6);
+
+IORegistry::Structure filledWith(int byte) {
+    IORegistry::Structure structure;
+    structure.fill(static_cast<std::byte>(byte));
+    return structure;
+}
+
+/// A socket that a test serves by hand.
+class SocketRegistryTest : public testing::Test {
+  protected:
+    using Answer = std::function<void(RawSocket& client, const Packet& request)>;
+
+    ~SocketRegistryTest() override { stopServing(); }
+
+    void listen() {
+        listener = newSocket();
+        const auto address = controllerSocket::address(path);
+        ASSERT_EQ(::bind(listener.number(), reinterpret_cast<const sockaddr*>(&*address),
+                         sizeof *address),
+                  0);
+        ASSERT_EQ(::listen(listener.number(), 8), 0);
+    }
+    /// Serves one client, from another thread, until it hangs up.
+    void serve(Answer answer) {
+        listen();
+        server = std::thread([this, answer = std::move(answer)] {
+            RawSocket client(FileDescriptor(::accept(listener.number(), nullptr, nullptr)));
+            while (client) {
+                client.waitForInput();
+                const Packet request = client.receive();
+                if (request.empty())
+                    return;
+                answer(client, request);
+            }
+        });
+    }
+    void stopServing() {
+        ::shutdown(listener.number(), SHUT_RDWR);
+        if (server.joinable())
+            server.join();
+        listener.close();
+    }
+    /// A connection through the seam, or a failure of the test.
+    static IORegistry::Connection open(IORegistry& registry) {
+        const auto service = registry.findService("AppleSMC");
+        EXPECT_TRUE(service);
+        IORegistry::Connection connection = 0;
+        if (service) {
+            EXPECT_EQ(registry.open(*service, 0, connection), 0);
+            registry.release(*service);
+        }
+        return connection;
+    }
+
+    TemporaryFolder folder;
+    std::filesystem::path path = folder.path / "socket";
+
+  private:
+    FileDescriptor listener;
+    std::thread server;
+};
+
+const Packet success = packetOf({0, 0, 0, 0});
+
+} // namespace
+
+TEST_F(SocketRegistryTest, FindsNothingWithoutASocket) {
+    SocketRegistry registry(path);
+    EXPECT_FALSE(registry.findService("AppleSMC"));
+    std::filesystem::create_directory(path);
+    EXPECT_FALSE(registry.findService("AppleSMC"));
+    EXPECT_FALSE(SocketRegistry("/" + std::string(200, 'x')).findService("AppleSMC"));
+}
+
+TEST_F(SocketRegistryTest, FindsNothingWhereNobodyListens) {
+    listen();
+    stopServing();
+    ASSERT_TRUE(std::filesystem::exists(path));
+    EXPECT_FALSE(SocketRegistry(path).findService("AppleSMC"));
+}
+
+TEST_F(SocketRegistryTest, TrustsNoSocketInAFolderThatOthersCanWriteTo) {
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    ASSERT_EQ(::chmod(folder.path.c_str(), 0777), 0);
+    EXPECT_FALSE(SocketRegistry(path).findService("AppleSMC"));
+}
+
+TEST_F(SocketRegistryTest, CarriesEveryByteOfAnExchange) {
+    std::vector<Packet> requests;
+    serve([&](RawSocket& client, const Packet& request) {
+        requests.push_back(request);
+        client.send(request[0] == 3 ? packetOf({0, 0, 0, 0}, 0xB7) : success);
+    });
+    {
+        SocketRegistry registry(path);
+        const auto service = registry.findService("AppleSMC");
+        ASSERT_TRUE(service);
+        IORegistry::Connection connection = 0;
+        ASSERT_EQ(registry.open(*service, 0x01020304, connection), 0);
+        registry.release(*service);
+        IORegistry::Structure response{};
+        EXPECT_EQ(registry.callStruct(connection, 2, filledWith(0xA5), response), 0);
+        EXPECT_EQ(response, filledWith(0xB7));
+        registry.close(connection);
+    }
+    stopServing();
+    EXPECT_EQ(requests,
+              (std::vector<Packet>{findRequest("AppleSMC"), packetOf({2, 0, 0, 0, 4, 3, 2, 1}),
+                                   packetOf({3, 0, 0, 0, 2, 0, 0, 0}, 0xA5)}));
+}
+
+TEST_F(SocketRegistryTest, FindsNoServiceThatTheOtherSideLacks) {
+    serve([](RawSocket& client, const Packet&) { client.send(packetOf({0xf0, 2, 0, 0xe0})); });
+    EXPECT_FALSE(SocketRegistry(path).findService("AppleSMC"));
+    EXPECT_FALSE(SocketRegistry(path).findService(std::string(81, 'x')));
+}
+
+TEST_F(SocketRegistryTest, TellsTheStatusOfAFailedCallAndLeavesTheResponse) {
+    serve([](RawSocket& client, const Packet& request) {
+        client.send(request[0] == 3 ? packetOf({0xc2, 2, 0, 0xe0}, 0xB7) : success);
+    });
+    SocketRegistry registry(path);
+    const auto connection = open(registry);
+    IORegistry::Structure response{};
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response),
+              static_cast<IORegistry::Status>(0xe00002c2));
+    EXPECT_EQ(response, filledWith(0));
+}
+
+TEST_F(SocketRegistryTest, FailsOnHandlesThatAreNotOpen) {
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    SocketRegistry registry(path);
+    const auto connection = open(registry);
+    registry.close(connection);
+    IORegistry::Structure response{};
+    EXPECT_NE(registry.callStruct(connection, 2, {}, response), 0);
+    IORegistry::Connection another = 0;
+    EXPECT_NE(registry.open(99, 0, another), 0);
+    registry.close(connection);
+    registry.release(99);
+}
+
+TEST_F(SocketRegistryTest, FailsOnceTheOtherSideHasGone) {
+    serve([](RawSocket& client, const Packet& request) {
+        if (request[0] == 3)
+            client = RawSocket(FileDescriptor());
+        else
+            client.send(success);
+    });
+    SocketRegistry registry(path);
+    const auto connection = open(registry);
+    IORegistry::Structure response{};
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+}
+
+TEST_F(SocketRegistryTest, HangsUpOnRepliesOfAnotherLength) {
+    serve([](RawSocket& client, const Packet& request) {
+        client.send(request[0] == 3 ? Packet(85) : success);
+    });
+    SocketRegistry registry(path);
+    const auto connection = open(registry);
+    IORegistry::Structure response{};
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+}
+
+TEST_F(SocketRegistryTest, StopsWaitingForASilentSideAndGoesOnWhenItAnswersAfterAll) {
+    std::atomic<int> exchanges = 0;
+    std::atomic<bool> mayAnswer = false;
+    serve([&](RawSocket& client, const Packet& request) {
+        if (request[0] == 3 && ++exchanges == 1)
+            mayAnswer.wait(false);
+        client.send(packetOf({0, 0, 0, 0}, static_cast<std::uint8_t>(exchanges)));
+    });
+    SocketRegistry registry(path, 200ms);
+    const auto connection = open(registry);
+    IORegistry::Structure response{};
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), timedOut);
+
+    // Only the first call has waited.
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 50; ++i)
+        EXPECT_EQ(registry.callStruct(connection, 2, {}, response), timedOut);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+    EXPECT_EQ(exchanges, 1);
+
+    mayAnswer = true;
+    mayAnswer.notify_all();
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    while (registry.callStruct(connection, 2, {}, response) != 0)
+        ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+    // The late answer was the first exchange's; this one is the second's.
+    EXPECT_EQ(response, filledWith(2));
+}
+
+TEST_F(SocketRegistryTest, GivesEveryServiceAConnectionOfItsOwn) {
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    SocketRegistry registry(path, 200ms);
+    ASSERT_TRUE(registry.findService("AppleSMC"));
+    // The test serves one client only.
+    EXPECT_FALSE(registry.findService("AppleSMC"));
+}

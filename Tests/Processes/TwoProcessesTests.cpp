@@ -1,0 +1,116 @@
+#include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/SocketRegistry.h"
+#include "Processes/Programs.h"
+#include "Profiles/Clock.h"
+#include "TervaleWindow/Model/Model.h"
+#include "TervaleWindow/Support/Settable.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+using namespace tervale;
+
+namespace {
+
+/// The window's model in this process, the Mac and its agent in another.
+class TwoProcessesTest : public testing::Test {
+  protected:
+    Model& openModel() {
+        model = std::make_unique<Model>(registry, bridge, clock, visibility);
+        PrivateBus::settle(connection);
+        return *model;
+    }
+    bool selects(const Action& action) {
+        bridge.send(command::Select{action});
+        return eventually([&] { return model->selection() == action; });
+    }
+
+    PrivateBus bus;
+    QDBusConnection connection = bus.connect();
+    DBusNotificationCenter center{connection};
+    Bridge bridge{center};
+    SocketRegistry registry{bus.socket()};
+    SystemClock clock;
+    SettableVisibility visibility;
+    std::unique_ptr<Model> model;
+};
+
+} // namespace
+
+TEST_F(TwoProcessesTest, ShowTheMacAndMirrorTheAgent) {
+    const SimulatorProgram simulator(bus, {"--fans", "3", "--sensors", "40"});
+    openModel();
+    EXPECT_EQ(model->fans().size(), 3U);
+    EXPECT_EQ(model->sensors().size(), 40U);
+    EXPECT_NE(model->summary(), TemperatureReadings{});
+    ASSERT_TRUE(eventually([&] { return model->connected(); }));
+    EXPECT_FALSE(model->profiles().empty());
+    ASSERT_TRUE(selects(action::Fixed{1.0}));
+    EXPECT_TRUE(eventually([&] { return model->fans()[0].manual; }));
+}
+
+TEST_F(TwoProcessesTest, PickUpAnAgentThatComesLater) {
+    openModel();
+    EXPECT_TRUE(model->fans().empty());
+    EXPECT_FALSE(model->connected());
+    const SimulatorProgram simulator(bus);
+    ASSERT_TRUE(eventually([&] { return model->connected(); }));
+    EXPECT_FALSE(model->profiles().empty());
+    // A controller that was not there at the start stays away.
+    EXPECT_TRUE(model->sensors().empty());
+}
+
+TEST_F(TwoProcessesTest, GoOnWithAnAgentThatDiesAndReturns) {
+    {
+        SimulatorProgram simulator(bus);
+        openModel();
+        ASSERT_TRUE(eventually([&] { return model->connected(); }));
+        ASSERT_TRUE(selects(action::Fixed{0.25}));
+        simulator.send(SIGKILL);
+        ASSERT_TRUE(simulator.ends());
+    }
+    ASSERT_TRUE(eventually([&] { return model->fans().empty(); }));
+    EXPECT_TRUE(model->connected());
+    EXPECT_EQ(model->selection(), Action(action::Fixed{0.25}));
+    const SimulatorProgram returned(bus);
+    EXPECT_TRUE(selects(action::Fixed{0.75}));
+}
+
+TEST_F(TwoProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {
+    const SimulatorProgram simulator(bus);
+    openModel();
+    ASSERT_EQ(model->fans().size(), 2U);
+    simulator.send(SIGSTOP);
+    ASSERT_TRUE(eventually([&] { return model->fans().empty(); }));
+    simulator.send(SIGCONT);
+    EXPECT_TRUE(eventually([&] { return model->fans().size() == 2; }));
+}
+
+TEST_F(TwoProcessesTest, KeepTheStateThroughRubbish) {
+    const SimulatorProgram simulator(bus);
+    openModel();
+    ASSERT_TRUE(eventually([&] { return model->connected(); }));
+    ASSERT_TRUE(selects(action::Fixed{0.5}));
+    const auto profiles = model->profiles();
+    DBusNotificationCenter stranger(bus.connect());
+    for (const char* text :
+         {"", "{", "null", "7", "[]", "{}", "{\"selection\":{\"automatic\":{}}}",
+          "{\"selection\":{\"automatic\":{},\"fixed\":{\"_0\":1}},\"launchAtLogin\":true,"
+          "\"profiles\":[]}",
+          "{\"selection\":{\"automatic\":{}},\"launchAtLogin\":true,\"profiles\":[{}]}"})
+        stranger.post(Bridge::stateName, text);
+    stranger.post(Bridge::stateName, std::string(10'000'000, '{'));
+    stranger.post(Bridge::stateName, std::nullopt);
+    for (int i = 0; i < 10'000; ++i)
+        stranger.post(Bridge::stateName, "{\"selection\":" + std::to_string(i) + "}");
+    int marks = 0;
+    const ObserverToken mark = center.observe("mark", [&](const auto&) { ++marks; });
+    PrivateBus::settle(connection);
+    stranger.post("mark", std::nullopt);
+    ASSERT_TRUE(eventually([&] { return marks == 1; }));
+    EXPECT_EQ(model->selection(), Action(action::Fixed{0.5}));
+    EXPECT_FALSE(model->launchAtLogin());
+    EXPECT_EQ(model->profiles(), profiles);
+    EXPECT_TRUE(selects(action::Automatic{}));
+}

@@ -1,0 +1,72 @@
+#include "Support/PrivateBus.h"
+
+#include <QDBusMessage>
+
+namespace tervale {
+
+PrivateBus::PrivateBus() {
+    std::filesystem::create_directory(runtimeFolder());
+    std::filesystem::permissions(runtimeFolder(), std::filesystem::perms::owner_all);
+    daemon.emplace(QStringLiteral("dbus-daemon"),
+                   QStringList{QStringLiteral("--session"), QStringLiteral("--nofork"),
+                               QStringLiteral("--print-address"),
+                               QStringLiteral("--address=unix:dir=%1")
+                                   .arg(QString::fromStdString(folder.path.string()))},
+                   QProcessEnvironment::systemEnvironment());
+    daemon->says("\n");
+    busAddress = QString::fromUtf8(daemon->output().trimmed());
+}
+
+PrivateBus::~PrivateBus() {
+    for (const QString& name : connections)
+        QDBusConnection::disconnectFromBus(name);
+}
+
+QDBusConnection PrivateBus::connect() {
+    static int number = 0;
+    connections << QStringLiteral("test-%1").arg(++number);
+    return QDBusConnection::connectToBus(busAddress, connections.constLast());
+}
+
+void PrivateBus::settle(const QDBusConnection& connection) {
+    connection.call(QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+}
+
+QProcessEnvironment PrivateBus::environment() const {
+    const auto text = [](const std::filesystem::path& path) {
+        return QString::fromStdString(path.string());
+    };
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress);
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), text(runtimeFolder()));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), text(folder.path / "config"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    return environment;
+}
+
+std::unique_ptr<ChildProcess> PrivateBus::monitor() const {
+    auto monitor = std::make_unique<ChildProcess>(
+        QStringLiteral("dbus-monitor"),
+        QStringList{QStringLiteral("--session"),
+                    QStringLiteral("interface='com.velnor.tervale.NotificationCenter'")},
+        environment());
+    // The bus tells it that it has lost its name once it is a monitor.
+    monitor->says("NameLost");
+    return monitor;
+}
+
+bool PrivateBus::emitWithTool(const QStringList& arguments) const {
+    ChildProcess tool(QStringLiteral("gdbus"),
+                      QStringList{QStringLiteral("emit"), QStringLiteral("--session"),
+                                  QStringLiteral("--object-path"),
+                                  QStringLiteral("/com/velnor/tervale"), QStringLiteral("--signal"),
+                                  QStringLiteral("com.velnor.tervale.NotificationCenter.Posted")} +
+                          arguments,
+                      environment());
+    return tool.ends() && tool.status() == 0;
+}
+
+} // namespace tervale
