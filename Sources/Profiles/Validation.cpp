@@ -81,18 +81,31 @@ bool isWithinDay(std::int64_t minute) {
     return minute >= 0 && minute < Profile::minutesPerDay;
 }
 
-bool isCoveredTwice(std::span<const Window> windows, std::int64_t minute) {
-    const auto covers = [&](const Window& window) { return window.covers(minute); };
-    const auto first = std::ranges::find_if(windows, covers);
-    return first != windows.end() && std::any_of(first + 1, windows.end(), covers);
-}
-
+/// Whether two windows cover the same minute of the day, by the rules of `Window::covers`.
 bool overlap(std::span<const Window> windows) {
-    for (std::int64_t minute = 0; minute < Profile::minutesPerDay; ++minute) {
-        if (isCoveredTwice(windows, minute))
-            return true;
+    constexpr std::int64_t day = Profile::minutesPerDay;
+    // By how many windows more a minute is covered than the one before. This runs with every
+    // movement of a pointer, so it must not look at each minute of each window.
+    std::array<std::int64_t, day + 1> rise{};
+    const auto cover = [&rise](std::int64_t from, std::int64_t to) {
+        ++rise[static_cast<std::size_t>(from)];
+        --rise[static_cast<std::size_t>(to)];
+    };
+    for (const Window& window : windows) {
+        const std::int64_t start = std::clamp<std::int64_t>(window.start, 0, day);
+        const std::int64_t end = std::clamp<std::int64_t>(window.end, 0, day);
+        if (window.start < window.end) {
+            cover(start, end);
+        } else {
+            cover(start, day);
+            cover(0, end);
+        }
     }
-    return false;
+    std::int64_t covering = 0;
+    return std::ranges::any_of(rise, [&covering](std::int64_t change) {
+        covering += change;
+        return covering > 1;
+    });
 }
 
 std::optional<std::string> problemOfRunning(const UUID& id, std::span<const Profile> all,

@@ -17,6 +17,9 @@ namespace tervale {
 
 namespace {
 
+/// More than any preferences take. A larger file is somebody else's, and must not fill the memory.
+constexpr std::size_t largestValue = std::size_t{16} << 20U;
+
 bool isSafeKey(const std::string& key) {
     constexpr std::size_t longest = 200;
     const auto isSafe = [](char character) {
@@ -52,6 +55,8 @@ std::optional<Preferences::Data> readAll(int file) {
             return std::nullopt;
         if (count == 0)
             return data;
+        if (data.size() + static_cast<std::size_t>(count) > largestValue)
+            return std::nullopt;
         data.insert(data.end(), buffer.begin(), buffer.begin() + count);
     }
 }
@@ -116,6 +121,8 @@ std::optional<Preferences::Data> FilePreferences::data(const std::string& key) c
 
 void FilePreferences::setData(const std::string& key, const Data& data) {
     precondition(isSafeKey(key), "a preferences key is no safe file name");
+    if (data.size() > largestValue)
+        return;
     createFolder(folder);
     const std::filesystem::path path = folder / key;
     // Begins with a dot, so that it is never the file of a key.

@@ -15,7 +15,8 @@ std::filesystem::path configurationFolder();
 /// replaced in one step, so that after a power cut it holds the old value or the new one. What
 /// cannot be read is absent, and what cannot be written is not. From any thread and process.
 ///
-/// A key is a file's name: ASCII letters, digits, '.', '_' and '-', not beginning with a dot.
+/// A key is a file's name: 1 to 200 ASCII letters, digits, '.', '_' and '-', not beginning with a
+/// dot. Values of more than 16 MiB are neither read nor written.
 class FilePreferences final : public Preferences {
   public:
     /// The folder is created with the first value.

@@ -29,7 +29,7 @@ SegmentedPicker::SegmentedPicker(const QStringList& titles, QWidget* parent) : Q
         row->addWidget(segment);
         segments.append(segment);
     }
-    segments.first()->setChecked(true);
+    setSelected(0);
 }
 
 int SegmentedPicker::selected() const {
@@ -40,6 +40,7 @@ void SegmentedPicker::setSelected(int index) {
     precondition(index >= 0 && index < segments.size(), "a segment of the picker");
     current = index;
     segments[index]->setChecked(true);
+    followSelectionByTab();
 }
 
 QString SegmentedPicker::title(int index) const {
@@ -54,7 +55,16 @@ void SegmentedPicker::choose(int index) {
     if (index == current)
         return;
     current = index;
+    followSelectionByTab();
     emit chosen(index);
+}
+
+void SegmentedPicker::followSelectionByTab() {
+    for (int index = 0; index < segments.size(); ++index) {
+        const int others = segments[index]->focusPolicy() & ~Qt::TabFocus;
+        segments[index]->setFocusPolicy(
+            static_cast<Qt::FocusPolicy>(index == current ? others | Qt::TabFocus : others));
+    }
 }
 
 void SegmentedPicker::paintEvent(QPaintEvent*) {

@@ -31,6 +31,8 @@ class SegmentedPicker : public QWidget {
 
   private:
     void choose(int index);
+    /// Tab lands on the selected segment alone.
+    void followSelectionByTab();
 
     QList<SegmentButton*> segments;
     int current = 0;

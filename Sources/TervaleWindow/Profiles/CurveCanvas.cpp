@@ -108,12 +108,16 @@ void CurveCanvas::beginGesture(QMouseEvent& event, Press press) {
         event.ignore();
         return;
     }
+    // The release of the gesture before may have been lost.
+    endGesture();
     gesture = Gesture{event.position(), press};
     dragTo(event.position());
 }
 
 void CurveCanvas::mouseMoveEvent(QMouseEvent* event) {
-    if (gesture && event->buttons().testFlag(Qt::LeftButton))
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        endGesture();
+    else if (gesture)
         dragTo(event->position());
 }
 

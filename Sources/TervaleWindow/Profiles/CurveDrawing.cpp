@@ -81,7 +81,8 @@ CurveDrawing drawingOf(const CurveEditing& editing, std::string_view unit,
     drawing.load = isLoadUnit(unit);
     layAxes(drawing, mapping, unitMark(unit));
     layCurve(drawing, mapping, editing);
-    if (marker) {
+    // Beside the plot it would run through the labels.
+    if (marker && editing.range.contains(*marker)) {
         const double x = mapping.positionOfX(*marker);
         drawing.marker = {*marker,
                           x,

@@ -47,6 +47,9 @@ bool CurveEditing::full() const {
 }
 
 void CurveEditing::drag(const PlotPoint& start, const PlotPoint& location, const PlotRect& plot) {
+    // Without any room every place would be the same value.
+    if (plot.width <= 0 || plot.height <= 0)
+        return;
     const CurvePlot mapping{plot, range};
     if (!dragging)
         takeHold(start, mapping);
@@ -90,7 +93,7 @@ void CurveEditing::endDrag() {
 }
 
 void CurveEditing::removePoint(const PlotPoint& near, const PlotRect& plot) {
-    if (curve.points.size() <= fewestPoints)
+    if (curve.points.size() <= fewestPoints || plot.width <= 0 || plot.height <= 0)
         return;
     if (const auto found = CurvePlot{plot, range}.nearest(near, curve))
         remove(*found);
@@ -138,7 +141,11 @@ void CurveEditing::moveChosen(double units, double percent) {
     const CurvePoint from = curve.points[*chosen];
     const double x = std::round(std::min(range.upper, std::max(range.lower, from.x + units)));
     const double speed = wholePercent(std::min(1.0, std::max(0.0, from.speed + percent / 100)));
-    move(*chosen, {units == 0 ? from.x : x, percent == 0 ? from.speed : speed});
+    if (percent != 0)
+        curve.points[*chosen].speed = speed;
+    // A point that is beside the plot or too near to another stays there until it is moved.
+    if (units != 0)
+        move(*chosen, {x, curve.points[*chosen].speed});
 }
 
 void CurveEditing::insertAfterChosen() {

@@ -10,9 +10,10 @@ namespace tervale {
 /// The editing of one curve by pointer and keyboard, as a state machine without a toolkit.
 ///
 /// A gesture of the pointer is a run of `drag` with the same start, closed by `endDrag`. Between
-/// gestures `dragging` is empty. Whatever changes the curve keeps its points in order of x, between
-/// 2 and `Profile::maxPoints`, and one unit or more apart; how the speeds follow each other is not
-/// its business. A curve that came in otherwise stays as it is until it is edited.
+/// gestures `dragging` is empty. No edit adds a point beyond `Profile::maxPoints` or removes one of
+/// the last two. A point that is moved stays one unit or more from its neighbours, where they leave
+/// that much room; one that is added has an x of its own. How the speeds follow each other is not
+/// its business. A curve that came in otherwise stays as it is but for what is edited.
 struct CurveEditing {
     Curve curve;
     ClosedRange range;

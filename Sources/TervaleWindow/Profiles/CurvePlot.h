@@ -8,9 +8,9 @@
 
 namespace tervale {
 
-/// The plane in which a curve is drawn and edited, in logical pixels, y growing downward. Knows no
-/// toolkit.
+// The plane in which a curve is drawn and edited, without a toolkit.
 
+/// A place in logical pixels, y growing downward.
 struct PlotPoint {
     double x = 0;
     double y = 0;

@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include <limits>
+
 namespace tervale {
 
 namespace {
@@ -33,6 +35,8 @@ ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<con
     // Made in the order in which they are read.
     auto* nameCard = new Card(this);
     name = new QLineEdit(nameCard);
+    // A name may have any length; the usual limit would cut it.
+    name->setMaxLength(std::numeric_limits<int>::max());
     content = ProfileContent::make(model, profile, this);
     problemsCard = new Card(this);
     QGridLayout* form = makeForm(nameCard);

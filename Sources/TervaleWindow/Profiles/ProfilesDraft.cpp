@@ -73,9 +73,14 @@ void ProfilesDraft::replace(const Profile& edited) {
         *found = edited;
 }
 
+void ProfilesDraft::revert() {
+    if (loaded)
+        profiles = saved;
+}
+
 void ProfilesDraft::follow(bool connected, const std::vector<Profile>& list) {
     // Whether there are edits shows against the list that was edited, not against the new one.
-    const bool edited = loaded && profiles != saved;
+    const bool edited = canRevert();
     saved = list;
     if (!edited || profiles == saved)
         syncFromModel(connected);

@@ -23,8 +23,8 @@ struct ProfilesDraft {
 
     /// Whether any profile has problems.
     bool invalid() const;
-    bool canRevert() const { return profiles != saved; }
-    bool canSave() const { return profiles != saved && !invalid(); }
+    bool canRevert() const { return loaded && profiles != saved; }
+    bool canSave() const { return canRevert() && !invalid(); }
     /// The first profile with the selected id, or null.
     const Profile* selected() const;
 
@@ -37,7 +37,7 @@ struct ProfilesDraft {
     void remove();
     /// Puts an edited profile in the place of the first one with its id.
     void replace(const Profile& edited);
-    void revert() { profiles = saved; }
+    void revert();
 
     /// To be called when the draft is first shown and whenever the agent's state changed; `list` is
     /// the agent's. Unsaved edits stay as they are.

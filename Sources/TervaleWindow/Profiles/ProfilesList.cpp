@@ -53,6 +53,8 @@ void ProfilesList::makeList() {
     for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Backspace}) {
         auto* shortcut = new QShortcut(key, list);
         shortcut->setContext(Qt::WidgetShortcut);
+        // A key that is held down must not empty the list.
+        shortcut->setAutoRepeat(false);
         connect(shortcut, &QShortcut::activated, this, &ProfilesList::removeRequested);
     }
 }

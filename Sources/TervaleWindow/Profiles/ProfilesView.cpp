@@ -10,6 +10,8 @@
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 #include "TervaleWindow/Profiles/ProfilesList.h"
 
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QShortcut>
@@ -17,6 +19,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace tervale {
 
@@ -60,11 +63,18 @@ ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent)
     connectList();
     connect(revertButton, &QPushButton::clicked, this, &ProfilesView::revert);
     connect(saveButton, &QPushButton::clicked, this, &ProfilesView::save);
-    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this,
-            &ProfilesView::save);
+    auto* saveShortcut = new QShortcut(QKeySequence::Save, this);
+    saveShortcut->setAutoRepeat(false);
+    connect(saveShortcut, &QShortcut::activated, this, &ProfilesView::save);
     connect(&model, &Model::connectedChanged, this, &ProfilesView::followModel);
     connect(&model, &Model::profilesChanged, this, &ProfilesView::followModel);
     followModel();
+}
+
+ProfilesView::~ProfilesView() {
+    // A field that loses the focus with the view tells of what was typed into it.
+    if (editor)
+        editor->disconnect(this);
 }
 
 QWidget* ProfilesView::makeHeader() {
@@ -178,10 +188,12 @@ void ProfilesView::showEditor() {
         editor->display(*selected, draft.profiles);
         return;
     }
-    if (editor) {
+    if (ProfileEditor* old = std::exchange(editor, nullptr)) {
+        // A field that loses the focus with it tells of what was typed; nobody is to hear that.
+        old->disconnect(this);
+        scrollArea->takeWidget();
         // It may be in the middle of telling of a change.
-        scrollArea->takeWidget()->deleteLater();
-        editor = nullptr;
+        old->deleteLater();
     }
     detail->setCurrentIndex(selected ? 1 : 0);
     if (!selected)
@@ -203,6 +215,11 @@ bool ProfilesView::focusNextPrevChild(bool next) {
 }
 
 void ProfilesView::save() {
+    QWidget* focused = QApplication::focusWidget();
+    auto* field = qobject_cast<QAbstractSpinBox*>(focused);
+    // What is half typed counts, as it would if the field lost the focus.
+    if (field && isAncestorOf(field))
+        field->interpretText();
     if (draft.canSave())
         bridge.send(command::SaveProfiles{draft.profiles});
 }

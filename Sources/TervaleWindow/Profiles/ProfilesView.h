@@ -24,6 +24,7 @@ class ProfilesView final : public QWidget {
   public:
     /// Both outlive the view.
     ProfilesView(Model& model, Bridge& bridge, QWidget* parent = nullptr);
+    ~ProfilesView() override;
 
     /// Sends the draft, if it differs from what is saved and has no problems.
     void save();

@@ -34,6 +34,8 @@ ScheduleEditing::Choice ScheduleEditing::choice(std::size_t index) const {
 }
 
 void ScheduleEditing::setChoice(std::size_t index, const Choice& choice) {
+    if (choice == this->choice(index))
+        return;
     windowAt(windows, index).action = std::visit(
         overloaded{
             [](const choice::Profile& profile) -> Action { return action::Profile{profile.id}; },

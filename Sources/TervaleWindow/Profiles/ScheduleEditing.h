@@ -47,6 +47,7 @@ struct ScheduleEditing {
     std::vector<Window> windows;
 
     Choice choice(std::size_t index) const;
+    /// What is chosen already keeps its speed.
     void setChoice(std::size_t index, const Choice& choice);
     /// The time of day; a stored one that is outside the day is brought into it.
     ClockTime time(std::size_t index, Edge edge) const;

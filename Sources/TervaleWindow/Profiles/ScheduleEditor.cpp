@@ -38,6 +38,11 @@ ScheduleEditor::ScheduleEditor(QWidget* parent) : QWidget(parent), rowsLayout(ne
     connect(addButton, &QPushButton::clicked, this, &ScheduleEditor::addWindow);
 }
 
+ScheduleEditor::~ScheduleEditor() {
+    for (ScheduleRow* row : rows)
+        row->disconnect(this);
+}
+
 void ScheduleEditor::display(const std::vector<Window>& windows, std::span<const Profile> targets) {
     profiles.assign(targets.begin(), targets.end());
     editing.windows = windows;
@@ -46,8 +51,11 @@ void ScheduleEditor::display(const std::vector<Window>& windows, std::span<const
 
 void ScheduleEditor::showRows() {
     while (rows.size() > editing.windows.size()) {
-        delete rows.back();
+        ScheduleRow* row = rows.back();
         rows.pop_back();
+        // A field that loses the focus with its row tells of what was typed into it.
+        row->disconnect(this);
+        delete row;
     }
     while (rows.size() < editing.windows.size())
         rows.push_back(makeRow());
@@ -87,6 +95,7 @@ void ScheduleEditor::addWindow() {
 
 void ScheduleEditor::removeWindow(ScheduleRow* row) {
     const std::size_t index = indexOf(row);
+    row->disconnect(this);
     editing.remove(index);
     // This row goes, not the last one, so that every control keeps the window that it shows. It is
     // in the middle of telling of the click, so it goes later.

@@ -22,6 +22,7 @@ class ScheduleEditor final : public QWidget {
     using Choice = ScheduleEditing::Choice;
 
     explicit ScheduleEditor(QWidget* parent = nullptr);
+    ~ScheduleEditor() override;
 
     const std::vector<Window>& windows() const { return editing.windows; }
     /// Shows other windows, and the profiles that they may run, without any signal. The controls

@@ -11,6 +11,8 @@
 #include "TervaleWindow/Controls/TimeField.h"
 
 #include <QHBoxLayout>
+#include <QLineEdit>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -98,27 +100,49 @@ void ScheduleRow::layOut() {
 
 void ScheduleRow::connectControls() {
     using Edge = ScheduleEditing::Edge;
-    connect(start, &TimeField::minuteOfDayChanged, this,
-            [this](int minute) { emit timeChanged(Edge::start, minute); });
-    connect(end, &TimeField::minuteOfDayChanged, this,
-            [this](int minute) { emit timeChanged(Edge::end, minute); });
+    connectTime(start, Edge::start);
+    connectTime(end, Edge::end);
     connect(picker, &PopUpButton::activated, this, [this](int entry) {
         if (const auto choice = choiceAt(entry))
             emit choiceChanged(*choice);
     });
     connect(slider, &FractionSlider::fractionChanged, this, &ScheduleRow::speedChanged);
+    connect(slider, &FractionSlider::editingChanged, this, [this](bool active) {
+        // The slider shows a speed that it has no place for at its end, where it can be confirmed.
+        if (!active && (storedSpeed < 0 || storedSpeed > 1))
+            emit speedChanged(slider->fraction());
+    });
     connect(removeButton, &SymbolButton::clicked, this, &ScheduleRow::removeRequested);
+}
+
+void ScheduleRow::connectTime(TimeField* field, ScheduleEditing::Edge edge) {
+    connect(field, &TimeField::minuteOfDayChanged, this,
+            [this, edge](int minute) { emit timeChanged(edge, minute); });
+    // A stored time outside the day is shown as one within it, which the field knows no difference
+    // from; typing or confirming that takes it.
+    const auto confirm = [this, field, edge] {
+        // The field calls even a time that it was given a user's.
+        if (!displaying &&
+            storedTimes[edge == ScheduleEditing::Edge::start ? 0 : 1] != field->minuteOfDay())
+            emit timeChanged(edge, field->minuteOfDay());
+    };
+    connect(field, &QTimeEdit::userTimeChanged, this, confirm);
+    connect(field->findChild<QLineEdit*>(), &QLineEdit::textEdited, this, confirm);
 }
 
 void ScheduleRow::display(const ScheduleEditing& editing, std::size_t index,
                           std::span<const Profile> profiles) {
+    const QScopedValueRollback guard(displaying, true);
     const auto choice = editing.choice(index);
     start->setMinuteOfDay(minuteOf(editing.time(index, ScheduleEditing::Edge::start)));
     end->setMinuteOfDay(minuteOf(editing.time(index, ScheduleEditing::Edge::end)));
     showTargets(scheduleTargets(profiles, choice));
     picker->setCurrentIndex(entryOf(choice));
-    picker->setToolTip(picker->currentText());
-    showSpeed(editing.windows[index].action);
+    // Names are no markup.
+    picker->setToolTip(QStringLiteral("<p>%1</p>").arg(picker->currentText().toHtmlEscaped()));
+    const Window& window = editing.windows[index];
+    storedTimes = {window.start, window.end};
+    showSpeed(window.action);
 }
 
 void ScheduleRow::showTargets(std::vector<ScheduleTarget> others) {
@@ -140,6 +164,7 @@ void ScheduleRow::showSpeed(const Action& action) {
     const auto* fixed = std::get_if<action::Fixed>(&action);
     slider->setVisible(fixed != nullptr);
     speed->setVisible(fixed != nullptr);
+    storedSpeed = fixed ? fixed->speed : 0;
     if (!fixed)
         return;
     // The agent may have sent any number.

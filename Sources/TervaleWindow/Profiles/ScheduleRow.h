@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <array>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
@@ -47,6 +49,7 @@ class ScheduleRow final : public QWidget {
   private:
     void layOut();
     void connectControls();
+    void connectTime(TimeField* field, ScheduleEditing::Edge edge);
     void showTargets(std::vector<ScheduleTarget> others);
     void showSpeed(const Action& action);
     std::optional<ScheduleEditing::Choice> choiceAt(int entry) const;
@@ -62,6 +65,11 @@ class ScheduleRow final : public QWidget {
     QBoxLayout* runLine;
     QBoxLayout* firstLine;
     QBoxLayout* secondLine;
+    /// Start and end as they are in the window, which may be outside the day.
+    std::array<std::int64_t, 2> storedTimes{};
+    /// The fixed speed as it is in the window, which may be out of range.
+    double storedSpeed = 0;
+    bool displaying = false;
     Arrangement arranged = Arrangement::oneLine;
     /// The picker's entries after the divider.
     std::vector<ScheduleTarget> targets;

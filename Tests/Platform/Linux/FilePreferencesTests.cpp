@@ -103,6 +103,23 @@ TEST_F(FilePreferencesTest, KeepBytesOfEveryValueAndLength) {
     }
 }
 
+TEST_F(FilePreferencesTest, HoldSixteenMebibytesAndNoMore) {
+    constexpr std::size_t most = std::size_t{16} << 20U;
+    FilePreferences(folder).setData("key", Preferences::Data(most));
+    ASSERT_TRUE(stored("key"));
+    EXPECT_EQ(stored("key")->size(), most);
+    FilePreferences(folder).setData("key", Preferences::Data(most + 1));
+    EXPECT_EQ(fs::file_size(folder / "key"), most);
+    fs::resize_file(folder / "key", most + 1);
+    EXPECT_FALSE(stored("key"));
+}
+
+TEST_F(FilePreferencesTest, TakeKeysOfTwoHundredCharacters) {
+    const std::string key(200, 'k');
+    FilePreferences(folder).setData(key, bytes("x"));
+    EXPECT_EQ(stored(key), bytes("x"));
+}
+
 TEST_F(FilePreferencesTest, AreTheUsersAlone) {
     const mode_t before = ::umask(0);
     FilePreferences(folder).setData("key", bytes("x"));
@@ -153,6 +170,15 @@ TEST_F(FilePreferencesTest, IgnoreAWriteWithoutAFolderToWriteTo) {
     EXPECT_FALSE(stored("key"));
 }
 
+TEST_F(FilePreferencesTest, ReadAFileThatCannotBeReachedAsAbsent) {
+    fs::create_directories(folder.parent_path());
+    fs::create_symlink(folder, folder);
+    EXPECT_FALSE(stored("key"));
+    fs::remove(folder);
+    std::ofstream(folder) << "a file in the folder's place";
+    EXPECT_FALSE(stored("key"));
+}
+
 TEST_F(FilePreferencesTest, ReadAFileThatMayNotBeReadAsAbsent) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "root may read every file";
@@ -197,7 +223,10 @@ using FilePreferencesDeathTest = FilePreferencesTest;
 
 TEST_F(FilePreferencesDeathTest, TakeSafeKeysOnly) {
     FilePreferences preferences(folder);
-    for (const char* key : {"", ".", "..", ".hidden", "a/b", "../x", "a b", "\xC3\xA4"}) {
+    const std::string tooLong(201, 'k');
+    for (const std::string& key : {std::string(), std::string("."), std::string(".."),
+                                   std::string(".hidden"), std::string("a/b"), std::string("../x"),
+                                   std::string("a b"), std::string("\xC3\xA4"), tooLong}) {
         EXPECT_DEATH((void)preferences.data(key), "safe file name") << key;
         EXPECT_DEATH(preferences.setData(key, {}), "safe file name") << key;
     }

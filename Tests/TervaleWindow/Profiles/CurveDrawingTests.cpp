@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace tervale {
 namespace {
 
@@ -75,6 +77,14 @@ TEST(CurveDrawing, SpeaksAPointWithItsUnit) {
     EXPECT_EQ(positionText({60, 0.35}, "°C"), "60 °C, 35%");
     EXPECT_EQ(positionText({90, 0.29}, "%"), "90%, 29%");
     EXPECT_EQ(positionText({1e300, -1e300}, "%"), "1000000%, -100000000%");
+}
+
+TEST(CurveDrawing, MarksNoValueBesideThePlot) {
+    for (const double marker : {-1e300, 19.9, 110.1, 1e300, std::numeric_limits<double>::infinity(),
+                                std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_EQ(temperatureDrawing(marker).marker, std::nullopt) << marker;
+    EXPECT_EQ(temperatureDrawing(20.0).marker->x, 40);
+    EXPECT_EQ(temperatureDrawing(110.0).marker->x, 940);
 }
 
 } // namespace

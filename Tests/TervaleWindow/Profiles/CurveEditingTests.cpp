@@ -312,5 +312,41 @@ TEST(CurveKeys, RemoveTheChosenPointAndChooseTheNext) {
     EXPECT_EQ(editing.curve.points.size(), 2U);
 }
 
+TEST(CurveKeys, MoveAPointBesideThePlotUpAndDownWhereItIs) {
+    CurveEditing editing = editingOf({{5, 0.1}, {60, 0.35}, {115, 0.5}});
+    editing.chosen = 2;
+    editing.moveChosen(0, 1);
+    EXPECT_EQ(editing.curve.points[2], (CurvePoint{115, 0.51}));
+    editing.chosen = 0;
+    editing.moveChosen(0, -10);
+    EXPECT_EQ(editing.curve.points[0], (CurvePoint{5, 0}));
+}
+
+TEST(CurveKeys, MoveAPointWithoutRoomUpAndDownWhereItIs) {
+    CurveEditing editing = editingOf({{40, 0.1}, {40.5, 0.35}, {41, 0.5}});
+    editing.chosen = 1;
+    editing.moveChosen(0, 1);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{40.5, 0.36}));
+}
+
+TEST(CurveKeys, MoveAPointSidewaysAtItsSpeed) {
+    CurveEditing editing = editingOf({{40, 0.123}, {60, 1.5}});
+    editing.chosen = 0;
+    editing.moveChosen(1, 0);
+    EXPECT_EQ(editing.curve.points[0], (CurvePoint{41, 0.123}));
+    editing.chosen = 1;
+    editing.moveChosen(-1, 0);
+    EXPECT_EQ(editing.curve.points[1], (CurvePoint{59, 1.5}));
+}
+
+TEST(CurveDrag, ChangesNothingOnAPlotWithoutRoom) {
+    for (const PlotRect& flat : {PlotRect{0, 0, 0, 200}, PlotRect{0, 0, 200, 0}}) {
+        CurveEditing editing = usual();
+        editing.drag({5, 5}, {7, 7}, flat);
+        editing.removePoint({0, 0}, flat);
+        EXPECT_EQ(editing, usual());
+    }
+}
+
 } // namespace
 } // namespace tervale

@@ -53,6 +53,18 @@ TEST(ProfileDefaultsOfNewProfiles, AreTheUsualOnes) {
     EXPECT_EQ(ProfileDefaults::schedule(), (std::vector<Window>{{1380, 420, action::Automatic{}}}));
 }
 
+TEST(DraftBeforeItIsLoaded, CanNeitherBeSavedNorReverted) {
+    ProfilesDraft draft;
+    draft.follow(false, threeProfiles);
+    EXPECT_FALSE(draft.loaded);
+    EXPECT_FALSE(draft.canSave());
+    EXPECT_FALSE(draft.canRevert());
+    draft.revert();
+    EXPECT_TRUE(draft.profiles.empty());
+    draft.follow(true, threeProfiles);
+    EXPECT_EQ(draft.profiles, threeProfiles);
+}
+
 TEST(DraftAdd, NumbersNamesThatAreTaken) {
     ProfilesDraft draft;
     addTemperature(draft);

@@ -2,6 +2,7 @@
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
+#include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/CurveEditor.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
@@ -19,6 +20,7 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTest>
 
 namespace tervale {
@@ -122,7 +124,14 @@ class ProfilesViewTest : public ModelFixture {
         else
             QTest::keyClicks(nameField(), text);
     }
-    /// The visible texts of a kind that starts so.
+    /// Types into the hour of the first window's start and leaves it at that.
+    void typeHour(const QString& digits) const {
+        auto* field = find<ScheduleEditor>()->findChild<TimeField*>();
+        field->setFocus();
+        field->setSelectedSection(QDateTimeEdit::HourSection);
+        QTest::keyClicks(field, digits);
+    }
+    /// The texts of all labels that are visible.
     QStringList labels() const {
         QStringList result;
         for (const QLabel* label : view->findChildren<QLabel*>()) {
@@ -460,6 +469,94 @@ TEST_F(ProfilesViewTest, FitsEveryKindOfProfileInItsLeastWidth) {
         QCoreApplication::processEvents();
         EXPECT_EQ(find<QScrollArea>()->horizontalScrollBar()->maximum(), 0) << row;
     }
+}
+
+TEST_F(ProfilesViewTest, ForgetsAHalfTypedTimeWithTheProfile) {
+    openWith({scheduleProfile(1, "Night", action::Automatic{}), loadProfile(2, "Busy")});
+    typeHour("1");
+    say({loadProfile(2, "Busy")});
+    EXPECT_EQ(names(), QStringList{"Busy"});
+    EXPECT_EQ(nameField(), nullptr);
+    EXPECT_FALSE(button("Revert")->isEnabled());
+}
+
+TEST_F(ProfilesViewTest, GoesAwayInTheMiddleOfATime) {
+    openWith({scheduleProfile(1, "Night", action::Automatic{})});
+    typeHour("1");
+    view.reset();
+    EXPECT_TRUE(takeCommands().empty());
+}
+
+TEST_F(ProfilesViewTest, SavesATimeThatIsHalfTyped) {
+    openWith({scheduleProfile(1, "Night", action::Automatic{})});
+    typeHour("1");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    const auto commands = takeCommands();
+    ASSERT_EQ(commands.size(), 1U);
+    const Profile saved = std::get<command::SaveProfiles>(commands[0]).profiles[0];
+    EXPECT_EQ(std::get<kind::Schedule>(saved.kind).windows[0].start, 60);
+}
+
+TEST_F(ProfilesViewTest, ActsOnceForAKeyThatIsHeldDown) {
+    openWith(threeProfiles);
+    for (const QShortcut* shortcut : view->findChildren<QShortcut*>())
+        EXPECT_FALSE(shortcut->autoRepeat()) << shortcut->key().toString().toStdString();
+    EXPECT_EQ(view->findChildren<QShortcut*>().size(), 3);
+}
+
+TEST_F(ProfilesViewTest, KeepsALongNameWhole) {
+    const std::string name(40000, 'x');
+    openWith({loadProfile(1, name), loadProfile(2, "Busy")});
+    nameField()->setFocus();
+    QTest::keyClick(nameField(), Qt::Key_End);
+    QTest::keyClicks(nameField(), "y");
+    EXPECT_EQ(names()[0].toStdString(), name + "y");
+}
+
+TEST_F(ProfilesViewTest, KeepsWhatIsDraggedWhenAStateArrives) {
+    openWith(threeProfiles);
+    const CurvePlot plot{canvas()->plot(), {20, 110}};
+    const auto place = [&plot](double x, double speed) {
+        const PlotPoint point = plot.position({x, speed});
+        return QPointF(point.x, point.y).toPoint();
+    };
+    QTest::mousePress(canvas(), Qt::LeftButton, {}, place(60, 0.35));
+    QMouseEvent move(QEvent::MouseMove, place(66, 0.5), canvas()->mapToGlobal(place(66, 0.5)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(canvas(), &move);
+    say({loadProfile(7, "Seven")});
+    EXPECT_EQ(canvas()->state().dragging, 1U);
+    QTest::mouseRelease(canvas(), Qt::LeftButton, {}, place(70, 0.5));
+    EXPECT_EQ(canvas()->state().curve.points[1].x, 70);
+    EXPECT_EQ(names(), (QStringList{"Warm", "Busy", "Night"}));
+}
+
+TEST_F(ProfilesViewTest, KeepsWhatWasEditedAfterItWasSaved) {
+    openWith(threeProfiles);
+    typeName("One");
+    click("Save");
+    const auto first = std::get<command::SaveProfiles>(takeCommands().at(0)).profiles;
+    typeName("Two");
+    say(first);
+    EXPECT_EQ(nameField()->text().toStdString(), "Two");
+    EXPECT_TRUE(button("Save")->isEnabled());
+    click("Save");
+    const auto second = std::get<command::SaveProfiles>(takeCommands().at(0)).profiles;
+    EXPECT_EQ(second[0].name, "Two");
+    say(second);
+    EXPECT_FALSE(button("Save")->isEnabled());
+}
+
+TEST_F(ProfilesViewTest, LandsOnTheChosenReadingByTab) {
+    openWith(threeProfiles);
+    auto* follow = find<QScrollArea>()->widget()->findChild<PopUpButton*>();
+    follow->setFocus();
+    QTest::keyClick(follow, Qt::Key_Tab);
+    auto* segment = qobject_cast<QRadioButton*>(QApplication::focusWidget());
+    ASSERT_NE(segment, nullptr);
+    EXPECT_EQ(segment->text().toStdString(), "Core average");
+    QTest::keyClick(segment, Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget(), follow);
 }
 
 } // namespace

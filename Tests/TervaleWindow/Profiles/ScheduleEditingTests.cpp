@@ -90,6 +90,12 @@ TEST(ScheduleChoice, ForgetsTheSpeed) {
     EXPECT_EQ(editing.windows[0].action, Action(action::Fixed{0.5}));
 }
 
+TEST(ScheduleChoice, KeepsTheSpeedOfWhatIsChosenAlready) {
+    ScheduleEditing editing = withWindow(0, 1, action::Fixed{0.8});
+    editing.setChoice(0, choice::Fixed{});
+    EXPECT_EQ(editing.windows[0].action, Action(action::Fixed{0.8}));
+}
+
 TEST(ScheduleChoice, CanTagThePickersEntries) {
     const std::unordered_set<Choice> tags{choice::Profile{idOf(1)}, choice::Profile{idOf(2)},
                                           choice::Automatic{}, choice::Fixed{}, choice::Fixed{}};

@@ -53,6 +53,13 @@ class ScheduleEditorTest : public testing::Test {
         picker(row)->setCurrentIndex(entry);
         emit picker(row)->activated(entry);
     }
+    /// Types into the hour of a window's start and leaves it at that.
+    void typeHour(int row, const QString& digits) const {
+        auto* field = control<TimeField>(row, "From");
+        field->setFocus();
+        field->setSelectedSection(QDateTimeEdit::HourSection);
+        QTest::keyClicks(field, digits);
+    }
     QPushButton* addButton() const {
         for (auto* button : editor.findChildren<QPushButton*>()) {
             if (button->text() == "Add Window")
@@ -218,6 +225,91 @@ TEST_F(ScheduleEditorTest, SaysWhatRunsOtherwise) {
     EXPECT_EQ(texts,
               (QStringList{"Time windows",
                            "Times no window covers run Automatic. A window may cross midnight."}));
+}
+
+TEST_F(ScheduleEditorTest, ForgetsAHalfTypedTimeWithItsRow) {
+    show({{0, 60, action::Automatic{}}, {720, 780, action::Automatic{}}});
+    typeHour(0, "1");
+    control<SymbolButton>(0)->click();
+    EXPECT_EQ(editor.windows(), (std::vector<Window>{{720, 780, action::Automatic{}}}));
+    EXPECT_EQ(reports, 1);
+}
+
+TEST_F(ScheduleEditorTest, RemovesTheLastRowInTheMiddleOfATime) {
+    show({{0, 60, action::Automatic{}}});
+    typeHour(0, "1");
+    control<SymbolButton>(0)->click();
+    EXPECT_TRUE(editor.windows().empty());
+    EXPECT_EQ(reports, 1);
+}
+
+TEST_F(ScheduleEditorTest, IsGivenFewerWindowsInTheMiddleOfATime) {
+    show({{0, 60, action::Automatic{}}, {720, 780, action::Automatic{}}});
+    typeHour(1, "1");
+    show({{0, 60, action::Automatic{}}});
+    EXPECT_EQ(rows().size(), 1);
+    EXPECT_EQ(editor.windows(), (std::vector<Window>{{0, 60, action::Automatic{}}}));
+    EXPECT_EQ(reports, 0);
+}
+
+TEST_F(ScheduleEditorTest, KeepsTheSpeedWhenFixedSpeedIsChosenAgain) {
+    show({{0, 60, action::Fixed{0.8}}});
+    choose(0, 1);
+    EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.8}));
+    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "80%");
+}
+
+TEST_F(ScheduleEditorTest, SpellsMarkupInANameOut) {
+    const std::vector<Profile> markup{
+        {idOf(1), "<b>a</b> & b", kind::Load{ProfileDefaults::loadCurve()}}};
+    editor.display({{0, 60, action::Profile{idOf(1)}}}, markup);
+    EXPECT_EQ(picker(0)->toolTip().toStdString(), "<p>&lt;b&gt;a&lt;/b&gt; &amp; b</p>");
+    EXPECT_EQ(picker(0)->currentText().toStdString(), "<b>a</b> & b");
+}
+
+TEST_F(ScheduleEditorTest, RenamesWhatItOffers) {
+    show({{0, 60, action::Profile{idOf(1)}}});
+    std::vector<Profile> renamed = targets;
+    renamed[0].name = "Silent";
+    editor.display({{0, 60, action::Profile{idOf(1)}}}, renamed);
+    EXPECT_EQ(entries(0), (QStringList{"Automatic", "Fixed speed", "", "Silent", "Untitled"}));
+    EXPECT_EQ(picker(0)->currentText().toStdString(), "Silent");
+}
+
+TEST_F(ScheduleEditorTest, TakesTheShownTimeForOneOutsideTheDayOnceItIsConfirmed) {
+    show({{0, 1440, action::Automatic{}}});
+    auto* field = control<TimeField>(0, "To");
+    field->setFocus();
+    control<TimeField>(0, "From")->setFocus();
+    EXPECT_EQ(editor.windows()[0].end, 1440);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(editor.windows()[0].end, 0);
+    EXPECT_EQ(reports, 1);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(reports, 1);
+}
+
+TEST_F(ScheduleEditorTest, TakesTheShownTimeForOneOutsideTheDayOnceItIsTyped) {
+    show({{0, 1440, action::Automatic{}}});
+    auto* field = control<TimeField>(0, "To");
+    field->setFocus();
+    field->setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClicks(field, "0000");
+    EXPECT_EQ(editor.windows()[0].end, 0);
+    EXPECT_EQ(field->text().toStdString(), "00:00");
+}
+
+TEST_F(ScheduleEditorTest, TakesTheShownSpeedForOneOutOfRangeOnceItIsConfirmed) {
+    show({{0, 60, action::Fixed{1.5}}});
+    auto* slider = control<FractionSlider>(0);
+    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "150%");
+    QTest::keyClick(slider, Qt::Key_End);
+    EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{1}));
+    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "100%");
+    show({{0, 60, action::Fixed{0.333}}});
+    reports = 0;
+    slider->moveAtOnce(slider->fraction());
+    EXPECT_EQ(reports, 0);
 }
 
 } // namespace
