@@ -71,6 +71,22 @@ class ProfilesViewTest : public ModelFixture {
         publish(state);
     }
 
+    /// The texts of labels that have less room than they need, or reach out of what they lie in.
+    QStringList clippedLabels() const {
+        QStringList clipped;
+        for (const auto* label : view->findChildren<QLabel*>()) {
+            if (!label->isVisibleTo(view.get()) || label->text().isEmpty())
+                continue;
+            const int needed = label->hasHeightForWidth() ? label->heightForWidth(label->width())
+                                                          : label->minimumSizeHint().height();
+            const QRect room = label->parentWidget()->rect();
+            if (needed > label->height() || label->minimumSizeHint().width() > label->width() ||
+                !room.contains(label->geometry()))
+                clipped << label->text();
+        }
+        return clipped;
+    }
+
     template <class Widget>
     Widget* find() const {
         return view->findChild<Widget*>();
@@ -468,6 +484,28 @@ TEST_F(ProfilesViewTest, FitsEveryKindOfProfileInItsLeastWidth) {
         clickRow(row);
         QCoreApplication::processEvents();
         EXPECT_EQ(find<QScrollArea>()->horizontalScrollBar()->maximum(), 0) << row;
+    }
+}
+
+TEST_F(ProfilesViewTest, ClipsNothingInItsLeastSizeInEitherDirection) {
+    Curve full;
+    for (int point = 0; point < Profile::maxPoints; ++point)
+        full.points.push_back({20.0 + 10 * point, 0.1 * point});
+    const std::vector<Profile> profiles{
+        {idOf(1), "", kind::Temperature{{SensorGroup::cpu, true}, full}},
+        {idOf(2), "Night",
+         kind::Schedule{{{1380, 420, action::Fixed{0.4}}, {0, 60, action::Profile{idOf(9)}}}}},
+        loadProfile(3, "Busy")};
+    openWith(profiles);
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        view->setLayoutDirection(direction);
+        view->resize(590, 520);
+        for (int row = 0; row < 3; ++row) {
+            clickRow(row);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(clippedLabels(), QStringList()) << row;
+            EXPECT_EQ(find<QScrollArea>()->horizontalScrollBar()->maximum(), 0) << row;
+        }
     }
 }
 
