@@ -1,5 +1,5 @@
-// Opens the window on the simulated Mac as the program itself does, and tells how long it took from the
-// start of the process to the first paint, and how much memory is resident then.
+// Opens the window on the simulated Mac as the program itself does, and tells how long it took from
+// the start of the process to the first paint, and how much memory is resident then.
 //
 // Usage: tervale-startup NANOSECONDS, the time at which the process was started, since 1970.
 
