@@ -9,6 +9,7 @@ namespace tervale {
 namespace {
 
 constexpr int side = 26;
+constexpr int symbolSide = 16;
 constexpr int cornerRadius = 6;
 
 } // namespace
@@ -38,7 +39,7 @@ void SymbolButton::paintEvent(QPaintEvent*) {
     if (isDown() || (isEnabled() && underMouse()))
         paintBox(painter, rect(), cornerRadius, isDown() ? colors.quaternary : pressedShade(colors),
                  Qt::transparent);
-    QRectF place(0, 0, SymbolButton::symbolSide, SymbolButton::symbolSide);
+    QRectF place(0, 0, symbolSide, symbolSide);
     place.moveCenter(QRectF(rect()).center());
     paintSymbol(painter, drawing, place, isDown() ? colors.label : colors.secondary);
 }

@@ -11,9 +11,6 @@ class SymbolButton : public QPushButton {
     Q_OBJECT
 
   public:
-    /// Of the symbol within the button, in logical pixels.
-    static constexpr int symbolSide = 16;
-
     /// `name` is its tool tip and what assistive technology calls it.
     SymbolButton(Symbol symbol, const QString& name, QWidget* parent = nullptr);
 

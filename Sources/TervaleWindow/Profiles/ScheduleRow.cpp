@@ -89,9 +89,6 @@ void ScheduleRow::layOut() {
     firstLine->addWidget(end);
     firstLine->addWidget(run, 1);
     firstLine->addWidget(removeButton);
-    // The symbol ends where the lines between the rows do; its button reaches beyond.
-    firstLine->setContentsMargins(
-        0, 0, -(removeButton->sizeHint().width() - SymbolButton::symbolSide) / 2, 0);
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(0);
