@@ -1,3 +1,4 @@
+#include "SMC/ScriptedRegistry.h"
 #include "Simulation/FanDriver.h"
 #include "Simulation/SimulatedMac.h"
 
@@ -109,6 +110,43 @@ TEST(FanDriver, HasNothingToDoWithoutFans) {
     EXPECT_EQ(driver.apply(target::Speed{1}), std::nullopt);
     EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
     EXPECT_EQ(mac.calls().writes, 0U);
+}
+
+/// A controller with one fan and whatever a test makes of its keys.
+class OddController : public testing::Test {
+  protected:
+    OddController() {
+        registry.setByte("FNum", 1);
+        registry.setFloat("F0Ac", 1200);
+        registry.setFloat("F0Tg", 1200);
+        registry.setFloat("F0Mn", 1200);
+        registry.setFloat("F0Mx", 6000);
+        registry.setByte("Ftst", 0);
+    }
+
+    test::ScriptedRegistry registry;
+    SMC smc{registry};
+    FanDriver driver{smc};
+};
+
+TEST_F(OddController, HasNoSpeedBetweenLimitsThatAreReversedOrNone) {
+    registry.setByte("F0md", 0);
+    for (const float lowest : {1e30F, 7000.0F, std::numeric_limits<float>::infinity(),
+                               std::numeric_limits<float>::quiet_NaN()}) {
+        registry.setFloat("F0Mn", lowest);
+        EXPECT_EQ(driver.apply(target::Speed{0.5}), "fan 0 has no limits");
+    }
+}
+
+TEST_F(OddController, IsNotBelievedToHaveBillionsOfFans) {
+    registry.set("FNum", {"ui32", test::bytesOf({255, 255, 255, 255}), std::nullopt});
+    EXPECT_EQ(driver.apply(target::Speed{0.5}), "FNum: 4294967295 fans");
+    EXPECT_EQ(driver.apply(target::Automatic{}), "FNum: 4294967295 fans");
+}
+
+TEST_F(OddController, HasNothingToGiveBackWhenItsFanHasNoMode) {
+    EXPECT_NE(driver.apply(target::Speed{0.5}), std::nullopt);
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
 }
 
 } // namespace

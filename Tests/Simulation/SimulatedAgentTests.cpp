@@ -235,6 +235,25 @@ TEST_F(Agent, KeepsAnsweringWhileTheControllerFails) {
     EXPECT_NEAR(fan(0).target, 1200 + 0.5 * 4577, 0.01);
 }
 
+TEST_F(Agent, FindsTheSensorsLaterWhenNoneAnsweredAtFirst) {
+    SimulatedMac mac({.scenario = Scenario::idle, .fillers = 0});
+    SMC smc(mac);
+    const auto sensors = smc.temperatureSensors();
+    for (const TemperatureSensor& sensor : sensors)
+        mac.inject(sensor.key, fault::RefusedValue{132});
+    SimulatedClock clock;
+    const Profile steady = profileNamed(
+        "Steady", kind::Temperature{TemperatureInput::hottestOf(SensorGroup::gpu), flatAt70});
+    ProfileStore(preferences).setProfiles({steady});
+    ProfileStore(preferences).setSelection(action::Profile{steady.id});
+    SimulatedAgent agent({smc, center, preferences, clock, {}});
+    EXPECT_FALSE(smc.fan(0).manual);
+    for (const TemperatureSensor& sensor : sensors)
+        mac.heal(sensor.key);
+    agent.tick();
+    EXPECT_TRUE(smc.fan(0).manual);
+}
+
 TEST_F(Agent, FindsTheSensorsLaterWhenItCouldNotAtFirst) {
     SimulatedMac mac({.scenario = Scenario::idle, .fillers = 0});
     SMC smc(mac);
