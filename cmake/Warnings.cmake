@@ -3,7 +3,7 @@ add_library(tervale_warnings INTERFACE)
 add_library(Tervale::Warnings ALIAS tervale_warnings)
 target_compile_options(tervale_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wnon-virtual-dtor
-    -Wold-style-cast -Woverloaded-virtual -Wcast-align -Wunused -Wnull-dereference
+    -Wold-style-cast -Woverloaded-virtual -Wcast-align -Wunused
     -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Wswitch-enum
     # A constructor's parameter may bear the name of the member that it sets.
     $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>

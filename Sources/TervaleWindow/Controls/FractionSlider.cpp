@@ -176,7 +176,7 @@ void FractionSlider::changeEvent(QEvent* event) {
     QSlider::changeEvent(event);
 }
 
-void FractionSlider::report(SliderGesture::Reports reports) {
+void FractionSlider::report(const SliderGesture::Reports& reports) {
     for (const SliderGesture::Report report : reports) {
         if (report == SliderGesture::Report::ended)
             wheelRest = 0;

@@ -53,7 +53,7 @@ class FractionSlider : public QSlider {
     void changeEvent(QEvent* event) override;
 
   private:
-    void report(SliderGesture::Reports reports);
+    void report(const SliderGesture::Reports& reports);
     void endEveryGesture();
     void show(double fraction);
     void move(double fraction);

@@ -28,7 +28,7 @@ int placeLines(QTextLayout& layout, int width, int lineHeight) {
 
 } // namespace
 
-TextLabel::TextLabel(const QString& text, TextStyle style, Ink ink, QWidget* parent)
+TextLabel::TextLabel(const QString& text, const TextStyle& style, Ink ink, QWidget* parent)
     : QLabel(parent),
       inkOfText(ink) {
     setTextFormat(Qt::PlainText);

@@ -11,7 +11,7 @@ class TextLabel : public QLabel {
     Q_OBJECT
 
   public:
-    explicit TextLabel(const QString& text, TextStyle style = TextStyle::body(),
+    explicit TextLabel(const QString& text, const TextStyle& style = TextStyle::body(),
                        Ink ink = TextColor::label, QWidget* parent = nullptr);
 
     void setInk(const Ink& ink);

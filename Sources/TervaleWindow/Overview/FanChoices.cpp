@@ -31,6 +31,7 @@ bool isSelected(const Model& model, const Action& action) {
 
 std::vector<TimerTarget> timerTargets(const Model& model) {
     std::vector<TimerTarget> targets;
+    targets.reserve(speedPresets.size() + 1 + model.profiles().size());
     for (const SpeedPreset& preset : speedPresets)
         targets.push_back({QString::fromLatin1(preset.title), action::Fixed{preset.fraction}});
     targets.push_back({QStringLiteral("Automatic"), action::Automatic{}});

@@ -26,6 +26,7 @@ void sortFollowing(std::vector<CurvePoint>& points, std::optional<std::size_t>& 
         return isLeftOf(points[one], points[other]);
     });
     std::vector<CurvePoint> sorted;
+    sorted.reserve(points.size());
     for (const std::size_t index : order)
         sorted.push_back(points[index]);
     points = std::move(sorted);

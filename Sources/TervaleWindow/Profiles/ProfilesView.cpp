@@ -38,6 +38,7 @@ Layout* tightLayout(QWidget* widget) {
 
 std::vector<bool> marksOf(const std::vector<Profile>& profiles) {
     std::vector<bool> marks;
+    marks.reserve(profiles.size());
     for (const Profile& profile : profiles)
         marks.push_back(!problems(profile, profiles).empty());
     return marks;

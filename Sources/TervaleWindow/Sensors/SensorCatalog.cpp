@@ -40,6 +40,7 @@ SensorCatalog::SensorCatalog(const std::vector<TemperatureSensor>& sensors,
 std::vector<SensorSection> SensorCatalog::sections(const QString& search,
                                                    const Model::Readings& readings) const {
     std::vector<SensorSection> sections;
+    sections.reserve(SensorGroup::allCases.size());
     for (const SensorGroup group : SensorGroup::allCases)
         sections.push_back({group, {}});
     const QString sought = folded(search, locale);
