@@ -207,6 +207,9 @@ void CurveCanvas::hideEvent(QHideEvent* event) {
 }
 
 void CurveCanvas::edit(const std::function<void(CurveEditing&)>& change) {
+    // A position that is still shown may be another point's by now.
+    if (!gesture)
+        QToolTip::hideText();
     const CurveEditing before = editing;
     change(editing);
     const bool moved = editing.curve != before.curve;
