@@ -26,6 +26,10 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter() {
     return DBusNotificationCenter::onSessionBus();
 }
 
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path& socket) {
+    return std::make_unique<SocketRegistry>(socket);
+}
+
 #else
 
 namespace {
@@ -37,6 +41,10 @@ std::unique_ptr<IORegistry> makeRegistry() {
 } // namespace
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter() {
+    return nullptr;
+}
+
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path&) {
     return nullptr;
 }
 
