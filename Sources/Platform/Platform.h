@@ -37,4 +37,13 @@ std::unique_ptr<Preferences> makePreferences(const std::string& domain);
 /// is not known.
 std::function<std::optional<double>()> makeProcessorLoad();
 
+/// Tells the text under a key of the information dictionary of the program's bundle, such as
+/// "CFBundleVersion"; nothing for a key that is missing or holds something else. Null for a program
+/// that lies in no bundle.
+std::function<std::optional<std::string>(const std::string& key)> makeBundleText();
+
+/// Has an event loop of the toolkit deliver notifications also in a program without windows. Before
+/// the application object.
+void prepareEventLoop();
+
 } // namespace tervale
