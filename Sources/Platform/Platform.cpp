@@ -1,18 +1,57 @@
 #include "Platform/Platform.h"
 
-#include "Platform/AbsentIORegistry.h"
-#include "Platform/Linux/FilePreferences.h"
 #include "Platform/ProcessorLoad.h"
 
-#ifdef __linux__
+#ifdef __APPLE__
+#include "Platform/macOS/BundleMetadata.h"
+#include "Platform/macOS/DistributedNotificationCenter.h"
+#include "Platform/macOS/IOKitRegistry.h"
+#include "Platform/macOS/UserDefaultsPreferences.h"
+
+#include <cstdlib>
+#else
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/FilePreferences.h"
 #include "Platform/Linux/SocketRegistry.h"
 #endif
 
 namespace tervale {
 
-#ifdef __linux__
+#ifdef __APPLE__
+
+namespace {
+
+std::unique_ptr<IORegistry> makeRegistry() {
+    return std::make_unique<IOKitRegistry>();
+}
+
+} // namespace
+
+std::unique_ptr<NotificationCenter> makeNotificationCenter() {
+    return std::make_unique<DistributedNotificationCenter>();
+}
+
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path&) {
+    return nullptr;
+}
+
+std::unique_ptr<Preferences> makePreferences(const std::string& domain) {
+    return std::make_unique<UserDefaultsPreferences>("com.velnor." + domain);
+}
+
+std::function<std::optional<std::string>(const std::string&)> makeBundleText() {
+    if (!programHasBundle())
+        return nullptr;
+    return &bundleText;
+}
+
+void prepareEventLoop() {
+    // The toolkit's own loop for programs without windows serves no run loop, which delivers.
+    ::setenv("QT_EVENT_DISPATCHER_CORE_FOUNDATION", "1", 1);
+}
+
+#else
 
 namespace {
 
@@ -26,19 +65,19 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter() {
     return DBusNotificationCenter::onSessionBus();
 }
 
-#else
-
-namespace {
-
-std::unique_ptr<IORegistry> makeRegistry() {
-    return std::make_unique<AbsentIORegistry>();
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path& socket) {
+    return std::make_unique<SocketRegistry>(socket);
 }
 
-} // namespace
+std::unique_ptr<Preferences> makePreferences(const std::string& domain) {
+    return std::make_unique<FilePreferences>(configurationFolder() / domain);
+}
 
-std::unique_ptr<NotificationCenter> makeNotificationCenter() {
+std::function<std::optional<std::string>(const std::string&)> makeBundleText() {
     return nullptr;
 }
+
+void prepareEventLoop() {}
 
 #endif
 
@@ -48,10 +87,6 @@ Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch) {
         platform.notificationCenter =
             std::make_unique<InProcessNotificationCenter>(std::move(dispatch));
     return platform;
-}
-
-std::unique_ptr<Preferences> makePreferences(const std::string& domain) {
-    return std::make_unique<FilePreferences>(configurationFolder() / domain);
 }
 
 std::function<std::optional<double>()> makeProcessorLoad() {

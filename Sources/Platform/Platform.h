@@ -4,6 +4,7 @@
 #include "Profiles/Preferences.h"
 #include "SMC/IORegistry.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -26,11 +27,23 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter();
 /// what it is given on the main thread.
 Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch);
 
+/// The controller that another process lends on a socket; null where none are lent.
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path& socket);
+
 /// The user's preferences of a domain, such as "tervale".
 std::unique_ptr<Preferences> makePreferences(const std::string& domain);
 
 /// Tells this machine's processor load since it was last asked: percent, 0 to 100; nothing when it
 /// is not known.
 std::function<std::optional<double>()> makeProcessorLoad();
+
+/// Tells the text under a key of the information dictionary of the program's bundle, such as
+/// "CFBundleVersion"; nothing for a key that is missing or holds something else. Null for a program
+/// that lies in no bundle.
+std::function<std::optional<std::string>(const std::string& key)> makeBundleText();
+
+/// Has an event loop of the toolkit deliver notifications also in a program without windows. Before
+/// the application object.
+void prepareEventLoop();
 
 } // namespace tervale

@@ -1,12 +1,13 @@
 #include "TervaleWindow/Shell/ContentView.h"
 
+#include "Platform/Platform.h"
 #include "SMC/Precondition.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Settings/SettingsView.h"
-#include "TervaleWindow/Shell/BuildMetadata.h"
 #include "TervaleWindow/Shell/Sidebar.h"
+#include "TervaleWindow/Shell/SystemMetadata.h"
 
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -63,7 +64,7 @@ QWidget* ContentView::makePane(Pane kind) {
     case Pane::sensors:
         return new SensorsView(model);
     case Pane::settings:
-        return new SettingsView(model, bridge, BuildMetadata());
+        return new SettingsView(model, bridge, SystemMetadata(makeBundleText()));
     }
     precondition(false, "every pane has a view");
     return nullptr;

@@ -7,8 +7,10 @@
 
 namespace tervale {
 
-/// The visibility of the application's window as the window system reports it. Until the window is
-/// there the application counts as visible, so that what it shows first is already filled.
+/// The visibility of the application's windows as the window system reports it. Where it tells that
+/// a window is covered, as macOS does, such a window counts as not visible. Until the followed
+/// window is there the application counts as visible, so that what it shows first is already
+/// filled.
 class WindowVisibility final : public Visibility {
   public:
     void follow(QWidget& window) { followed = &window; }

@@ -61,3 +61,31 @@ TEST(WindowVisibility, CountsAsVisibleUntilTheWindowIsThere) {
     window.hide();
     EXPECT_FALSE(visibility.visible());
 }
+
+TEST(WindowVisibility, IsThatOfAnyOfTheWindows) {
+    QWidget window;
+    WindowVisibility visibility;
+    window.show();
+    visibility.follow(window);
+    QWidget other;
+    other.show();
+    QCoreApplication::processEvents();
+    window.hide();
+    EXPECT_TRUE(visibility.visible());
+    other.hide();
+    EXPECT_FALSE(visibility.visible());
+}
+
+TEST(WindowVisibility, EndsWithMinimising) {
+    QWidget window;
+    WindowVisibility visibility;
+    window.show();
+    visibility.follow(window);
+    QCoreApplication::processEvents();
+    window.showMinimized();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(visibility.visible());
+    window.showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(visibility.visible());
+}

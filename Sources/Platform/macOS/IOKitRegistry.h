@@ -4,8 +4,10 @@
 
 namespace tervale {
 
-/// The registry of a machine without a system management controller.
-class AbsentIORegistry final : public IORegistry {
+/// The registry of this Mac, through IOKit. Statuses are the kernel's own; an answer that is
+/// shorter than a structure counts as a failed call. Whoever uses it releases and closes, once
+/// each, what it has found and opened.
+class IOKitRegistry final : public IORegistry {
   public:
     std::optional<Service> findService(const std::string& className) override;
     Status open(Service service, std::uint32_t type, Connection& connection) override;
