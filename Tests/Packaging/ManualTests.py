@@ -16,10 +16,11 @@ def options_of_manual(name):
 
 class Manual(unittest.TestCase):
     def test_describes_the_options_of_the_programs_help_and_no_others(self):
-        for name, program in PROGRAMS.items():
+        # Those of tervalectl are a command's each; its own tests compare them with the manual.
+        for name in ("tervale-window", "tervale-simulator"):
             with self.subTest(name):
                 self.assertIn("--version", options_of_manual(name))
-                self.assertEqual(options_of_manual(name), options_of_help(program))
+                self.assertEqual(options_of_manual(name), options_of_help(PROGRAMS[name]))
 
     def test_names_the_scenarios_of_the_simulators_help(self):
         line = re.search(r"--scenario NAME +.*: (.*) \(", output(str(PROGRAMS["tervale-simulator"]), "--help"))

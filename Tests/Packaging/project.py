@@ -12,6 +12,7 @@ ICONS = SOURCES / "packaging/icon"
 PROGRAMS = {
     "tervale-window": BUILD / "Sources/TervaleWindow/Shell/tervale-window",
     "tervale-simulator": BUILD / "Sources/Simulator/tervale-simulator",
+    "tervalectl": BUILD / "Sources/tervalectl/tervalectl",
 }
 ID = "com.velnor.tervale.window"
 
