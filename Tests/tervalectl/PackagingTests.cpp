@@ -19,7 +19,7 @@ std::string read(const std::string& name) {
 
 /// The manual's headings of commands and options, one a line, without what makes them bold.
 std::string headings() {
-    std::istringstream text(read("man/tervalectl.1"));
+    std::istringstream text(read("man/tervalectl.1.in"));
     std::string found = "\n";
     for (std::string line; std::getline(text, line);) {
         if (line != ".TP" || !std::getline(text, line))
