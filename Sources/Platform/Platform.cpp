@@ -32,6 +32,10 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter() {
     return std::make_unique<DistributedNotificationCenter>();
 }
 
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path&) {
+    return nullptr;
+}
+
 std::unique_ptr<Preferences> makePreferences(const std::string& domain) {
     return std::make_unique<UserDefaultsPreferences>("com.velnor." + domain);
 }
@@ -59,6 +63,10 @@ std::unique_ptr<IORegistry> makeRegistry() {
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter() {
     return DBusNotificationCenter::onSessionBus();
+}
+
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path& socket) {
+    return std::make_unique<SocketRegistry>(socket);
 }
 
 std::unique_ptr<Preferences> makePreferences(const std::string& domain) {

@@ -4,6 +4,7 @@
 #include "Profiles/Preferences.h"
 #include "SMC/IORegistry.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -25,6 +26,9 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter();
 /// Where there is no channel to other programs, notifications stay within this one: `dispatch` runs
 /// what it is given on the main thread.
 Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch);
+
+/// The controller that another process lends on a socket; null where none are lent.
+std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path& socket);
 
 /// The user's preferences of a domain, such as "tervale".
 std::unique_ptr<Preferences> makePreferences(const std::string& domain);

@@ -1,20 +1,17 @@
 #include "TervaleWindow/Appearance/Format.h"
 
-#include "SMC/Precondition.h"
+#include "Profiles/DisplayText.h"
 
 #include <QRegularExpression>
-
-#include <cmath>
 
 namespace tervale {
 
 QString celsius(double value) {
-    return QStringLiteral("%1 °C").arg(roundedToInteger(value));
+    return QString::fromStdString(displayText::celsius(value));
 }
 
 QString percent(double fraction) {
-    // Any number can arrive here from outside. Adding zero turns a negative zero into zero.
-    return QString::number(std::round(fraction * 100.0) + 0.0, 'f', 0) + QLatin1Char('%');
+    return QString::fromStdString(displayText::percent(fraction));
 }
 
 QString timeOfDayFormat(const QLocale& locale) {

@@ -5,11 +5,8 @@
 
 namespace tervale {
 
-/// A temperature in whole degrees, halves away from zero, such as "48 °C". One that is not finite
-/// or outside the signed 64-bit range is a programming error.
+/// The texts of `displayText`.
 QString celsius(double value);
-
-/// A fraction in whole percent, halves away from zero, such as "50%".
 QString percent(double fraction);
 
 /// How the user's locale writes a time of day in its short style, without seconds and time zone.

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Model/Model.h"
 
+#include "Profiles/DisplayText.h"
 #include "SMC/Precondition.h"
-#include "TervaleWindow/Appearance/Format.h"
 
 #include <QThread>
 
@@ -163,19 +163,7 @@ void Model::apply(const BridgeState& state) {
 }
 
 QString Model::nameOf(const Action& action) const {
-    return std::visit(overloaded{
-                          [](const action::Automatic&) { return QStringLiteral("Automatic"); },
-                          [](const action::Fixed& fixed) {
-                              return fixed.speed >= 1.0 ? QStringLiteral("Max")
-                                                        : percent(fixed.speed);
-                          },
-                          [this](const action::Profile& chosen) {
-                              const Profile* profile = findProfile(agent.profiles, chosen.id);
-                              return profile ? QString::fromStdString(profile->name)
-                                             : QStringLiteral("Missing profile");
-                          },
-                      },
-                      action);
+    return QString::fromStdString(displayText::nameOf(action, agent.profiles));
 }
 
 bool moved(const std::vector<Model::DisplayFan>& fans, const std::vector<Model::DisplayFan>& from) {

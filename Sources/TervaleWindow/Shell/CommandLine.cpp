@@ -8,9 +8,10 @@ CommandLine::Request CommandLine::parse(const QStringList& arguments) {
     const QCommandLineOption help(QStringLiteral("help"));
     const QCommandLineOption version(QStringLiteral("version"));
     const QCommandLineOption simulate(QStringLiteral("simulate"));
+    const QCommandLineOption socket(QStringLiteral("socket"), {}, QStringLiteral("PATH"));
     const QCommandLineOption pane(QStringLiteral("pane"), {}, QStringLiteral("NAME"));
     QCommandLineParser parser;
-    parser.addOptions({help, version, simulate, pane});
+    parser.addOptions({help, version, simulate, socket, pane});
     if (!parser.parse(arguments))
         return Refuse{parser.errorText()};
     if (!parser.positionalArguments().isEmpty())
@@ -20,7 +21,11 @@ CommandLine::Request CommandLine::parse(const QStringList& arguments) {
         return ShowHelp{};
     if (parser.isSet(version))
         return ShowVersion{};
-    OpenWindow request{parser.isSet(simulate)};
+    OpenWindow request{parser.isSet(simulate), parser.value(socket)};
+    if (parser.isSet(socket) && request.socket.isEmpty())
+        return Refuse{QStringLiteral("--socket takes a path.")};
+    if (parser.isSet(socket) && request.simulate)
+        return Refuse{QStringLiteral("--simulate and --socket exclude each other.")};
     if (parser.isSet(pane)) {
         const auto chosen = paneTitled(parser.value(pane));
         if (!chosen)
@@ -38,10 +43,11 @@ QString CommandLine::help() {
                "Usage: tervale-window [OPTION]...\n"
                "Shows the fans and temperatures of this machine and what drives its fans.\n"
                "\n"
-               "  --simulate   run on a simulated Mac with an agent of its own\n"
-               "  --pane NAME  open with this pane: %1\n"
-               "  --help       show this help\n"
-               "  --version    show the version\n")
+               "  --simulate     run on a simulated Mac with an agent of its own\n"
+               "  --socket PATH  show the simulated Mac that lends its controller there\n"
+               "  --pane NAME    open with this pane: %1\n"
+               "  --help         show this help\n"
+               "  --version      show the version\n")
         .arg(titles.join(QStringLiteral(", ")));
 }
 

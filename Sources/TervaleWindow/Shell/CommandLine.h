@@ -13,6 +13,8 @@ struct CommandLine {
     struct OpenWindow {
         /// On a simulated Mac with its own agent, all within this process.
         bool simulate = false;
+        /// On the controller that another process lends on this socket.
+        QString socket;
         Pane pane = Pane::overview;
         bool operator==(const OpenWindow&) const = default;
     };

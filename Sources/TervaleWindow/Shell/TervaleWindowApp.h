@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Backend/Backend.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/Clock.h"
 #include "TervaleWindow/Model/Model.h"
-#include "TervaleWindow/Shell/Backend.h"
 #include "TervaleWindow/Shell/ContentView.h"
 #include "TervaleWindow/Shell/WindowDelegate.h"
 #include "TervaleWindow/Shell/WindowVisibility.h"

@@ -6,11 +6,13 @@
 
 #include <clocale>
 #include <cstdio>
+#include <utility>
 
 using namespace tervale;
 
 namespace {
 
+constexpr int failure = 1;
 constexpr int wrongUsage = 2;
 
 QStringList argumentsOf(int count, char** arguments) {
@@ -25,6 +27,18 @@ int print(std::FILE* stream, const QString& text, int status) {
     return status;
 }
 
+int complain(const QString& line, int status) {
+    return print(stderr, QStringLiteral("tervale-window: %1\n").arg(line), status);
+}
+
+std::unique_ptr<Backend> makeBackend(const CommandLine::OpenWindow& request) {
+    if (request.simulate)
+        return Backend::simulation();
+    if (!request.socket.isEmpty())
+        return Backend::lentController(request.socket.toLocal8Bit().toStdString());
+    return Backend::system();
+}
+
 int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     // Only the program's name: the toolkit has options of its own, which are not ours to offer.
     int count = 1;
@@ -35,7 +49,10 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     QApplication::setApplicationName(QStringLiteral("Tervale"));
     QApplication::setApplicationVersion(QStringLiteral(TERVALE_VERSION));
     useSystemAppearance(application);
-    TervaleWindowApp app(request.simulate ? Backend::simulation() : Backend::system());
+    auto backend = makeBackend(request);
+    if (!backend)
+        return complain(QStringLiteral("This system lends no controllers on sockets."), failure);
+    TervaleWindowApp app(std::move(backend));
     app.launch(request.pane);
     return QApplication::exec();
 }
@@ -53,9 +70,7 @@ int main(int count, char** arguments) {
                     QStringLiteral("tervale-window " TERVALE_VERSION " (" TERVALE_BUILD ")\n"), 0);
             },
             [](const CommandLine::Refuse& refusal) {
-                return print(stderr,
-                             QStringLiteral("tervale-window: %1 See --help.\n").arg(refusal.line),
-                             wrongUsage);
+                return complain(refusal.line + QStringLiteral(" See --help."), wrongUsage);
             },
         },
         CommandLine::parse(argumentsOf(count, arguments)));

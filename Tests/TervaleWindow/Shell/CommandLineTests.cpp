@@ -23,15 +23,22 @@ TEST(CommandLine, OpensTheOverviewOnThisMachineWithoutArguments) {
 }
 
 TEST(CommandLine, TakesThePaneInAnyCase) {
-    const CommandLine::OpenWindow expected{true, Pane::settings};
+    const CommandLine::OpenWindow expected{true, {}, Pane::settings};
     EXPECT_EQ(parse({"--simulate", "--pane", "settings"}), CommandLine::Request(expected));
     EXPECT_EQ(parse({"--pane=Settings", "--simulate"}), CommandLine::Request(expected));
+}
+
+TEST(CommandLine, TakesTheSocketThatLendsTheController) {
+    const CommandLine::OpenWindow expected{false, "/run/mac", Pane::overview};
+    EXPECT_EQ(parse({"--socket", "/run/mac"}), CommandLine::Request(expected));
+    EXPECT_TRUE(refusal({"--socket", ""}).contains("socket"));
+    EXPECT_TRUE(refusal({"--socket", "/run/mac", "--simulate"}).contains("socket"));
 }
 
 TEST(CommandLine, ShowsHelpAndVersion) {
     EXPECT_EQ(parse({"--help"}), CommandLine::Request(CommandLine::ShowHelp{}));
     EXPECT_EQ(parse({"--version"}), CommandLine::Request(CommandLine::ShowVersion{}));
-    for (const char* option : {"--simulate", "--pane", "--help", "--version"})
+    for (const char* option : {"--simulate", "--socket", "--pane", "--help", "--version"})
         EXPECT_TRUE(CommandLine::help().contains(option)) << option;
 }
 

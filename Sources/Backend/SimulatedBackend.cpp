@@ -1,4 +1,4 @@
-#include "TervaleWindow/Shell/SimulatedBackend.h"
+#include "Backend/SimulatedBackend.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Backend/Backend.h"
 #include "Platform/Platform.h"
 #include "Profiles/Clock.h"
 #include "Profiles/InProcessNotificationCenter.h"
 #include "Simulation/Simulation.h"
-#include "TervaleWindow/Shell/Backend.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -22,6 +22,7 @@ class SimulatedBackend final : public QObject, public Backend {
 
     IORegistry& registry() override { return simulation.mac(); }
     NotificationCenter& notificationCenter() override { return center; }
+    std::optional<double> processorLoad() override { return simulation.mac().load(); }
 
   private:
     void advance();

@@ -1,0 +1,63 @@
+#include "tervalectl/ActionText.h"
+
+#include "Profiles/JSON.h"
+#include "tervalectl/Failure.h"
+#include "tervalectl/Quantities.h"
+
+namespace tervale {
+
+namespace {
+
+const Profile& find(const ProfileReference& reference, std::span<const Profile> profiles) {
+    if (const auto id = UUID::parse(reference.text)) {
+        if (const Profile* profile = findProfile(profiles, *id))
+            return *profile;
+    }
+    const Profile* named = nullptr;
+    for (const Profile& profile : profiles) {
+        if (profile.name != reference.text)
+            continue;
+        if (named)
+            throw refusal("Several profiles are named '" + reference.text + "'; give the id.");
+        named = &profile;
+    }
+    if (!named)
+        throw refusal("There is no profile '" + reference.text + "'.");
+    return *named;
+}
+
+} // namespace
+
+std::optional<ActionText> parseAction(std::string_view text) {
+    constexpr std::string_view profile = "profile ";
+    if (text == "automatic")
+        return action::Automatic{};
+    if (text == "max")
+        return action::Fixed{1.0};
+    if (const auto speed = quantities::percentage(text))
+        return action::Fixed{*speed};
+    if (text.starts_with(profile) && text.size() > profile.size())
+        return ProfileReference{std::string(text.substr(profile.size()))};
+    return std::nullopt;
+}
+
+std::optional<ActionText> parseActionOrJSON(std::string_view text) {
+    if (const auto action = parseAction(text))
+        return action;
+    const auto decoded = decode<Action>(text);
+    if (const auto* action = std::get_if<Action>(&decoded))
+        return *action;
+    return std::nullopt;
+}
+
+Action resolve(const ActionText& text, std::span<const Profile> profiles) {
+    return std::visit(overloaded{
+                          [](const Action& action) { return action; },
+                          [profiles](const ProfileReference& reference) -> Action {
+                              return action::Profile{find(reference, profiles).id};
+                          },
+                      },
+                      text);
+}
+
+} // namespace tervale

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Profiles/Profile.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace tervale {
+
+/// A profile that someone names.
+struct ProfileReference {
+    /// Its id, or its name letter for letter.
+    std::string text;
+
+    bool operator==(const ProfileReference&) const = default;
+};
+
+/// An action as people type it: "automatic", "max", "40%", "profile Quiet".
+using ActionText = std::variant<Action, ProfileReference>;
+
+/// Nothing for a text that is no action.
+std::optional<ActionText> parseAction(std::string_view text);
+/// The same, and an action's JSON.
+std::optional<ActionText> parseActionOrJSON(std::string_view text);
+
+/// The action that the text means among these profiles. Throws `Failure` if none, or several, of
+/// them is the one named.
+Action resolve(const ActionText& text, std::span<const Profile> profiles);
+
+} // namespace tervale

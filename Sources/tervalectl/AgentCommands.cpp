@@ -1,0 +1,121 @@
+#include "tervalectl/AgentCommands.h"
+
+#include "Profiles/DisplayText.h"
+#include "Profiles/JSON.h"
+#include "tervalectl/Agent.h"
+#include "tervalectl/Table.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tervale {
+
+namespace {
+
+/// Local time; nothing for a date beyond what a calendar holds.
+std::string localTime(Date date) {
+    const double milliseconds = (date.sinceReference + Date::referenceSinceUnixEpoch) * 1000;
+    if (!(std::abs(milliseconds) < 1e15))
+        return {};
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(milliseconds))
+        .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))
+        .toStdString();
+}
+
+std::string timerText(const BridgeState& state) {
+    if (!state.timerAction)
+        return "none";
+    const std::string name = displayText::nameOf(*state.timerAction, state.profiles);
+    const std::string end = state.timerEnds ? localTime(*state.timerEnds) : std::string();
+    return end.empty() ? name : name + " until " + end;
+}
+
+void printState(const BridgeState& state, Context& context) {
+    if (context.json) {
+        context.out << encode(state) << '\n';
+        return;
+    }
+    Table table({{"STATE"}, {"VALUE"}});
+    table.add({"Selection", displayText::nameOf(state.selection, state.profiles)});
+    table.add({"Timer", timerText(state)});
+    table.add({"Status", state.status.value_or("")});
+    table.add({"Launch at login", state.launchAtLogin ? "on" : "off"});
+    table.add({"Profiles", std::to_string(state.profiles.size())});
+    table.print(context.out);
+}
+
+ExitStatus confirm(const BridgeState& state, Context& context) {
+    if (context.json)
+        context.out << encode(state) << '\n';
+    else if (state.status)
+        context.out << printable(*state.status) << '\n';
+    return ExitStatus::done;
+}
+
+/// The action that a text means to this agent, which is asked only if the text names a profile.
+Action resolve(const ActionText& text, Agent& agent) {
+    if (std::holds_alternative<Action>(text))
+        return std::get<Action>(text);
+    return resolve(text, agent.state().profiles);
+}
+
+ExitStatus carryOut(const BridgeCommand& command, Agent::Confirms confirms, Context& context) {
+    const auto backend = context.makeBackend();
+    Agent agent(backend->notificationCenter(), context.timeout);
+    return confirm(agent.carryOut(command, std::move(confirms)), context);
+}
+
+} // namespace
+
+ExitStatus perform(const ctl::State&, Context& context) {
+    const auto backend = context.makeBackend();
+    printState(Agent(backend->notificationCenter(), context.timeout).state(), context);
+    return ExitStatus::done;
+}
+
+ExitStatus perform(const ctl::Select& command, Context& context) {
+    const auto backend = context.makeBackend();
+    Agent agent(backend->notificationCenter(), context.timeout);
+    const Action action = resolve(command.action, agent);
+    const auto confirms = [&](const BridgeState& state) { return state.selection == action; };
+    return confirm(agent.carryOut(command::Select{action}, confirms), context);
+}
+
+ExitStatus perform(const ctl::Timer& command, Context& context) {
+    const auto backend = context.makeBackend();
+    Agent agent(backend->notificationCenter(), context.timeout);
+    const Action action = resolve(command.action, agent);
+    const Date end = context.clock.now() + command.duration;
+    // The same action may have been running for some time, and the agent starts counting when it
+    // hears of it.
+    const double tolerance = context.timeout + 1;
+    const auto confirms = [&](const BridgeState& state) {
+        return state.timerAction == action && state.timerEnds &&
+               std::abs(*state.timerEnds - end) <= tolerance;
+    };
+    return confirm(agent.carryOut(command::StartTimer{action, command.duration}, confirms),
+                   context);
+}
+
+ExitStatus perform(const ctl::CancelTimer&, Context& context) {
+    return carryOut(
+        command::CancelTimer{}, [](const BridgeState& state) { return !state.timerAction; },
+        context);
+}
+
+ExitStatus perform(const ctl::LaunchAtLogin& command, Context& context) {
+    return carryOut(
+        command::SetLaunchAtLogin{command.enabled},
+        [&](const BridgeState& state) { return state.launchAtLogin == command.enabled; }, context);
+}
+
+ExitStatus perform(const ctl::CheckForUpdates&, Context& context) {
+    // Nothing in a state tells that the agent looks; that it answers has to do.
+    return carryOut(
+        command::CheckForUpdates{}, [](const BridgeState&) { return true; }, context);
+}
+
+} // namespace tervale

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "SMC/Sensors.h"
+#include "tervalectl/ActionText.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+
+/// What the program is asked to do. A file named "-" is standard input or output.
+namespace tervale::ctl {
+
+struct Fans {
+    bool operator==(const Fans&) const = default;
+};
+struct Sensors {
+    std::optional<SensorGroup> group{};
+    /// Part of the name or the key, in any case.
+    std::string filter{};
+    bool operator==(const Sensors&) const = default;
+};
+struct Monitor {
+    /// In seconds, positive.
+    double interval = 1;
+    /// How many lines; without end if there is none.
+    std::optional<std::int64_t> count{};
+    bool operator==(const Monitor&) const = default;
+};
+struct State {
+    bool operator==(const State&) const = default;
+};
+struct Select {
+    ActionText action;
+    bool operator==(const Select&) const = default;
+};
+struct Timer {
+    ActionText action;
+    /// In seconds, positive.
+    double duration = 0;
+    bool operator==(const Timer&) const = default;
+};
+struct CancelTimer {
+    bool operator==(const CancelTimer&) const = default;
+};
+struct LaunchAtLogin {
+    bool enabled = false;
+    bool operator==(const LaunchAtLogin&) const = default;
+};
+struct CheckForUpdates {
+    bool operator==(const CheckForUpdates&) const = default;
+};
+struct ListProfiles {
+    bool operator==(const ListProfiles&) const = default;
+};
+struct ExportProfiles {
+    std::string file = "-";
+    bool operator==(const ExportProfiles&) const = default;
+};
+struct ImportProfiles {
+    std::string file;
+    bool operator==(const ImportProfiles&) const = default;
+};
+struct ValidateProfiles {
+    std::string file;
+    bool operator==(const ValidateProfiles&) const = default;
+};
+struct Replay {
+    std::string profiles;
+    ActionText selection;
+    std::string trace = "-";
+    bool operator==(const Replay&) const = default;
+};
+
+using Command = std::variant<Fans, Sensors, Monitor, State, Select, Timer, CancelTimer,
+                             LaunchAtLogin, CheckForUpdates, ListProfiles, ExportProfiles,
+                             ImportProfiles, ValidateProfiles, Replay>;
+
+} // namespace tervale::ctl

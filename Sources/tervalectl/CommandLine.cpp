@@ -1,0 +1,243 @@
+#include "tervalectl/CommandLine.h"
+
+#include "tervalectl/CommandTable.h"
+#include "tervalectl/Failure.h"
+#include "tervalectl/Quantities.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+
+#include <utility>
+
+namespace tervale::ctl {
+
+namespace {
+
+constexpr double longestWait = 24 * 60 * 60;
+
+Failure misuse(std::string line) {
+    return {ExitStatus::wrongUsage, std::move(line)};
+}
+
+QString optionName(std::string_view name) {
+    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+/// The options' values and the words between them.
+class Words {
+  public:
+    explicit Words(const QStringList& arguments) {
+        for (const OptionDescription& option : allOptions())
+            parser.addOption(
+                QCommandLineOption(optionName(option.name), {}, optionName(option.value)));
+        if (!parser.parse(arguments))
+            throw misuse(parser.errorText().toStdString());
+        words = parser.positionalArguments();
+    }
+
+    bool has(std::string_view option) const { return parser.isSet(optionName(option)); }
+    std::string text(std::string_view option) const {
+        return parser.value(optionName(option)).toStdString();
+    }
+    /// As the system spells paths.
+    std::string path(std::string_view option) const {
+        return QFile::encodeName(parser.value(optionName(option))).toStdString();
+    }
+
+    bool isEmpty() const { return words.isEmpty(); }
+    std::string first() const { return words.constFirst().toStdString(); }
+    std::string take() { return words.takeFirst().toStdString(); }
+    std::string takeLast() { return words.takeLast().toStdString(); }
+    std::string takePath() { return QFile::encodeName(words.takeFirst()).toStdString(); }
+    std::string takeAll() { return std::exchange(words, {}).join(QLatin1Char(' ')).toStdString(); }
+
+  private:
+    QCommandLineParser parser;
+    QStringList words;
+};
+
+const CommandDescription& takeCommand(Words& words) {
+    if (words.isEmpty())
+        throw misuse("A command is missing.");
+    std::string name = words.take();
+    if (const auto* command = findCommand(name))
+        return *command;
+    const std::string group = name + ' ';
+    for (const CommandDescription& command : allCommands()) {
+        if (!command.name.starts_with(group))
+            continue;
+        if (words.isEmpty())
+            throw misuse("'" + name + "' needs a word more, such as '" + std::string(command.name) +
+                         "'.");
+        name += ' ' + words.take();
+        if (const auto* named = findCommand(name))
+            return *named;
+        break;
+    }
+    throw misuse("There is no command '" + name + "'.");
+}
+
+void refuseOptionsNotTaken(const CommandDescription& command, const Words& words) {
+    for (const OptionDescription& option : allOptions()) {
+        if (words.has(option.name) && !takes(command, option.name))
+            throw misuse("'" + std::string(command.name) + "' takes no --" +
+                         std::string(option.name) + ".");
+    }
+}
+
+std::string takeArgument(Words& words, const char* called) {
+    if (words.isEmpty())
+        throw misuse(std::string(called) + " is missing.");
+    return words.take();
+}
+
+std::string takeFile(Words& words) {
+    if (words.isEmpty())
+        throw misuse("FILE is missing.");
+    std::string file = words.takePath();
+    if (file.empty())
+        throw misuse("FILE is empty.");
+    return file;
+}
+
+double seconds(const Words& words, std::string_view option, double usual) {
+    if (!words.has(option))
+        return usual;
+    const auto value = quantities::duration(words.text(option));
+    if (!value || *value > longestWait)
+        throw misuse("--" + std::string(option) + " takes seconds above 0 up to a day, not '" +
+                     words.text(option) + "'.");
+    return *value;
+}
+
+ActionText takeAction(Words& words) {
+    if (words.isEmpty())
+        throw misuse("ACTION is missing.");
+    const std::string text = words.takeAll();
+    const auto action = parseAction(text);
+    if (!action)
+        throw misuse("'" + text + "' is no action: automatic, max, N%, or profile NAME.");
+    return *action;
+}
+
+Sensors takeSensors(Words& words) {
+    Sensors sensors;
+    if (words.has("group")) {
+        sensors.group = SensorGroup::fromRawValue(words.text("group"));
+        if (!sensors.group)
+            throw misuse("There is no group '" + words.text("group") + "'.");
+    }
+    sensors.filter = words.takeAll();
+    return sensors;
+}
+
+Monitor takeMonitor(const Words& words) {
+    Monitor monitor;
+    monitor.interval = seconds(words, "interval", monitor.interval);
+    if (words.has("count")) {
+        monitor.count = quantities::whole(words.text("count"));
+        if (!monitor.count)
+            throw misuse("--count takes a whole number, not '" + words.text("count") + "'.");
+    }
+    return monitor;
+}
+
+Timer takeTimer(Words& words) {
+    if (words.isEmpty())
+        throw misuse("ACTION is missing.");
+    const std::string text = words.takeLast();
+    const auto duration = quantities::duration(text);
+    if (!duration)
+        throw misuse("'" + text + "' is no DURATION: seconds, or such as 90s, 15m, 1h30m.");
+    return {takeAction(words), *duration};
+}
+
+LaunchAtLogin takeLaunchAtLogin(Words& words) {
+    const std::string word = takeArgument(words, "'on' or 'off'");
+    if (word != "on" && word != "off")
+        throw misuse("'" + word + "' is neither 'on' nor 'off'.");
+    return {word == "on"};
+}
+
+Replay takeReplay(Words& words) {
+    for (const char* required : {"profiles", "selection"}) {
+        if (words.text(required).empty())
+            throw misuse("'replay' needs --" + std::string(required) + ".");
+    }
+    const auto selection = parseActionOrJSON(words.text("selection"));
+    if (!selection)
+        throw misuse("'" + words.text("selection") +
+                     "' is no action: automatic, max, N%, profile NAME, or JSON.");
+    Replay replay{words.path("profiles"), *selection};
+    if (!words.isEmpty())
+        replay.trace = takeFile(words);
+    if (replay.profiles == "-" && replay.trace == "-")
+        throw misuse("Profiles and TRACE cannot both come from standard input.");
+    return replay;
+}
+
+Command takeArguments(std::string_view name, Words& words) {
+    if (name == "fans")
+        return Fans{};
+    if (name == "sensors")
+        return takeSensors(words);
+    if (name == "monitor")
+        return takeMonitor(words);
+    if (name == "state")
+        return State{};
+    if (name == "select")
+        return Select{takeAction(words)};
+    if (name == "timer")
+        return takeTimer(words);
+    if (name == "cancel-timer")
+        return CancelTimer{};
+    if (name == "launch-at-login")
+        return takeLaunchAtLogin(words);
+    if (name == "check-for-updates")
+        return CheckForUpdates{};
+    if (name == "profiles list")
+        return ListProfiles{};
+    if (name == "profiles export")
+        return words.isEmpty() ? ExportProfiles{} : ExportProfiles{takeFile(words)};
+    if (name == "profiles import")
+        return ImportProfiles{takeFile(words)};
+    if (name == "profiles validate")
+        return ValidateProfiles{takeFile(words)};
+    return takeReplay(words);
+}
+
+CommandLine::Run takeRun(const CommandDescription& description, Words& words) {
+    refuseOptionsNotTaken(description, words);
+    CommandLine::Run run{takeArguments(description.name, words)};
+    if (!words.isEmpty())
+        throw misuse("Unexpected argument '" + words.first() + "'.");
+    run.json = words.has("json");
+    run.timeout = seconds(words, "timeout", run.timeout);
+    run.simulate = words.has("simulate");
+    run.socket = words.path("socket");
+    if (words.has("socket") && run.socket.empty())
+        throw misuse("--socket takes a path.");
+    if (run.simulate && words.has("socket"))
+        throw misuse("--simulate and --socket exclude each other.");
+    return run;
+}
+
+} // namespace
+
+CommandLine::Request CommandLine::parse(const QStringList& arguments) {
+    try {
+        Words words(arguments);
+        if (words.has("version"))
+            return ShowVersion{};
+        if (words.has("help") && words.isEmpty())
+            return Print{help()};
+        const CommandDescription& command = takeCommand(words);
+        if (words.has("help"))
+            return Print{help(command)};
+        return takeRun(command, words);
+    } catch (const Failure& failure) {
+        return Refuse{failure.line};
+    }
+}
+
+} // namespace tervale::ctl

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "tervalectl/Command.h"
+
+#include <QStringList>
+
+#include <string>
+#include <variant>
+
+namespace tervale::ctl {
+
+/// What the program's arguments ask for.
+struct CommandLine {
+    struct Run {
+        Command command;
+        /// Write for programs rather than for eyes.
+        bool json = false;
+        /// How long to wait for the agent, in seconds.
+        double timeout = 2;
+        /// On a simulated Mac with its own agent, all within this process.
+        bool simulate = false;
+        /// On the controller that another process lends on this socket; empty for the machine's.
+        std::string socket{};
+        bool operator==(const Run&) const = default;
+    };
+    struct Print {
+        std::string text;
+        bool operator==(const Print&) const = default;
+    };
+    struct ShowVersion {
+        bool operator==(const ShowVersion&) const = default;
+    };
+    /// What is wrong with the arguments, in one line.
+    struct Refuse {
+        std::string line;
+        bool operator==(const Refuse&) const = default;
+    };
+    using Request = std::variant<Run, Print, ShowVersion, Refuse>;
+
+    /// `arguments` begin with the program's name.
+    static Request parse(const QStringList& arguments);
+};
+
+} // namespace tervale::ctl

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Profiles/JSONReader.h"
+#include "Profiles/JSONWriter.h"
+#include "Profiles/TemperatureInputs.h"
+#include "SMC/Fan.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tervale {
+
+/// What a machine read at one time: a line that `monitor` writes and `replay` takes.
+struct ControlTick {
+    /// Seconds since 1970-01-01 00:00:00 UTC.
+    double time = 0;
+    /// The local minute of the day, 0 to 1439.
+    std::int64_t minute = 0;
+    /// Percent, 0 to 100; nothing when unknown.
+    std::optional<double> load{};
+    TemperatureReadings temperatures{};
+    std::vector<Fan> fans{};
+
+    /// The time of day, such as "08:05:30".
+    std::string timeOfDay() const;
+
+    bool operator==(const ControlTick&) const = default;
+};
+
+/// A speed that is not finite is left out.
+void write(JSONWriter& json, const Fan& fan);
+void write(JSONWriter& json, const TemperatureReadings& readings);
+void write(JSONWriter& json, const ControlTick& tick);
+
+/// Temperatures under other names than an input's title are ignored.
+TemperatureReadings read(const JSONReader& json, Type<TemperatureReadings>);
+/// Reads all but the fans, which nobody needs to know what the fans should do.
+ControlTick read(const JSONReader& json, Type<ControlTick>);
+
+} // namespace tervale

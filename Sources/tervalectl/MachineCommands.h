@@ -1,0 +1,12 @@
+#pragma once
+
+#include "tervalectl/Command.h"
+#include "tervalectl/Context.h"
+
+namespace tervale {
+
+// Each reads the controller once. Throw `SMCError`.
+ExitStatus perform(const ctl::Fans& command, Context& context);
+ExitStatus perform(const ctl::Sensors& command, Context& context);
+
+} // namespace tervale

@@ -1,0 +1,114 @@
+#include "tervalectl/ProfileCommands.h"
+
+#include "Profiles/JSONCoding.h"
+#include "Profiles/Validation.h"
+#include "tervalectl/Agent.h"
+#include "tervalectl/Files.h"
+#include "tervalectl/ProfileFile.h"
+#include "tervalectl/Table.h"
+
+#include <algorithm>
+
+namespace tervale {
+
+namespace {
+
+/// A profile and what is wrong with it.
+struct Finding {
+    const Profile& profile;
+    std::vector<std::string> problems;
+};
+
+std::vector<Finding> examine(const std::vector<Profile>& profiles) {
+    std::vector<Finding> findings;
+    for (const Profile& profile : profiles)
+        findings.push_back({profile, problems(profile, profiles)});
+    return findings;
+}
+
+bool isSound(const Finding& finding) {
+    return finding.problems.empty();
+}
+
+std::string sentences(const Finding& finding) {
+    std::string text;
+    for (const std::string& problem : finding.problems)
+        text += (text.empty() ? "" : " ") + problem;
+    return text;
+}
+
+void write(JSONWriter& json, const Finding& finding) {
+    json.object([&] {
+        json.member("id", finding.profile.id);
+        json.member("name", finding.profile.name);
+        json.member("problems", finding.problems);
+    });
+}
+
+std::string kindText(const Profile& profile) {
+    return std::visit(overloaded{
+                          [](const kind::Temperature& temperature) {
+                              return "temperature, " + temperature.input.title();
+                          },
+                          [](const kind::Load&) -> std::string { return "load"; },
+                          [](const kind::Schedule&) -> std::string { return "schedule"; },
+                      },
+                      profile.kind);
+}
+
+} // namespace
+
+ExitStatus perform(const ctl::ListProfiles&, Context& context) {
+    const auto backend = context.makeBackend();
+    const BridgeState state = Agent(backend->notificationCenter(), context.timeout).state();
+    if (context.json) {
+        context.out << encode(state.profiles) << '\n';
+        return ExitStatus::done;
+    }
+    Table table({{"PROFILE"}, {"KIND"}, {"ID"}});
+    for (const Profile& profile : state.profiles)
+        table.add({profile.name, kindText(profile), profile.id.text()});
+    table.print(context.out);
+    return ExitStatus::done;
+}
+
+ExitStatus perform(const ctl::ExportProfiles& command, Context& context) {
+    const auto backend = context.makeBackend();
+    const BridgeState state = Agent(backend->notificationCenter(), context.timeout).state();
+    files::write(command.file, encode(state.profiles) + '\n', context);
+    return ExitStatus::done;
+}
+
+ExitStatus perform(const ctl::ImportProfiles& command, Context& context) {
+    const std::vector<Profile> profiles = readProfiles(command.file, context);
+    std::string line;
+    for (const Finding& finding : examine(profiles)) {
+        if (!isSound(finding))
+            line += (line.empty() ? "" : " ") + finding.profile.name + ": " + sentences(finding);
+    }
+    if (!line.empty())
+        throw refusal(line);
+    const auto backend = context.makeBackend();
+    Agent(backend->notificationCenter(), context.timeout)
+        .carryOut(command::SaveProfiles{profiles},
+                  [&](const BridgeState& state) { return state.profiles == profiles; });
+    return ExitStatus::done;
+}
+
+ExitStatus perform(const ctl::ValidateProfiles& command, Context& context) {
+    const std::vector<Profile> profiles = readProfiles(command.file, context);
+    const std::vector<Finding> findings = examine(profiles);
+    if (context.json) {
+        JSONWriter json;
+        json.array(findings);
+        context.out << json.text << '\n';
+    } else {
+        for (const Finding& finding : findings) {
+            for (const std::string& problem : finding.problems)
+                context.out << printable(finding.profile.name + ": " + problem) << '\n';
+        }
+    }
+    return std::ranges::all_of(findings, isSound) ? ExitStatus::done : ExitStatus::refused;
+}
+
+} // namespace tervale

@@ -1,0 +1,151 @@
+#include "tervalectl/Replay.h"
+
+#include "Profiles/Controller.h"
+#include "Profiles/DisplayText.h"
+#include "Profiles/JSONCoding.h"
+#include "tervalectl/Bar.h"
+#include "tervalectl/ControlTick.h"
+#include "tervalectl/ProfileFile.h"
+#include "tervalectl/Table.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+
+namespace tervale {
+
+namespace {
+
+/// What one control tick came to.
+struct Outcome {
+    double time = 0;
+    Needs needs;
+    Target target;
+    bool safety = false;
+};
+
+std::vector<std::string> titles(const TemperatureInputSet& inputs) {
+    std::vector<std::string> titles;
+    for (std::size_t position = 0; position < temperatureInputCount; ++position) {
+        if (inputs.contains(temperatureInputAt(position)))
+            titles.push_back(temperatureInputAt(position).title());
+    }
+    std::ranges::sort(titles);
+    return titles;
+}
+
+void write(JSONWriter& json, const Outcome& outcome) {
+    json.object([&] {
+        json.member("time", outcome.time);
+        json.member("needs", titles(outcome.needs.temperatures));
+        json.member("needsLoad", outcome.needs.load);
+        if (const auto* speed = std::get_if<target::Speed>(&outcome.target))
+            json.member("target", speed->fraction);
+        else
+            json.member("target", std::string("automatic"));
+        json.member("safety", outcome.safety);
+    });
+}
+
+/// Runs one selection through ticks, as the agent would.
+class DryRun {
+  public:
+    DryRun(Action selection, std::vector<Profile> profiles)
+        : selection(std::move(selection)),
+          profiles(std::move(profiles)) {}
+
+    Outcome advance(const ControlTick& tick) {
+        const int minute = static_cast<int>(tick.minute);
+        const Needs needs = Controller::needs(selection, profiles, minute);
+        const Target target =
+            controller.target(selection, profiles, {tick.temperatures, tick.load, minute});
+        return {tick.time, needs, target, controller.safetyEngaged()};
+    }
+    /// The reading that drives the fans, for eyes; a dash where none does.
+    std::string reading(const ControlTick& tick) const {
+        const auto resolved =
+            Controller::resolve(selection, profiles, static_cast<int>(tick.minute), 0);
+        using Resolved = Controller::Resolved;
+        return std::visit(
+            overloaded{
+                [](const Resolved::Automatic&) -> std::string { return "–"; },
+                [](const Resolved::Fixed&) -> std::string { return "–"; },
+                [&](const Resolved::Temperature& temperature) {
+                    return temperature.input.title() + ' ' +
+                           number(tick.temperatures.at(temperature.input), " °C");
+                },
+                [&](const Resolved::Load&) { return "Load " + number(tick.load, "%"); },
+            },
+            resolved.value);
+    }
+
+  private:
+    /// Any number can stand in a file.
+    static std::string number(std::optional<double> value, const char* unit) {
+        if (!value || std::abs(*value) > 1e9)
+            return "–";
+        return std::to_string(std::lround(*value)) + unit;
+    }
+
+    Action selection;
+    std::vector<Profile> profiles;
+    Controller controller;
+};
+
+const Table& table() {
+    static const Table table({{"TIME", Table::Alignment::right, 8},
+                              {"READING", Table::Alignment::left, 22},
+                              {"TARGET", Table::Alignment::right, 9},
+                              {"FANS", Table::Alignment::left, bar::length},
+                              {"SAFETY"}});
+    return table;
+}
+
+void print(const Outcome& outcome, const ControlTick& tick, const DryRun& run, Context& context) {
+    if (context.json) {
+        JSONWriter json;
+        write(json, outcome);
+        context.out << json.text << '\n';
+        return;
+    }
+    const auto* speed = std::get_if<target::Speed>(&outcome.target);
+    table().print(context.out,
+                  {tick.timeOfDay(), run.reading(tick),
+                   speed ? displayText::percent(speed->fraction) : "automatic",
+                   speed ? bar::text(speed->fraction) : "", outcome.safety ? "engaged" : ""});
+}
+
+void replay(std::istream& trace, DryRun& run, Context& context) {
+    std::string line;
+    for (std::int64_t number = 1; context.out && std::getline(trace, line); ++number) {
+        if (line.find_first_not_of(" \t\r") == std::string::npos)
+            continue;
+        const auto tick = decode<ControlTick>(line);
+        if (const auto* error = std::get_if<DecodingError>(&tick))
+            throw refusal("Line " + std::to_string(number) + ": " + error->text());
+        const ControlTick& reading = std::get<ControlTick>(tick);
+        print(run.advance(reading), reading, run, context);
+    }
+    if (trace.bad())
+        throw refusal("The trace cannot be read to its end.");
+}
+
+} // namespace
+
+ExitStatus perform(const ctl::Replay& command, Context& context) {
+    std::vector<Profile> profiles = readProfiles(command.profiles, context);
+    const Action selection = resolve(command.selection, profiles);
+    DryRun run(selection, std::move(profiles));
+    std::ifstream file;
+    if (command.trace != "-") {
+        file.open(command.trace, std::ios::binary);
+        if (!file)
+            throw refusal("Cannot read " + command.trace + ".");
+    }
+    if (!context.json)
+        table().printTitles(context.out);
+    replay(command.trace == "-" ? context.in : file, run, context);
+    return ExitStatus::done;
+}
+
+} // namespace tervale

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "tervalectl/Command.h"
+#include "tervalectl/Context.h"
+
+namespace tervale {
+
+/// Feeds recorded readings through the controller and prints what the fans would do, one line for
+/// each, as it goes. Throws `Failure` at the first line that is none.
+ExitStatus perform(const ctl::Replay& command, Context& context);
+
+} // namespace tervale

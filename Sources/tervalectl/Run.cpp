@@ -1,0 +1,56 @@
+#include "tervalectl/Run.h"
+
+#include "Profiles/JSON.h"
+#include "SMC/SMC.h"
+#include "tervalectl/AgentCommands.h"
+#include "tervalectl/MachineCommands.h"
+#include "tervalectl/Monitor.h"
+#include "tervalectl/ProfileCommands.h"
+#include "tervalectl/Replay.h"
+#include "tervalectl/Table.h"
+
+namespace tervale {
+
+namespace {
+
+ExitStatus fail(std::ostream& errors, const std::string& line, ExitStatus status) {
+    complain(errors, line);
+    return status;
+}
+
+} // namespace
+
+std::unique_ptr<Backend> makeBackend(const ctl::CommandLine::Run& run) {
+    if (run.simulate)
+        return Backend::simulation();
+    if (run.socket.empty())
+        return Backend::system();
+    auto backend = Backend::lentController(run.socket);
+    if (!backend)
+        throw refusal("This system lends no controllers on sockets.");
+    return backend;
+}
+
+ExitStatus carryOut(const ctl::Command& command, Context& context, std::ostream& errors) {
+    try {
+        const ExitStatus status =
+            std::visit([&](const auto& chosen) { return perform(chosen, context); }, command);
+        context.out.flush();
+        if (!context.out)
+            return fail(errors, "The output cannot be written.", ExitStatus::refused);
+        return status;
+    } catch (const Failure& failure) {
+        context.out.flush();
+        return fail(errors, failure.line, failure.status);
+    } catch (const SMCError& error) {
+        return fail(errors, error.description, ExitStatus::refused);
+    } catch (const EncodingError&) {
+        return fail(errors, "The agent's state holds a number that is none.", ExitStatus::refused);
+    }
+}
+
+void complain(std::ostream& errors, const std::string& line) {
+    errors << "tervalectl: " << printable(line) << '\n';
+}
+
+} // namespace tervale

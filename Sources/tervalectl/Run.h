@@ -1,0 +1,19 @@
+#pragma once
+
+#include "tervalectl/CommandLine.h"
+#include "tervalectl/Context.h"
+
+#include <ostream>
+
+namespace tervale {
+
+/// The machine that the command line chose. Throws `Failure`.
+std::unique_ptr<Backend> makeBackend(const ctl::CommandLine::Run& run);
+
+/// Carries a command out. What goes wrong is one line on `errors`.
+ExitStatus carryOut(const ctl::Command& command, Context& context, std::ostream& errors);
+
+/// "tervalectl: ", and the line without what a terminal would obey.
+void complain(std::ostream& errors, const std::string& line);
+
+} // namespace tervale

@@ -1,0 +1,92 @@
+#include "tervalectl/Table.h"
+
+#include "SMC/Precondition.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tervale {
+
+namespace {
+
+constexpr std::string_view gap = "  ";
+
+/// In code points.
+std::size_t width(std::string_view text) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
+}
+
+} // namespace
+
+std::string printable(std::string_view text) {
+    std::string safe;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const bool second =
+            i + 1 < text.size() && byte == 0xC2 && static_cast<unsigned char>(text[i + 1]) < 0xA0;
+        if (second)
+            ++i;
+        safe += second || byte < 0x20 || byte == 0x7F ? ' ' : text[i];
+    }
+    return safe;
+}
+
+Table::Table(std::vector<Column> columns) : columns(std::move(columns)) {}
+
+void Table::add(Row row) {
+    precondition(row.size() == columns.size(), "a row has a cell for each column");
+    for (std::string& cell : row)
+        cell = printable(cell);
+    rows.push_back(std::move(row));
+}
+
+void Table::print(std::ostream& out) const {
+    auto widths = leastWidths();
+    for (const Row& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], width(row[i]));
+    }
+    printLine(out, titles(), widths);
+    for (const Row& row : rows)
+        printLine(out, row, widths);
+}
+
+void Table::printTitles(std::ostream& out) const {
+    printLine(out, titles(), leastWidths());
+}
+
+void Table::print(std::ostream& out, const Row& row) const {
+    precondition(row.size() == columns.size(), "a row has a cell for each column");
+    printLine(out, row, leastWidths());
+}
+
+std::vector<std::size_t> Table::leastWidths() const {
+    std::vector<std::size_t> widths;
+    for (const Column& column : columns)
+        widths.push_back(std::max(column.leastWidth, width(column.title)));
+    return widths;
+}
+
+void Table::printLine(std::ostream& out, const Row& row,
+                      const std::vector<std::size_t>& widths) const {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        const std::size_t length = width(row[i]);
+        const std::string padding(widths[i] > length ? widths[i] - length : 0, ' ');
+        if (i > 0)
+            line += gap;
+        line += columns[i].alignment == Alignment::right ? padding + row[i] : row[i] + padding;
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    out << line << '\n';
+}
+
+Table::Row Table::titles() const {
+    Row row;
+    for (const Column& column : columns)
+        row.push_back(column.title);
+    return row;
+}
+
+} // namespace tervale

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "Profiles/InMemoryPreferences.h"
+#include "Profiles/InProcessNotificationCenter.h"
+#include "Simulation/Simulation.h"
+#include "tervalectl/Run.h"
+
+#include <functional>
+#include <sstream>
+#include <string>
+
+namespace tervale {
+
+/// Lends what belongs to the test.
+class LentBackend final : public Backend {
+  public:
+    LentBackend(IORegistry& registry, NotificationCenter& center, const SimulatedMac& mac)
+        : machine(registry),
+          center(center),
+          mac(mac) {}
+
+    IORegistry& registry() override { return machine; }
+    NotificationCenter& notificationCenter() override { return center; }
+    std::optional<double> processorLoad() override { return mac.load(); }
+
+  private:
+    IORegistry& machine;
+    NotificationCenter& center;
+    const SimulatedMac& mac;
+};
+
+/// Runs command lines on a simulated Mac that stands still.
+class CommandRunner {
+  public:
+    ExitStatus run(const QStringList& arguments, const std::string& input = {}) {
+        std::istringstream in(input);
+        std::ostringstream out;
+        std::ostringstream err;
+        const auto request = ctl::CommandLine::parse(QStringList{"tervalectl"} + arguments);
+        const auto& chosen = std::get<ctl::CommandLine::Run>(request);
+        Context context{
+            in,    out,
+            clock, chosen.json,
+            0.05,  [this] { return std::make_unique<LentBackend>(*registry, center, mac); }};
+        const ExitStatus status = carryOut(chosen.command, context, err);
+        output = out.str();
+        errors = err.str();
+        return status;
+    }
+
+    SimulatedMac mac{{.scenario = Scenario::idle, .sensors = 12, .fillers = 20}};
+    IORegistry* registry = &mac;
+    SimulatedClock clock{{12 * 3600.0}};
+    InProcessNotificationCenter center{&Backend::runOnMainThread};
+    std::string output;
+    std::string errors;
+};
+
+/// A stand-in for the agent that does what the test says.
+class ScriptedAgent {
+  public:
+    explicit ScriptedAgent(NotificationCenter& center) : bridge(center) {}
+
+    BridgeState state;
+    std::vector<BridgeCommand> heard;
+    /// Changes the state as the agent would; nothing changes without it.
+    std::function<void(const BridgeCommand&)> obey;
+    bool answers = true;
+
+  private:
+    Bridge bridge;
+    ObserverToken commands = bridge.onCommand([this](const BridgeCommand& command) {
+        heard.push_back(command);
+        if (obey)
+            obey(command);
+        if (answers)
+            bridge.publish(state);
+    });
+};
+
+} // namespace tervale

@@ -1,0 +1,143 @@
+#include "Profiles/JSONCoding.h"
+#include "SMC/SMCCodec.h"
+#include "SMC/SMCStructure.h"
+#include "tervalectl/CommandRunner.h"
+#include "tervalectl/ControlTick.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace tervale;
+
+namespace {
+
+class MachineCommands : public testing::Test, protected CommandRunner {
+  protected:
+    std::size_t lines() const { return static_cast<std::size_t>(std::ranges::count(output, '\n')); }
+};
+
+/// A sensor comes off as soon as it has been found, which reads it once.
+class UnpluggingRegistry final : public IORegistry {
+  public:
+    UnpluggingRegistry(SimulatedMac& mac, std::string key) : mac(mac), key(std::move(key)) {}
+
+    std::optional<Service> findService(const std::string& className) override {
+        return mac.findService(className);
+    }
+    Status open(Service service, std::uint32_t type, Connection& connection) override {
+        return mac.open(service, type, connection);
+    }
+    void release(Service service) override { mac.release(service); }
+    Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
+                      Structure& response) override {
+        const std::size_t reads = mac.calls().reads;
+        const Status status = mac.callStruct(connection, selector, request, response);
+        const bool isKey = SMCStructure::fromBytes(request).key == SMCCodec::fourCC(key);
+        if (isKey && mac.calls().reads > reads)
+            mac.inject(key, fault::DroppedOut{});
+        return status;
+    }
+    void close(Connection connection) override { mac.close(connection); }
+
+  private:
+    SimulatedMac& mac;
+    std::string key;
+};
+
+} // namespace
+
+TEST_F(MachineCommands, ShowTheFans) {
+    ASSERT_EQ(run({"fans"}), ExitStatus::done);
+    EXPECT_EQ(lines(), 3U);
+    EXPECT_TRUE(output.starts_with("FAN ")) << output;
+    EXPECT_NE(output.find("\nFan 1 "), std::string::npos);
+    EXPECT_NE(output.find("\nFan 2 "), std::string::npos);
+    EXPECT_NE(output.find(" RPM  automatic\n"), std::string::npos);
+}
+
+TEST_F(MachineCommands, ShowTheFansAsJSON) {
+    SMC smc(mac);
+    smc.setSpeed(1, smc.fan(1).max);
+    ASSERT_EQ(run({"fans", "--json"}), ExitStatus::done);
+    EXPECT_TRUE(output.starts_with(R"([{"index":0,"actual":)")) << output;
+    EXPECT_TRUE(output.ends_with("\"manual\":true}]\n")) << output;
+}
+
+TEST_F(MachineCommands, ShowSensorsOfAGroupAndOfAName) {
+    ASSERT_EQ(run({"sensors"}), ExitStatus::done);
+    EXPECT_EQ(lines(), 13U);
+    ASSERT_EQ(run({"sensors", "--group", "cpu"}), ExitStatus::done);
+    const std::size_t cpu = lines();
+    EXPECT_GT(cpu, 1U);
+    EXPECT_LT(cpu, 13U);
+    EXPECT_EQ(output.find("GPU"), std::string::npos);
+    ASSERT_EQ(run({"sensors", "cPu t"}), ExitStatus::done);
+    EXPECT_EQ(lines(), cpu);
+    ASSERT_EQ(run({"sensors", "nowhere", "--json"}), ExitStatus::done);
+    EXPECT_EQ(output, "[]\n");
+}
+
+TEST_F(MachineCommands, LeaveOutTheTemperatureOfASensorThatComesOff) {
+    const std::string key = SMC(mac).temperatureSensors().front().key;
+    UnpluggingRegistry unplugging(mac, key);
+    registry = &unplugging;
+    ASSERT_EQ(run({"sensors", "--json", QString::fromStdString(key)}), ExitStatus::done);
+    EXPECT_NE(output.find("\"key\":\"" + key + "\""), std::string::npos) << output;
+    EXPECT_EQ(output.find("celsius"), std::string::npos);
+    mac.heal(key);
+    ASSERT_EQ(run({"sensors", QString::fromStdString(key)}), ExitStatus::done);
+    EXPECT_TRUE(output.ends_with("–\n")) << output;
+}
+
+TEST_F(MachineCommands, FailInOneLineWithoutAController) {
+    mac.setService(service::Absent{});
+    for (const char* command : {"fans", "sensors", "monitor"}) {
+        EXPECT_EQ(run({command}), ExitStatus::refused);
+        EXPECT_EQ(output, "");
+        EXPECT_TRUE(errors.starts_with("tervalectl: ")) << errors;
+        EXPECT_EQ(std::ranges::count(errors, '\n'), 1);
+    }
+}
+
+TEST_F(MachineCommands, MonitorWritesLinesThatReplayReads) {
+    ASSERT_EQ(run({"monitor", "--json", "--count", "2", "--interval", "0.01"}), ExitStatus::done);
+    ASSERT_EQ(lines(), 2U);
+    const auto decoded = decode<ControlTick>(output.substr(0, output.find('\n')));
+    const ControlTick& tick = std::get<ControlTick>(decoded);
+    EXPECT_EQ(tick.time, 12 * 3600.0 + Date::referenceSinceUnixEpoch);
+    EXPECT_EQ(tick.minute, 720);
+    EXPECT_EQ(tick.load, mac.load());
+    EXPECT_TRUE(tick.temperatures.at(TemperatureInput::hottestOf(SensorGroup::cpu)));
+    EXPECT_NE(output.find(R"("fans":[{"index":0,)"), std::string::npos);
+}
+
+TEST_F(MachineCommands, MonitorPrintsAColumnForWhatIsThere) {
+    ASSERT_EQ(run({"monitor", "--count", "1"}), ExitStatus::done);
+    EXPECT_EQ(lines(), 2U);
+    EXPECT_NE(output.find("CPU average"), std::string::npos);
+    EXPECT_NE(output.find("Fan 2"), std::string::npos);
+    EXPECT_NE(output.find("\n12:00:00 "), std::string::npos) << output;
+    ASSERT_EQ(run({"monitor", "--count", "0"}), ExitStatus::done);
+    EXPECT_EQ(output, "");
+}
+
+TEST_F(MachineCommands, MonitorGoesOnWhereTheFansFail) {
+    mac.inject("F0Ac", fault::KernelError{1});
+    ASSERT_EQ(run({"monitor", "--json", "--count", "1"}), ExitStatus::done);
+    EXPECT_TRUE(output.ends_with("\"fans\":[]}\n")) << output;
+}
+
+TEST(ControlTick, LeavesOutWhatIsNotKnown) {
+    ControlTick tick;
+    tick.fans = {{.actual = std::nan("")}};
+    EXPECT_EQ(encode(tick), R"({"time":0,"minute":0,"temperatures":{},)"
+                            R"("fans":[{"index":0,"target":0,"min":0,"max":0,"manual":false}]})");
+}
+
+TEST(ControlTick, TellsTheTimeOfAnyTick) {
+    EXPECT_EQ((ControlTick{90, 485}.timeOfDay()), "08:05:30");
+    EXPECT_EQ((ControlTick{-1, 0}.timeOfDay()), "00:00:59");
+    EXPECT_EQ((ControlTick{1e300, 1439}.timeOfDay()).size(), 8U);
+}

@@ -1,0 +1,35 @@
+# Checks what the completion offers. Usage: completion.bash COMPLETION
+set -u
+source "$1"
+failures=0
+
+# The agent's profiles, without an agent.
+tervalectl() { echo '[{"id":"A-1","name":"Quiet"},{"id":"B-2","name":"Load"}]'; }
+# Works only while a completion runs.
+compopt() { :; }
+
+# expect 'words before and at the cursor' 'what is offered'
+expect() {
+    read -r -a COMP_WORDS <<<"$1"
+    [[ $1 == *' ' ]] && COMP_WORDS+=('')
+    COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+    COMPREPLY=()
+    _tervalectl
+    if [[ ${COMPREPLY[*]} != "$2" ]]; then
+        echo "'$1' offers '${COMPREPLY[*]}', not '$2'" >&2
+        failures=$((failures + 1))
+    fi
+}
+
+expect 'tervalectl s' 'sensors state select'
+expect 'tervalectl profiles ' 'list export import validate'
+expect 'tervalectl --simulate profiles v' 'validate'
+expect 'tervalectl select ' 'automatic max profile'
+expect 'tervalectl select profile ' 'A-1 B-2'
+expect 'tervalectl timer profile B' 'B-2'
+expect 'tervalectl launch-at-login o' 'on off'
+expect 'tervalectl sensors --group g' 'gpu'
+expect 'tervalectl monitor --i' '--interval'
+expect 'tervalectl replay --s' '--selection'
+expect 'tervalectl profiles validate --' '--json --help'
+exit "$failures"

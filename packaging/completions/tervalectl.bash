@@ -1,0 +1,83 @@
+# Completion of tervalectl for bash.
+
+_tervalectl_profiles() {
+    # Names and ids of the agent's profiles; nothing if it does not answer.
+    tervalectl profiles list --json --timeout 0.3 2>/dev/null |
+        grep -o '"id":"[^"]*"' | cut -d '"' -f 4
+}
+
+_tervalectl() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    local words=() word command options arguments='' i
+    COMPREPLY=()
+
+    case $previous in
+    --group)
+        mapfile -t COMPREPLY < <(compgen -W 'cpu gpu memory ssd power other' -- "$current")
+        return ;;
+    --profiles | --socket)
+        compopt -o filenames
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        return ;;
+    --selection)
+        mapfile -t COMPREPLY < <(compgen -W 'automatic max' -- "$current")
+        return ;;
+    --interval | --count | --timeout)
+        return ;;
+    esac
+
+    # The words before the cursor that are neither options nor their values.
+    for ((i = 1; i < COMP_CWORD; i++)); do
+        word=${COMP_WORDS[i]}
+        case $word in
+        --group | --profiles | --socket | --selection | --interval | --count | --timeout) ((i++)) ;;
+        -*) ;;
+        *) words+=("$word") ;;
+        esac
+    done
+    command=${words[0]-}
+    if [[ $command == profiles ]]; then
+        command+=" ${words[1]-}"
+        words=("${words[@]:1}")
+    fi
+
+    case $command in
+    '')
+        arguments='fans sensors monitor state select timer cancel-timer launch-at-login
+            check-for-updates profiles replay'
+        options='--help --version' ;;
+    'profiles ')
+        arguments='list export import validate' options='--help' ;;
+    fans) options='--json --simulate --socket --help' ;;
+    sensors) options='--group --json --simulate --socket --help' ;;
+    monitor) options='--interval --count --json --simulate --socket --help' ;;
+    state | cancel-timer | check-for-updates | 'profiles list')
+        options='--json --timeout --simulate --socket --help' ;;
+    select | timer)
+        options='--json --timeout --simulate --socket --help'
+        if ((${#words[@]} == 1)); then
+            arguments='automatic max profile'
+        elif [[ ${words[1]-} == profile ]] && ((${#words[@]} == 2)); then
+            arguments=$(_tervalectl_profiles)
+        fi ;;
+    launch-at-login)
+        options='--json --timeout --simulate --socket --help'
+        ((${#words[@]} == 1)) && arguments='on off' ;;
+    'profiles export' | 'profiles import')
+        options='--timeout --simulate --socket --help' ;;
+    'profiles validate') options='--json --help' ;;
+    replay) options='--profiles --selection --json --help' ;;
+    *) return ;;
+    esac
+
+    if [[ $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+    elif [[ $command == replay || $command == profiles\ [eiv]* ]] && ((${#words[@]} == 1)); then
+        compopt -o filenames
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    else
+        mapfile -t COMPREPLY < <(compgen -W "$arguments" -- "$current")
+    fi
+}
+
+complete -F _tervalectl tervalectl
