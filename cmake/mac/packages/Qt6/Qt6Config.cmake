@@ -35,7 +35,8 @@ foreach(module Core Gui Widgets)
     else()
         set(library ${PROJECT_BINARY_DIR}/qt-stubs/Qt${module}.tbd)
         set(original ${TERVALE_HOST_QT_LIBRARIES}/libQt6${module}.so)
-        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${original})
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+            ${original} ${CMAKE_CURRENT_LIST_DIR}/MakeStub.cmake)
         execute_process(COMMAND ${CMAKE_COMMAND} -DNM=${TERVALE_NM} -DLIBRARY=${original}
             -DNAME=Qt${module} -DVERSION=${TERVALE_HOST_QT_VERSION} -DSTUB=${library}
             -P ${CMAKE_CURRENT_LIST_DIR}/MakeStub.cmake COMMAND_ERROR_IS_FATAL ANY)
