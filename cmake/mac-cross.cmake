@@ -13,6 +13,9 @@ find_program(CMAKE_AR NAMES llvm-ar llvm-ar-14 REQUIRED)
 find_program(CMAKE_RANLIB NAMES llvm-ranlib llvm-ranlib-14 REQUIRED)
 find_program(CMAKE_INSTALL_NAME_TOOL NAMES llvm-install-name-tool llvm-install-name-tool-14 REQUIRED)
 
+# There is no tool to give a linked program another run path, which would spoil its signature too.
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
+
 set(CMAKE_FIND_ROOT_PATH ${tools}/sysroot)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
