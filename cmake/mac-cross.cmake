@@ -15,7 +15,10 @@ find_program(CMAKE_AR NAMES llvm-ar llvm-ar-14 REQUIRED)
 find_program(CMAKE_RANLIB NAMES llvm-ranlib llvm-ranlib-14 REQUIRED)
 find_program(CMAKE_INSTALL_NAME_TOOL NAMES llvm-install-name-tool llvm-install-name-tool-14 REQUIRED)
 
-# There is no tool to give a linked program another run path, which would spoil its signature too.
+# CMake asks the system it runs on whether there are run paths yet.
+set(CMAKE_SHARED_LIBRARY_RUNTIME_CXX_FLAG "-Wl,-rpath,")
+set(CMAKE_SHARED_LIBRARY_RUNTIME_OBJCXX_FLAG "-Wl,-rpath,")
+# Another run path after linking would spoil the signature.
 set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
 
 set(CMAKE_FIND_ROOT_PATH ${tools}/sysroot)

@@ -8,6 +8,7 @@ import subprocess
 from pathlib import Path
 
 ARCHITECTURE = "arm64"
+PROCESSOR = 0x0100000C
 
 EMBEDDED_SIGNATURE = 0xFADE0CC0
 CODE_DIRECTORY = 0xFADE0C02
@@ -44,6 +45,8 @@ class MachO:
 
     def __init__(self, path):
         self.path = Path(path)
+        # The tools are not to be trusted with whatever else it may be.
+        self.content = own_slice(self.path.read_bytes())
         text = output(tool("llvm-objdump"), "--macho", f"--arch={ARCHITECTURE}", "--private-headers",
                       str(path))
         header = re.search(r"^ ?\s*MH_MAGIC_64\s+(\S+)\s+\S+\s+\S+\s+(\S+)", text, re.MULTILINE)
@@ -76,9 +79,10 @@ class MachO:
         text = output(tool("llvm-nm"), f"--arch={ARCHITECTURE}", "-m", "--undefined-only", str(self.path))
         pairs = []
         for line in text.splitlines():
-            match = re.match(r"\s*\(undefined\).*?external (\S+)(?: \(from (.+)\))?$", line)
-            if match:
-                pairs.append(match.groups())
+            match = re.match(r"\s*\(undefined\).*?external (\S+)(?: \((?:from (\S+)|.*)\))?$", line)
+            if not match:
+                raise Malformed(f"has a symbol of an unknown kind: {line.strip()}")
+            pairs.append(match.groups())
         return pairs
 
     def exports(self):
@@ -93,20 +97,19 @@ class MachO:
         if len(places) != 1:
             raise Malformed("is not signed")
         offset, size = places[0]
-        content = self.slice()
-        check_code_directory(content, code_directory(content[offset:offset + size]), offset)
+        check_code_directory(self.content, code_directory(self.content[offset:offset + size]), offset)
 
-    def slice(self):
-        """The part of the file that is for this processor: all of it in most."""
-        content = self.path.read_bytes()
-        if content[:4] != b"\xca\xfe\xba\xbe":
-            return content
-        (count,) = struct.unpack_from(">I", content, 4)
-        for index in range(count):
+
+def own_slice(content):
+    """The part of a file that is for this processor: all of it in most."""
+    if content[:4] == b"\xcf\xfa\xed\xfe" and struct.unpack_from("<I", content, 4)[0] == PROCESSOR:
+        return content
+    if content[:4] == b"\xca\xfe\xba\xbe":
+        for index in range(struct.unpack_from(">I", content, 4)[0]):
             processor, _, offset, size, _ = struct.unpack_from(">5I", content, 8 + 20 * index)
-            if processor == 0x0100000C:
+            if processor == PROCESSOR:
                 return content[offset:offset + size]
-        raise Malformed(f"holds nothing for {ARCHITECTURE}")
+    raise Malformed(f"holds nothing for {ARCHITECTURE}")
 
 
 def code_directory(signature):
