@@ -28,8 +28,8 @@ struct SMCError : std::exception {
 };
 
 /// One connection to the machine's system management controller, closed with the object. Every
-/// operation but `exists`, `modeKey` and `temperatures` throws `SMCError`; the object stays usable
-/// afterwards. Used by one thread at a time.
+/// operation but `exists`, `modeKey`, `temperature` and `temperatures` throws `SMCError`; the
+/// object stays usable afterwards. Used by one thread at a time.
 ///
 /// The description of a key is fetched once and then kept for the life of the object, so that a
 /// read in the steady state is a single controller call.
@@ -72,7 +72,9 @@ class SMC {
 
     /// Every sensor worth showing, in key-index order. Walks all keys: up to four calls each.
     std::vector<TemperatureSensor> temperatureSensors();
-    /// Degrees Celsius of those sensors that can be read and believed now. One call each.
+    /// Degrees Celsius of the sensor, if it can be read and believed now. One call.
+    std::optional<double> temperature(const TemperatureSensor& sensor);
+    /// The same of several sensors, without those that cannot. One call each.
     std::unordered_map<TemperatureSensor, double>
     temperatures(std::span<const TemperatureSensor> sensors);
 

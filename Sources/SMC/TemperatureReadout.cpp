@@ -22,17 +22,22 @@ std::vector<TemperatureSensor> SMC::temperatureSensors() {
     return sensors;
 }
 
+std::optional<double> SMC::temperature(const TemperatureSensor& sensor) {
+    try {
+        const double value = read(sensor.key);
+        return TemperatureSensor::plausible.contains(value) ? std::optional(value) : std::nullopt;
+    } catch (const SMCError&) {
+        // The sensor is tried again next time.
+        return std::nullopt;
+    }
+}
+
 std::unordered_map<TemperatureSensor, double>
 SMC::temperatures(std::span<const TemperatureSensor> sensors) {
     std::unordered_map<TemperatureSensor, double> readings;
     for (const TemperatureSensor& sensor : sensors) {
-        try {
-            const double value = read(sensor.key);
-            if (TemperatureSensor::plausible.contains(value))
-                readings[sensor] = value;
-        } catch (const SMCError&) {
-            // The sensor is tried again next time.
-        }
+        if (const auto value = temperature(sensor))
+            readings[sensor] = *value;
     }
     return readings;
 }

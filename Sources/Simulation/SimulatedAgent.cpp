@@ -143,8 +143,7 @@ void SimulatedAgent::findSensors() {
         if (sensors.empty())
             return;
         sampler.emplace(sensors, [this](const TemperatureSensor& sensor) {
-            const auto readings = world.smc.temperatures(std::span(&sensor, 1));
-            return readings.empty() ? std::nullopt : std::optional(readings.begin()->second);
+            return world.smc.temperature(sensor);
         });
     } catch (const SMCError&) {
         // Without a list of keys there is nothing to sample; the next tick tries again.

@@ -37,13 +37,9 @@ std::vector<Reading> readings(SMC& smc, const ctl::Sensors& command) {
     std::ranges::sort(wanted, {}, [](const TemperatureSensor& sensor) {
         return std::pair(SensorGroup::Case(sensor.group), sensor.key);
     });
-    const auto temperatures = smc.temperatures(wanted);
     std::vector<Reading> found;
-    for (const TemperatureSensor& sensor : wanted) {
-        const auto reading = temperatures.find(sensor);
-        found.push_back({sensor, reading == temperatures.end() ? std::nullopt
-                                                               : std::optional(reading->second)});
-    }
+    for (const TemperatureSensor& sensor : wanted)
+        found.push_back({sensor, smc.temperature(sensor)});
     return found;
 }
 

@@ -38,10 +38,8 @@ class Source {
           clock(clock),
           smc(backend.registry()),
           sensors(smc.temperatureSensors()),
-          sampler(sensors, [this](const TemperatureSensor& sensor) {
-              const auto readings = smc.temperatures(std::span(&sensor, 1));
-              return readings.empty() ? std::nullopt : std::optional(readings.begin()->second);
-          }) {
+          sampler(sensors,
+                  [this](const TemperatureSensor& sensor) { return smc.temperature(sensor); }) {
         for (std::size_t position = 0; position < temperatureInputCount; ++position)
             everyInput.insert(temperatureInputAt(position));
         backend.processorLoad();
