@@ -20,7 +20,8 @@ std::string ControlTick::timeOfDay() const {
     // Time zones differ by whole minutes, so the second is the same in all of them.
     const double remainder = std::fmod(time, 60.0);
     const double second = remainder < 0 ? remainder + 60 : remainder;
-    char text[16];
+    // As long as three numbers of any size, which is what the compiler reckons with.
+    char text[48];
     std::snprintf(text, sizeof text, "%02d:%02d:%02d", static_cast<int>(minute / 60),
                   static_cast<int>(minute % 60), std::min(static_cast<int>(second), 59));
     return text;

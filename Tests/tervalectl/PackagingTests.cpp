@@ -18,7 +18,7 @@ std::string read(const std::string& name) {
 }
 
 std::string manual() {
-    std::string text = read("man/tervalectl.1");
+    std::string text = read("man/tervalectl.1.in");
     std::erase(text, '\\');
     return text;
 }
