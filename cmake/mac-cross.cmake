@@ -3,7 +3,6 @@ set(CMAKE_SYSTEM_NAME Darwin)
 # The Darwin of macOS 14.
 set(CMAKE_SYSTEM_VERSION 23.0)
 set(CMAKE_SYSTEM_PROCESSOR arm64)
-set(CMAKE_OSX_DEPLOYMENT_TARGET 14.0 CACHE STRING "")
 # The compiler knows its own target and headers.
 set(CMAKE_OSX_SYSROOT "" CACHE STRING "")
 
