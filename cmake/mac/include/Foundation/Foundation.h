@@ -4,9 +4,7 @@
 #include <objc/NSObject.h>
 
 @interface NSObject (NSThreadPerformAdditions)
-- (void)performSelectorOnMainThread:(SEL)selector
-                         withObject:(id)argument
-                      waitUntilDone:(BOOL)wait;
+- (void)performSelectorOnMainThread:(SEL)selector withObject:(id)argument waitUntilDone:(BOOL)wait;
 @end
 
 @interface NSData : NSObject
@@ -63,9 +61,7 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 @end
 
 typedef NSUInteger NSNotificationSuspensionBehavior;
-enum : NSNotificationSuspensionBehavior {
-    NSNotificationSuspensionBehaviorDeliverImmediately = 4
-};
+enum : NSNotificationSuspensionBehavior { NSNotificationSuspensionBehaviorDeliverImmediately = 4 };
 
 @interface NSDistributedNotificationCenter : NSNotificationCenter
 + (NSDistributedNotificationCenter*)defaultCenter;
