@@ -22,7 +22,8 @@ struct UUID {
     /// The canonical form: 36 characters, upper-case digits.
     std::string text() const;
 
-    auto operator<=>(const UUID&) const = default;
+    // The category is named because the arrays of older libraries have no such operator.
+    std::strong_ordering operator<=>(const UUID&) const = default;
 };
 
 } // namespace tervale

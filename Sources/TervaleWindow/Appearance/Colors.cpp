@@ -27,7 +27,8 @@ constexpr Shades darkShades{0.587f, 0.126f, 0.084f, 0.126f, 0.032f, 0xffff9f43, 
 constexpr Shades contrastLightShades{0.8f, 0.2f, 0.6f, 0.7f, 0.05f, 0xff8a3d00, 0xff0b4fc0};
 constexpr Shades contrastDarkShades{0.8f, 0.3f, 0.6f, 0.7f, 0.06f, 0xffffbf80, 0xff8cb9ff};
 
-double linear(double component) {
+double linear(float shade) {
+    const auto component = static_cast<double>(shade);
     return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
 }
 

@@ -69,9 +69,9 @@ void PaneFrame::scrollToTop() {
     scrollArea->verticalScrollBar()->setValue(0);
 }
 
-void PaneFrame::scrollTo(const QWidget& panel, const QRect& area, int margin) {
+void PaneFrame::scrollTo(const QWidget& panel, const QRect& area, int room) {
     const QPoint middle = panel.mapTo(scrollArea->widget(), area.center());
-    scrollArea->ensureVisible(middle.x(), middle.y(), 0, area.height() / 2 + margin);
+    scrollArea->ensureVisible(middle.x(), middle.y(), 0, area.height() / 2 + room);
 }
 
 } // namespace tervale

@@ -26,8 +26,8 @@ class PaneFrame : public QWidget {
     QHBoxLayout& header() { return *headerRow; }
 
     void scrollToTop();
-    /// Scrolls as little as it takes to show `area` of a panel, with `margin` pixels around it.
-    void scrollTo(const QWidget& panel, const QRect& area, int margin);
+    /// Scrolls as little as it takes to show `area` of a panel, with `room` pixels around it.
+    void scrollTo(const QWidget& panel, const QRect& area, int room);
 
   private:
     QHBoxLayout* headerRow;

@@ -1,0 +1,12 @@
+find_path(TERVALE_HOST_JSON nlohmann/json.hpp NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+set(PACKAGE_VERSION "")
+foreach(part MAJOR MINOR PATCH)
+    file(STRINGS ${TERVALE_HOST_JSON}/nlohmann/detail/abi_macros.hpp line
+        REGEX "#define NLOHMANN_JSON_VERSION_${part} ")
+    string(REGEX MATCH "[0-9]+" number "${line}")
+    list(APPEND PACKAGE_VERSION ${number})
+endforeach()
+list(JOIN PACKAGE_VERSION . PACKAGE_VERSION)
+if(PACKAGE_VERSION VERSION_GREATER_EQUAL PACKAGE_FIND_VERSION)
+    set(PACKAGE_VERSION_COMPATIBLE TRUE)
+endif()
