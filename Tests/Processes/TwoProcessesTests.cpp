@@ -78,6 +78,21 @@ TEST_F(TwoProcessesTest, GoOnWithAnAgentThatDiesAndReturns) {
     EXPECT_TRUE(eventually([&] { return model->fans().size() == 2; }));
 }
 
+TEST_F(TwoProcessesTest, MirrorAndCommandAnAgentThatIsNoneOfOurs) {
+    openModel();
+    const auto monitor = bus.monitor();
+    ASSERT_TRUE(bus.emitWithTool(
+        {"'com.velnor.tervale.state'",
+         "'{\"selection\":{\"fixed\":{\"_0\":0.5}},\"launchAtLogin\":true,\"profiles\":[]}'"}));
+    ASSERT_TRUE(eventually([&] { return model->connected(); }));
+    EXPECT_EQ(model->selection(), Action(action::Fixed{0.5}));
+    EXPECT_TRUE(model->launchAtLogin());
+    bridge.send(command::StartTimer{action::Automatic{}, 900});
+    EXPECT_TRUE(monitor->says("string \"com.velnor.tervale.command\"\n   string "
+                              "\"{\"startTimer\":{\"_0\":{\"automatic\":{}},\"_1\":900}}\"\n"))
+        << monitor->output().constData();
+}
+
 TEST_F(TwoProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {
     const SimulatorProgram simulator(bus);
     openModel();

@@ -1,7 +1,9 @@
 #include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/SocketRegistry.h"
 #include "Platform/Linux/SocketServer.h"
 #include "Processes/Programs.h"
 #include "Profiles/Bridge.h"
+#include "SMC/SMC.h"
 #include "Simulation/SimulatedMac.h"
 
 #include <QFile>
@@ -108,6 +110,32 @@ TEST_F(WindowProgramTest, PollsTheControllerOnTheSocket) {
     EXPECT_EQ(mac.calls().writes, 0U);
     ASSERT_TRUE(quits(window));
     EXPECT_TRUE(eventually([&] { return mac.openConnections() == 0; }));
+}
+
+TEST_F(WindowProgramTest, SharesTheControllerWithASecondWindow) {
+    const SimulatorProgram simulator(bus, {"--no-agent", "--fans", "3"});
+    WindowProgram first(bus);
+    WindowProgram second(bus);
+    ASSERT_TRUE(eventually([&] { return requests == 2; }));
+    first.send(SIGKILL);
+    ASSERT_TRUE(first.ends());
+    // Neither the one that died nor the one that stays keeps a third from the Mac.
+    SocketRegistry registry(bus.socket());
+    EXPECT_EQ(SMC(registry).fans().size(), 3U);
+    EXPECT_TRUE(second.runs());
+    EXPECT_TRUE(quits(second));
+}
+
+TEST_F(WindowProgramTest, OutlivesAnAgentThatDiesAndReturns) {
+    WindowProgram window(bus);
+    ASSERT_TRUE(hearsRequestState());
+    for (int life = 0; life < 2; ++life) {
+        SimulatorProgram agent(bus, {"--no-smc"});
+        ASSERT_TRUE(window.runs());
+        agent.send(SIGKILL);
+        ASSERT_TRUE(agent.ends());
+    }
+    EXPECT_TRUE(quits(window));
 }
 
 TEST_F(WindowProgramTest, AnswersWhileTheControllersProcessIsStopped) {

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <poll.h>
 #include <sys/socket.h>
+#include <system_error>
 #include <utility>
 
 namespace tervale {
@@ -103,10 +104,13 @@ class SocketRegistry::Link {
     bool overdue = false;
 };
 
-SocketRegistry::SocketRegistry(std::filesystem::path socketPath,
+SocketRegistry::SocketRegistry(const std::filesystem::path& socketPath,
                                std::chrono::milliseconds longestWait)
-    : path(std::move(socketPath)),
-      patience(longestWait) {}
+    : patience(longestWait) {
+    // A bare name has no folder to look at. What cannot be made absolute finds no service.
+    std::error_code error;
+    path = std::filesystem::absolute(socketPath, error);
+}
 
 SocketRegistry::~SocketRegistry() = default;
 

@@ -20,7 +20,7 @@ class SocketRegistry final : public IORegistry {
   public:
     static constexpr std::chrono::milliseconds defaultPatience{1000};
 
-    explicit SocketRegistry(std::filesystem::path path,
+    explicit SocketRegistry(const std::filesystem::path& path,
                             std::chrono::milliseconds patience = defaultPatience);
     ~SocketRegistry() override;
 

@@ -103,6 +103,18 @@ TEST_F(SocketRegistryTest, TrustsNoSocketInAFolderThatOthersCanWriteTo) {
     EXPECT_FALSE(SocketRegistry(path).findService("AppleSMC"));
 }
 
+TEST_F(SocketRegistryTest, FindsASocketByABareName) {
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path);
+    EXPECT_TRUE(SocketRegistry("socket").findService("AppleSMC"));
+    std::filesystem::current_path(before);
+}
+
+TEST_F(SocketRegistryTest, FindsNothingAtAnEmptyPath) {
+    EXPECT_FALSE(SocketRegistry("").findService("AppleSMC"));
+}
+
 TEST_F(SocketRegistryTest, CarriesEveryByteOfAnExchange) {
     std::vector<Packet> requests;
     serve([&](RawSocket& client, const Packet& request) {
