@@ -29,11 +29,16 @@ class ContentView final : public QWidget {
     void setSection(std::optional<Pane> section);
     /// The pane on screen.
     QWidget* detail() const { return pane; }
+    /// Whether there is something to search on the pane that is shown. (Not a reason to leave
+    /// another one, where edits may wait to be saved.)
+    bool canFind() const;
+    void find();
+
+  signals:
+    void sectionShown();
 
   private:
     QWidget* makePane(Pane kind);
-    /// The keys of the whole window: the panes on Control-1 to 4 (Command on a Mac), close, quit.
-    void addShortcuts();
 
     Model& model;
     Bridge& bridge;

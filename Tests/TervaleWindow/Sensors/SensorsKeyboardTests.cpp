@@ -6,12 +6,14 @@ using namespace tervale;
 
 class SensorsKeyboard : public SensorsFixture {};
 
-TEST_F(SensorsKeyboard, GoesToTheFilterWithTheFindKey) {
+TEST_F(SensorsKeyboard, GoesToTheFilterToFind) {
     useUsualSensors();
     show();
+    search().setText("cpu");
     list().setFocus();
-    QTest::keySequence(view.get(), QKeySequence(QKeySequence::Find));
+    view->find();
     EXPECT_TRUE(search().hasFocus());
+    EXPECT_EQ(search().selectedText(), "cpu");
 }
 
 TEST_F(SensorsKeyboard, GoesThroughTheRowsOfAllSectionsByTheArrows) {
