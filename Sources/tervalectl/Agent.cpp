@@ -1,6 +1,8 @@
 #include "tervalectl/Agent.h"
 
+#include "Profiles/JSON.h"
 #include "SMC/Precondition.h"
+#include "tervalectl/Table.h"
 
 #include <QString>
 #include <QTimer>
@@ -62,8 +64,15 @@ BridgeState Agent::carryOut(const BridgeCommand& command, Confirms confirms) {
 }
 
 Failure Agent::noAnswer() const {
-    return {ExitStatus::noAnswer, "Tervale in the menu bar did not answer within " +
+    return {ExitStatus::noAnswer, "The agent in the menu bar did not answer within " +
                                       QString::number(timeout).toStdString() + " s."};
+}
+
+void printConfirmation(const BridgeState& state, Context& context) {
+    if (context.json)
+        context.out << encode(state) << '\n';
+    else if (state.status)
+        context.out << printable(*state.status) << '\n';
 }
 
 } // namespace tervale

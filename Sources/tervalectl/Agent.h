@@ -37,4 +37,7 @@ class Agent {
     ObserverToken states;
 };
 
+/// Prints the state that confirms a command: what its status says, or all of it as JSON.
+void printConfirmation(const BridgeState& state, Context& context);
+
 } // namespace tervale
