@@ -22,13 +22,15 @@ class ProfileEditor final : public QWidget {
     Q_OBJECT
 
   public:
-    /// For this profile and no other. `all` is the whole draft; `model` outlives the form.
+    /// For this profile and no other. `all` is the whole draft; `problems` are what is wrong with
+    /// the profile; `model` outlives the form.
     ProfileEditor(Model& model, const Profile& profile, std::span<const Profile> all,
-                  QWidget* parent = nullptr);
+                  const std::vector<std::string>& problems, QWidget* parent = nullptr);
 
     const UUID& id() const { return profile.id; }
     /// Shows the profile as it is now, of the same id and kind, without any signal.
-    void display(const Profile& changed, std::span<const Profile> all);
+    void display(const Profile& changed, std::span<const Profile> all,
+                 const std::vector<std::string>& problems);
     /// Whether `display` can show it.
     bool isFor(const Profile& other) const;
 
@@ -40,7 +42,7 @@ class ProfileEditor final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void showProblems(std::vector<std::string> found);
+    void showProblems(const std::vector<std::string>& found);
 
     Profile profile;
     QLineEdit* name;

@@ -33,6 +33,8 @@ class ProfilesList final : public QWidget {
   private:
     void makeList();
     QWidget* makeToolbar();
+    /// Takes the keyboard from where it has nothing to do without a profile.
+    void leaveForAddButton();
     void showSelection(const std::optional<UUID>& id);
     std::optional<UUID> selectedId() const;
 

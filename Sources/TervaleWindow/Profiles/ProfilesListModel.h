@@ -23,7 +23,6 @@ class ProfilesListModel final : public QAbstractListModel {
 
         bool operator==(const Row&) const = default;
     };
-    static constexpr int markedRole = Qt::UserRole;
 
     using QAbstractListModel::QAbstractListModel;
 

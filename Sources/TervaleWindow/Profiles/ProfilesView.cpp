@@ -36,12 +36,13 @@ Layout* tightLayout(QWidget* widget) {
     return layout;
 }
 
-std::vector<bool> marksOf(const std::vector<Profile>& profiles) {
-    std::vector<bool> marks;
-    marks.reserve(profiles.size());
+/// Of each profile, in their order.
+std::vector<std::vector<std::string>> problemsOf(const std::vector<Profile>& profiles) {
+    std::vector<std::vector<std::string>> found;
+    found.reserve(profiles.size());
     for (const Profile& profile : profiles)
-        marks.push_back(!problems(profile, profiles).empty());
-    return marks;
+        found.push_back(problems(profile, profiles));
+    return found;
 }
 
 } // namespace
@@ -174,19 +175,24 @@ void ProfilesView::edit(Change&& change) {
 }
 
 void ProfilesView::showDraft() {
-    const std::vector<bool> marks = marksOf(draft.profiles);
+    const auto found = problemsOf(draft.profiles);
+    std::vector<bool> marks;
+    for (const auto& problems : found)
+        marks.push_back(!problems.empty());
     const bool invalid = std::find(marks.begin(), marks.end(), true) != marks.end();
     list->display(draft, marks);
-    showEditor();
+    const Profile* selected = draft.selected();
+    showEditor(selected, selected
+                             ? found[static_cast<std::size_t>(selected - draft.profiles.data())]
+                             : std::vector<std::string>());
     notice->setVisible(invalid);
     revertButton->setEnabled(draft.canRevert());
     saveButton->setEnabled(draft.canRevert() && !invalid);
 }
 
-void ProfilesView::showEditor() {
-    const Profile* selected = draft.selected();
+void ProfilesView::showEditor(const Profile* selected, const std::vector<std::string>& problems) {
     if (editor && selected && editor->isFor(*selected)) {
-        editor->display(*selected, draft.profiles);
+        editor->display(*selected, draft.profiles, problems);
         return;
     }
     if (ProfileEditor* old = std::exchange(editor, nullptr)) {
@@ -199,7 +205,7 @@ void ProfilesView::showEditor() {
     detail->setCurrentIndex(selected ? 1 : 0);
     if (!selected)
         return;
-    editor = new ProfileEditor(model, *selected, draft.profiles);
+    editor = new ProfileEditor(model, *selected, draft.profiles, problems);
     connect(editor, &ProfileEditor::profileChanged, this, [this](const Profile& changed) {
         edit([&changed](ProfilesDraft& working) { working.replace(changed); });
     });

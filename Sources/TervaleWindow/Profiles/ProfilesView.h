@@ -45,7 +45,8 @@ class ProfilesView final : public QWidget {
     template <class Change>
     void edit(Change&& change);
     void showDraft();
-    void showEditor();
+    /// With what is wrong with the selected profile, if there is one.
+    void showEditor(const Profile* selected, const std::vector<std::string>& problems);
 
     Model& model;
     Bridge& bridge;

@@ -70,6 +70,8 @@ ScheduleRow::ScheduleRow(QWidget* parent)
     slider->setFixedWidth(usualSliderWidth);
     speed->setFixedWidth(speedWidth);
     speed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    // Its symbol ends where the row does.
+    removeButton->setGround(SymbolButton::Ground::none);
     layOut();
     connectControls();
 }

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Shell/Sidebar.h"
 
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Shell/SidebarRowDelegate.h"
+#include "TervaleWindow/Controls/ListRowDelegate.h"
 #include "TervaleWindow/Shell/SidebarSummary.h"
 
 #include <QPainter>
@@ -9,16 +9,20 @@
 
 namespace tervale {
 
+namespace {
+constexpr ListRowStyle rowStyle{32, 1, 8, QFont::Medium};
+}
+
 Sidebar::Sidebar(Model& model, QWidget* parent) : QWidget(parent), list(new QListWidget) {
     setFixedWidth(width);
     list->setAccessibleName(QStringLiteral("Panes"));
-    list->setItemDelegate(new SidebarRowDelegate(list));
+    list->setItemDelegate(new ListRowDelegate(rowStyle, list));
     list->setFrameShape(QFrame::NoFrame);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->viewport()->setAutoFillBackground(false);
     for (const Pane pane : allPanes) {
         auto* item = new QListWidgetItem(title(pane), list);
-        item->setData(SidebarRowDelegate::symbolRole, static_cast<int>(symbol(pane)));
+        item->setData(ListRowDelegate::symbolRole, static_cast<int>(symbol(pane)));
     }
     connect(list, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0)

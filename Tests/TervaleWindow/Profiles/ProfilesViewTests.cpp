@@ -1,3 +1,4 @@
+#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
@@ -288,6 +289,23 @@ TEST_F(ProfilesViewTest, RemovesByKeysInTheList) {
     EXPECT_FALSE(button("Duplicate profile")->isEnabled());
     click("Save");
     EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::SaveProfiles{}});
+}
+
+TEST_F(ProfilesViewTest, GoesOnAtTheAddButtonWhenTheLastProfileIsRemoved) {
+    openWith({loadProfile(1, "One")});
+    click("Remove profile");
+    EXPECT_TRUE(button("Add profile")->hasFocus());
+    openWith({loadProfile(1, "One"), loadProfile(2, "Two")});
+    button("Remove profile")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button("Remove profile"), Qt::Key_Space);
+    EXPECT_TRUE(button("Remove profile")->hasFocus());
+    QTest::keyClick(button("Remove profile"), Qt::Key_Space);
+    EXPECT_TRUE(button("Add profile")->hasFocus());
+    EXPECT_TRUE(hasKeyboardFocus(*button("Add profile")));
+    openWith({loadProfile(1, "One")});
+    list()->setFocus();
+    QTest::keyClick(list(), Qt::Key_Delete);
+    EXPECT_TRUE(button("Add profile")->hasFocus());
 }
 
 TEST_F(ProfilesViewTest, DeletesTextAndNoProfileInTheNameField) {
