@@ -111,7 +111,11 @@ void MenuBar::addWindowMenu() {
     });
     menu->addSeparator();
     QAction* close = menu->addAction(QStringLiteral("Close"));
-    close->setShortcuts(QKeySequence::Close);
+    // The best known key first, which some desktops list after another.
+    QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Close);
+    keys.removeAll(withControl(Qt::Key_W));
+    keys.prepend(withControl(Qt::Key_W));
+    close->setShortcuts(keys);
     connect(close, &QAction::triggered, &window, &QWidget::close);
 }
 
@@ -142,16 +146,17 @@ void MenuBar::showAbout() const {
 }
 
 void MenuBar::showKeys() const {
-    QStringList lines;
+    QString rows;
     for (const QMenu* menu : all) {
         for (const QAction* action : menu->actions()) {
-            if (!action->shortcut().isEmpty())
-                lines << action->shortcut().toString(QKeySequence::NativeText) +
-                             QStringLiteral("  ") + action->text();
+            const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+            if (!keys.isEmpty())
+                rows += QStringLiteral("<tr><td>%1</td><td style='padding-left: 16px'>%2</td></tr>")
+                            .arg(keys.toHtmlEscaped(), action->text().toHtmlEscaped());
         }
     }
     showMessage(&window, QStringLiteral("Keyboard Shortcuts"), QStringLiteral("Keyboard Shortcuts"),
-                lines.join(QLatin1Char('\n')));
+                QStringLiteral("<table>") + rows + QStringLiteral("</table>"));
 }
 
 } // namespace tervale

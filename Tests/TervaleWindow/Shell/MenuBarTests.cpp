@@ -261,10 +261,13 @@ TEST_F(Menus, TellTheVersion) {
 TEST_F(Menus, ListTheirKeys) {
     entry("Help", "Keyboard Shortcuts").trigger();
     const auto keysOf = [this](const QString& menu, const QString& text) {
-        return entry(menu, text).shortcut().toString(QKeySequence::NativeText) + "  " + text;
+        const QString keys = entry(menu, text).shortcut().toString(QKeySequence::NativeText);
+        return QString(R"(<td>%1</td><td style='padding-left: 16px'>%2</td>)").arg(keys, text);
     };
-    for (const QString& line : {keysOf("View", "Sensors"), keysOf("Edit", "Find"),
-                                keysOf("Tervale", "Settings…"), keysOf("Window", "Minimize")})
+    for (const QString& line :
+         {keysOf("View", "Sensors"), keysOf("Edit", "Find"), keysOf("Tervale", "Settings…"),
+          keysOf("Window", "Minimize"), keysOf("Window", "Close")})
         EXPECT_TRUE(message().contains(line)) << message().toStdString();
+    EXPECT_EQ(entry("Window", "Close").shortcut(), QKeySequence("Ctrl+W"));
     EXPECT_FALSE(message().contains("Zoom"));
 }
