@@ -122,6 +122,7 @@ void MenuBar::addWindowMenu() {
 void MenuBar::addHelpMenu() {
     QMenu* menu = add(new QMenu(QStringLiteral("Help"), &window));
     QAction* keys = menu->addAction(QStringLiteral("Keyboard Shortcuts"));
+    keys->setShortcut(QKeySequence::HelpContents);
     connect(keys, &QAction::triggered, this, &MenuBar::showKeys);
 }
 
