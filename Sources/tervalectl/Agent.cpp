@@ -20,9 +20,10 @@ std::chrono::milliseconds milliseconds(double seconds) {
 
 } // namespace
 
-Agent::Agent(NotificationCenter& center, double timeout)
-    : bridge(center),
-      timeout(timeout),
+Agent::Agent(const Context& context)
+    : backend(context.makeBackend()),
+      bridge(backend->notificationCenter()),
+      timeout(context.timeout),
       states(bridge.onState([this](const BridgeState& state) {
           if (!awaited || confirmed)
               return;

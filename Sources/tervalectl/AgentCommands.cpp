@@ -55,23 +55,19 @@ Action resolve(const ActionText& text, Agent& agent) {
 }
 
 ExitStatus carryOut(const BridgeCommand& command, Agent::Confirms confirms, Context& context) {
-    const auto backend = context.makeBackend();
-    Agent agent(backend->notificationCenter(), context.timeout);
-    printConfirmation(agent.carryOut(command, std::move(confirms)), context);
+    printConfirmation(Agent(context).carryOut(command, std::move(confirms)), context);
     return ExitStatus::done;
 }
 
 } // namespace
 
 ExitStatus perform(const ctl::State&, Context& context) {
-    const auto backend = context.makeBackend();
-    printState(Agent(backend->notificationCenter(), context.timeout).state(), context);
+    printState(Agent(context).state(), context);
     return ExitStatus::done;
 }
 
 ExitStatus perform(const ctl::Select& command, Context& context) {
-    const auto backend = context.makeBackend();
-    Agent agent(backend->notificationCenter(), context.timeout);
+    Agent agent(context);
     const Action action = resolve(command.action, agent);
     const auto confirms = [&](const BridgeState& state) { return state.selection == action; };
     printConfirmation(agent.carryOut(command::Select{action}, confirms), context);
@@ -79,8 +75,7 @@ ExitStatus perform(const ctl::Select& command, Context& context) {
 }
 
 ExitStatus perform(const ctl::Timer& command, Context& context) {
-    const auto backend = context.makeBackend();
-    Agent agent(backend->notificationCenter(), context.timeout);
+    Agent agent(context);
     const Action action = resolve(command.action, agent);
     const Date sent = context.clock.now();
     // The same action may have been running already. The agent starts counting between now and its

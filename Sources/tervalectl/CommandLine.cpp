@@ -2,13 +2,8 @@
 
 #include "SMC/Precondition.h"
 #include "tervalectl/CommandTable.h"
-#include "tervalectl/Failure.h"
 #include "tervalectl/Quantities.h"
-
-#include <QCommandLineParser>
-#include <QFile>
-
-#include <utility>
+#include "tervalectl/Words.h"
 
 namespace tervale::ctl {
 
@@ -16,48 +11,6 @@ namespace {
 
 constexpr double shortestInterval = 0.01;
 constexpr double longestWait = 24 * 60 * 60;
-
-Failure misuse(std::string line) {
-    return {ExitStatus::wrongUsage, std::move(line)};
-}
-
-QString optionName(std::string_view name) {
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-}
-
-/// The options' values and the words between them.
-class Words {
-  public:
-    explicit Words(const QStringList& arguments) {
-        for (const OptionDescription& option : allOptions())
-            parser.addOption(
-                QCommandLineOption(optionName(option.name), {}, optionName(option.value)));
-        if (!parser.parse(arguments))
-            throw misuse(parser.errorText().toStdString());
-        words = parser.positionalArguments();
-    }
-
-    bool has(std::string_view option) const { return parser.isSet(optionName(option)); }
-    std::string text(std::string_view option) const {
-        return parser.value(optionName(option)).toStdString();
-    }
-    /// As the system spells paths.
-    std::string path(std::string_view option) const {
-        return QFile::encodeName(parser.value(optionName(option))).toStdString();
-    }
-
-    qsizetype count() const { return words.size(); }
-    bool isEmpty() const { return words.isEmpty(); }
-    std::string first() const { return words.constFirst().toStdString(); }
-    std::string take() { return words.takeFirst().toStdString(); }
-    std::string takeLast() { return words.takeLast().toStdString(); }
-    std::string takePath() { return QFile::encodeName(words.takeFirst()).toStdString(); }
-    std::string takeAll() { return std::exchange(words, {}).join(QLatin1Char(' ')).toStdString(); }
-
-  private:
-    QCommandLineParser parser;
-    QStringList words;
-};
 
 const CommandDescription& takeCommand(Words& words) {
     std::string name = words.take();

@@ -67,8 +67,7 @@ std::string kindText(const Profile& profile) {
 } // namespace
 
 ExitStatus perform(const ctl::ListProfiles&, Context& context) {
-    const auto backend = context.makeBackend();
-    const BridgeState state = Agent(backend->notificationCenter(), context.timeout).state();
+    const BridgeState state = Agent(context).state();
     if (context.json) {
         context.out << encode(state.profiles) << '\n';
         return ExitStatus::done;
@@ -81,8 +80,7 @@ ExitStatus perform(const ctl::ListProfiles&, Context& context) {
 }
 
 ExitStatus perform(const ctl::ExportProfiles& command, Context& context) {
-    const auto backend = context.makeBackend();
-    const BridgeState state = Agent(backend->notificationCenter(), context.timeout).state();
+    const BridgeState state = Agent(context).state();
     files::write(command.file, encode(state.profiles) + '\n', context);
     return ExitStatus::done;
 }
@@ -96,8 +94,7 @@ ExitStatus perform(const ctl::ImportProfiles& command, Context& context) {
     }
     if (!line.empty())
         throw refusal(line);
-    const auto backend = context.makeBackend();
-    Agent agent(backend->notificationCenter(), context.timeout);
+    Agent agent(context);
     const auto confirms = [&](const BridgeState& state) { return state.profiles == profiles; };
     printConfirmation(agent.carryOut(command::SaveProfiles{profiles}, confirms), context);
     return ExitStatus::done;

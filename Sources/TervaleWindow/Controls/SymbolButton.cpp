@@ -24,13 +24,8 @@ SymbolButton::SymbolButton(Symbol symbol, const QString& name, QWidget* parent)
     setFocusRadius(*this, cornerRadius);
 }
 
-void SymbolButton::setGround(Ground wanted) {
-    ground = wanted;
-    updateGeometry();
-}
-
 QSize SymbolButton::sizeHint() const {
-    return {ground == Ground::square ? side : symbolSide, side};
+    return {side, side};
 }
 
 QSize SymbolButton::minimumSizeHint() const {
@@ -41,14 +36,12 @@ void SymbolButton::paintEvent(QPaintEvent*) {
     const Colors colors = Colors::of(palette());
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
-    const bool active = isDown() || (isEnabled() && underMouse());
-    if (active && ground == Ground::square)
+    if (isDown() || (isEnabled() && underMouse()))
         paintBox(painter, rect(), cornerRadius, isDown() ? colors.quaternary : pressedShade(colors),
                  Qt::transparent);
     QRectF place(0, 0, symbolSide, symbolSide);
     place.moveCenter(QRectF(rect()).center());
-    paintSymbol(painter, drawing, place,
-                isDown() || (active && ground == Ground::none) ? colors.label : colors.secondary);
+    paintSymbol(painter, drawing, place, isDown() ? colors.label : colors.secondary);
 }
 
 void SymbolButton::keyPressEvent(QKeyEvent* event) {

@@ -11,14 +11,9 @@ class SymbolButton : public QPushButton {
     Q_OBJECT
 
   public:
-    /// On a ground it is a square around its symbol; without, no wider than the symbol, which gets
-    /// darker instead.
-    enum class Ground { square, none };
-
     /// `name` is its tool tip and what assistive technology calls it.
     SymbolButton(Symbol symbol, const QString& name, QWidget* parent = nullptr);
 
-    void setGround(Ground ground);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -28,7 +23,6 @@ class SymbolButton : public QPushButton {
 
   private:
     Symbol drawing;
-    Ground ground = Ground::square;
 };
 
 } // namespace tervale

@@ -27,8 +27,7 @@ void setMargins(QWidget& form, int side) {
 
 } // namespace
 
-ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<const Profile> all,
-                             const std::vector<std::string>& problems, QWidget* parent)
+ProfileEditor::ProfileEditor(Model& model, const Profile& profile, QWidget* parent)
     : QWidget(parent),
       profile(profile) {
     // Made in the order in which they are read.
@@ -62,7 +61,6 @@ ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<con
         this->profile.kind = kind;
         emit profileChanged(this->profile);
     });
-    display(profile, all, problems);
 }
 
 void ProfileEditor::display(const Profile& changed, std::span<const Profile> all,

@@ -1,10 +1,9 @@
 #include "TervaleWindow/Profiles/ProfilesList.h"
 
-#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/Divider.h"
-#include "TervaleWindow/Controls/ListRowDelegate.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
+#include "TervaleWindow/Profiles/ProfileRowDelegate.h"
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 #include "TervaleWindow/Profiles/ScheduleTargets.h"
 
@@ -17,10 +16,6 @@
 #include <algorithm>
 
 namespace tervale {
-
-namespace {
-constexpr ListRowStyle rowStyle{33, 0, 10, QFont::Normal};
-}
 
 ProfilesList::ProfilesList(QWidget* parent)
     : QWidget(parent),
@@ -42,7 +37,7 @@ ProfilesList::ProfilesList(QWidget* parent)
 void ProfilesList::makeList() {
     list->setAccessibleName(tr("Profiles"));
     list->setModel(rows);
-    list->setItemDelegate(new ListRowDelegate(rowStyle, list));
+    list->setItemDelegate(new ProfileRowDelegate(list));
     list->setFrameShape(QFrame::NoFrame);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setUniformItemSizes(true);
@@ -101,19 +96,20 @@ void ProfilesList::display(const ProfilesDraft& draft, const std::vector<bool>& 
     showSelection(draft.selection);
     // A profile that is added before the agent has answered would be lost with its answer.
     addButton->setEnabled(draft.loaded);
-    if (draft.profiles.empty())
-        leaveForAddButton();
+    keepFocus(draft);
     duplicateButton->setEnabled(draft.selected() != nullptr);
     removeButton->setEnabled(draft.selected() != nullptr);
 }
 
-void ProfilesList::leaveForAddButton() {
-    for (const QWidget* widget : std::initializer_list<QWidget*>{list, removeButton}) {
-        if (!widget->hasFocus())
-            continue;
-        const bool keyboard = widget == list || hasKeyboardFocus(*widget);
-        addButton->setFocus(keyboard ? Qt::TabFocusReason : Qt::OtherFocusReason);
-    }
+void ProfilesList::keepFocus(const ProfilesDraft& draft) {
+    // A control that is disabled hands the focus on, out of this column; and a list without rows
+    // has nothing to show it on.
+    const bool fromButton =
+        !draft.selected() && (duplicateButton->hasFocus() || removeButton->hasFocus());
+    const bool fromList = draft.profiles.empty() && list->hasFocus();
+    if (fromButton || fromList)
+        addButton->setFocus(Qt::OtherFocusReason);
+    list->setFocusPolicy(draft.profiles.empty() ? Qt::NoFocus : Qt::StrongFocus);
 }
 
 void ProfilesList::showSelection(const std::optional<UUID>& id) {

@@ -33,8 +33,7 @@ class ProfilesList final : public QWidget {
   private:
     void makeList();
     QWidget* makeToolbar();
-    /// Takes the keyboard from where it has nothing to do without a profile.
-    void leaveForAddButton();
+    void keepFocus(const ProfilesDraft& draft);
     void showSelection(const std::optional<UUID>& id);
     std::optional<UUID> selectedId() const;
 

@@ -1,8 +1,5 @@
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 
-#include "TervaleWindow/Appearance/Symbol.h"
-#include "TervaleWindow/Controls/ListRowDelegate.h"
-
 #include <algorithm>
 
 namespace tervale {
@@ -57,8 +54,8 @@ QVariant ProfilesListModel::data(const QModelIndex& index, int role) const {
         return row.name;
     if (role == Qt::AccessibleTextRole)
         return row.marked ? tr("%1, has problems").arg(row.name) : row.name;
-    if (role == ListRowDelegate::markRole && row.marked)
-        return static_cast<int>(Symbol::exclamationTriangleFill);
+    if (role == markedRole)
+        return row.marked;
     return {};
 }
 

@@ -23,6 +23,7 @@ class ProfilesListModel final : public QAbstractListModel {
 
         bool operator==(const Row&) const = default;
     };
+    static constexpr int markedRole = Qt::UserRole;
 
     using QAbstractListModel::QAbstractListModel;
 

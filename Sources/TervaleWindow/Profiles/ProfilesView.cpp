@@ -36,9 +36,11 @@ Layout* tightLayout(QWidget* widget) {
     return layout;
 }
 
-/// Of each profile, in their order.
-std::vector<std::vector<std::string>> problemsOf(const std::vector<Profile>& profiles) {
-    std::vector<std::vector<std::string>> found;
+using Problems = std::vector<std::string>;
+
+/// Those of each profile, in their order.
+std::vector<Problems> problemsOf(const std::vector<Profile>& profiles) {
+    std::vector<Problems> found;
     found.reserve(profiles.size());
     for (const Profile& profile : profiles)
         found.push_back(problems(profile, profiles));
@@ -175,22 +177,22 @@ void ProfilesView::edit(Change&& change) {
 }
 
 void ProfilesView::showDraft() {
-    const auto found = problemsOf(draft.profiles);
+    const std::vector<Problems> found = problemsOf(draft.profiles);
     std::vector<bool> marks;
-    for (const auto& problems : found)
-        marks.push_back(!problems.empty());
+    for (const Problems& each : found)
+        marks.push_back(!each.empty());
     const bool invalid = std::find(marks.begin(), marks.end(), true) != marks.end();
     list->display(draft, marks);
     const Profile* selected = draft.selected();
-    showEditor(selected, selected
-                             ? found[static_cast<std::size_t>(selected - draft.profiles.data())]
-                             : std::vector<std::string>());
+    showEditor(selected ? found[static_cast<std::size_t>(selected - draft.profiles.data())]
+                        : Problems());
     notice->setVisible(invalid);
     revertButton->setEnabled(draft.canRevert());
     saveButton->setEnabled(draft.canRevert() && !invalid);
 }
 
-void ProfilesView::showEditor(const Profile* selected, const std::vector<std::string>& problems) {
+void ProfilesView::showEditor(const Problems& problems) {
+    const Profile* selected = draft.selected();
     if (editor && selected && editor->isFor(*selected)) {
         editor->display(*selected, draft.profiles, problems);
         return;
@@ -205,7 +207,8 @@ void ProfilesView::showEditor(const Profile* selected, const std::vector<std::st
     detail->setCurrentIndex(selected ? 1 : 0);
     if (!selected)
         return;
-    editor = new ProfileEditor(model, *selected, draft.profiles, problems);
+    editor = new ProfileEditor(model, *selected);
+    editor->display(*selected, draft.profiles, problems);
     connect(editor, &ProfileEditor::profileChanged, this, [this](const Profile& changed) {
         edit([&changed](ProfilesDraft& working) { working.replace(changed); });
     });

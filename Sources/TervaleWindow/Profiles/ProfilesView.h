@@ -45,8 +45,8 @@ class ProfilesView final : public QWidget {
     template <class Change>
     void edit(Change&& change);
     void showDraft();
-    /// With what is wrong with the selected profile, if there is one.
-    void showEditor(const Profile* selected, const std::vector<std::string>& problems);
+    /// `problems` are those of the profile that is selected.
+    void showEditor(const std::vector<std::string>& problems);
 
     Model& model;
     Bridge& bridge;

@@ -19,7 +19,7 @@ class SensorsView final : public PaneFrame {
     explicit SensorsView(Model& model, QWidget* parent = nullptr);
     ~SensorsView() override;
 
-    /// Puts the keyboard into the filter.
+    /// Takes the focus to the filter, ready to be typed anew.
     void find();
 
   protected:

@@ -29,15 +29,6 @@ ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
     new MenuBar(*this);
 }
 
-bool ContentView::canFind() const {
-    return qobject_cast<SensorsView*>(pane) != nullptr;
-}
-
-void ContentView::find() {
-    if (auto* sensors = qobject_cast<SensorsView*>(pane))
-        sensors->find();
-}
-
 void ContentView::setSection(std::optional<Pane> section) {
     sidebar->setSection(section);
     if (pane && section == shown)

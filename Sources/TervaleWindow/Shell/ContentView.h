@@ -29,12 +29,9 @@ class ContentView final : public QWidget {
     void setSection(std::optional<Pane> section);
     /// The pane on screen.
     QWidget* detail() const { return pane; }
-    /// Whether there is something to search on the pane that is shown. (Not a reason to leave
-    /// another one, where edits may wait to be saved.)
-    bool canFind() const;
-    void find();
 
   signals:
+    /// Another pane is on screen.
     void sectionShown();
 
   private:

@@ -1,13 +1,15 @@
 #include "TervaleWindow/Shell/MenuBar.h"
 
 #include "Platform/Platform.h"
+#include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Settings/VersionText.h"
 #include "TervaleWindow/Shell/ContentView.h"
-#include "TervaleWindow/Shell/EditMenu.h"
 #include "TervaleWindow/Shell/SystemMetadata.h"
 
-#include <QActionGroup>
-#include <QMenuBar>
+#include <QAbstractSpinBox>
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QOperatingSystemVersion>
 
@@ -15,149 +17,175 @@ namespace tervale {
 
 namespace {
 
-bool runsOnMac() {
-    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS;
+/// Where text is being edited just now.
+QLineEdit* textField() {
+    QWidget* focused = QApplication::focusWidget();
+    if (const auto* field = qobject_cast<QAbstractSpinBox*>(focused))
+        return field->findChild<QLineEdit*>();
+    return qobject_cast<QLineEdit*>(focused);
 }
 
-/// Control, which is Command on a Mac.
-QKeySequence withControl(Qt::Key key) {
-    return QKeySequence(Qt::ControlModifier | key);
+QKeySequence controlAnd(Qt::Key key) {
+    return {Qt::ControlModifier | key};
 }
 
-/// Lets the window be used while it is open.
-void showMessage(QWidget* parent, const QString& title, const QString& text,
-                 const QString& details) {
-    auto* box = new QMessageBox(QMessageBox::NoIcon, title, text, QMessageBox::Ok, parent);
-    box->setInformativeText(details);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setModal(false);
-    box->show();
+/// Beside the window rather than before it: what runs there goes on.
+void showNote(QWidget& window, const QString& title, const QString& text, const QString& detail) {
+    auto* note = new QMessageBox(QMessageBox::NoIcon, title, text, QMessageBox::Ok, &window);
+    note->setInformativeText(detail);
+    note->setAttribute(Qt::WA_DeleteOnClose);
+    note->setModal(false);
+    note->show();
 }
 
 } // namespace
 
-MenuBar::MenuBar(ContentView& owner) : QObject(&owner), window(owner) {
-    addApplicationMenu();
-    addEditMenu();
-    addViewMenu();
-    addWindowMenu();
-    addHelpMenu();
-    install();
+MenuBar::Place MenuBar::usualPlace() {
+    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS ? Place::menuBar
+                                                                                    : Place::window;
 }
 
-QMenu* MenuBar::add(QMenu* menu) {
-    all.push_back(menu);
-    return menu;
-}
-
-// A Mac moves these entries by their roles into the menu that it makes itself, which hides the
-// application too, and leaves out this one.
-void MenuBar::addApplicationMenu() {
-    QMenu* menu = add(new QMenu(QStringLiteral("Tervale"), &window));
-    QAction* about = menu->addAction(QStringLiteral("About Tervale"));
-    about->setMenuRole(QAction::AboutRole);
-    connect(about, &QAction::triggered, this, &MenuBar::showAbout);
-    QAction* settings = menu->addAction(QStringLiteral("Settings…"));
-    settings->setMenuRole(QAction::PreferencesRole);
-    settings->setShortcut(withControl(Qt::Key_Comma));
-    connect(settings, &QAction::triggered, &window, [this] { window.setSection(Pane::settings); });
-    QAction* quit = menu->addAction(QStringLiteral("Quit Tervale"));
-    quit->setMenuRole(QAction::QuitRole);
-    quit->setShortcut(withControl(Qt::Key_Q));
-    connect(quit, &QAction::triggered, &window, &QWidget::close);
-}
-
-void MenuBar::addEditMenu() {
-    QMenu* menu = add(new EditMenu(&window));
-    menu->addSeparator();
-    QAction* find = menu->addAction(QStringLiteral("Find"));
-    find->setShortcut(QKeySequence::Find);
-    const auto update = [this, find] { find->setEnabled(window.canFind()); };
-    connect(find, &QAction::triggered, &window, &ContentView::find);
-    connect(&window, &ContentView::sectionShown, find, update);
-    update();
-}
-
-void MenuBar::addViewMenu() {
-    QMenu* menu = add(new QMenu(QStringLiteral("View"), &window));
-    auto* group = new QActionGroup(menu);
-    group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-    for (const Pane pane : allPanes) {
-        QAction* entry = group->addAction(menu->addAction(title(pane)));
-        entry->setShortcut(withControl(Qt::Key(Qt::Key_1 + static_cast<int>(pane))));
-        entry->setCheckable(true);
-        const auto update = [this, entry, pane] { entry->setChecked(window.section() == pane); };
-        connect(entry, &QAction::triggered, &window, [this, pane, update] {
-            window.setSection(pane);
-            // The toolkit takes the mark off an entry that is chosen again.
-            update();
-        });
-        connect(&window, &ContentView::sectionShown, entry, update);
-        update();
+MenuBar::MenuBar(ContentView& served, Place place) : QObject(&served), window(served) {
+    makeCommands();
+    if (place == Place::menuBar) {
+        makeMenus();
+    } else {
+        offered = panes;
+        for (QAction* action : {settings, findSensor, closeWindow, quit, help})
+            offered.push_back(action);
+        for (QAction* action : offered)
+            window.addAction(action);
     }
+    connect(qApp, &QApplication::focusChanged, this, &MenuBar::enableTextCommands);
+    connect(&window, &ContentView::sectionShown, this, &MenuBar::enableFind);
+    enableTextCommands();
+    enableFind();
 }
 
-void MenuBar::addWindowMenu() {
-    QMenu* menu = add(new QMenu(QStringLiteral("Window"), &window));
-    QAction* minimize = menu->addAction(QStringLiteral("Minimize"));
-    minimize->setShortcut(withControl(Qt::Key_M));
-    connect(minimize, &QAction::triggered, &window, &QWidget::showMinimized);
-    QAction* zoom = menu->addAction(QStringLiteral("Zoom"));
-    connect(zoom, &QAction::triggered, &window, [this] {
-        if (window.isMaximized())
-            window.showNormal();
-        else
-            window.showMaximized();
+QAction* MenuBar::command(const QString& title, const QKeySequence& key, void (MenuBar::*run)()) {
+    auto* action = new QAction(title, this);
+    action->setShortcut(key);
+    action->setAutoRepeat(false);
+    // Otherwise a Mac takes "Settings" among the panes for the application's own command.
+    action->setMenuRole(QAction::NoRole);
+    if (run)
+        connect(action, &QAction::triggered, this, run);
+    return action;
+}
+
+template <class Run>
+QAction* MenuBar::textCommand(const QString& title, const QKeySequence& key, Run run) {
+    QAction* action = command(title, key, nullptr);
+    action->setAutoRepeat(true);
+    connect(action, &QAction::triggered, this, [run] {
+        if (QLineEdit* field = textField())
+            (field->*run)();
     });
-    menu->addSeparator();
-    QAction* close = menu->addAction(QStringLiteral("Close"));
-    // The best known key first, which some desktops list after another.
-    QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Close);
-    keys.removeAll(withControl(Qt::Key_W));
-    keys.prepend(withControl(Qt::Key_W));
-    close->setShortcuts(keys);
-    connect(close, &QAction::triggered, &window, &QWidget::close);
+    textCommands.push_back(action);
+    return action;
 }
 
-void MenuBar::addHelpMenu() {
-    QMenu* menu = add(new QMenu(QStringLiteral("Help"), &window));
-    QAction* keys = menu->addAction(QStringLiteral("Keyboard Shortcuts"));
-    keys->setShortcut(QKeySequence::HelpContents);
-    connect(keys, &QAction::triggered, this, &MenuBar::showKeys);
+QAction* MenuBar::paneCommand(Pane pane) {
+    const auto number = static_cast<int>(pane) + 1;
+    QAction* action = command(title(pane), controlAnd(Qt::Key(Qt::Key_0 + number)), nullptr);
+    connect(action, &QAction::triggered, this, [this, pane] { window.setSection(pane); });
+    return action;
 }
 
-void MenuBar::install() {
-    auto* bar = runsOnMac() ? new QMenuBar(&window) : nullptr;
-    for (QMenu* menu : all) {
-        // Otherwise the toolkit would guess roles from titles.
-        for (QAction* action : menu->actions()) {
-            if (action->menuRole() == QAction::TextHeuristicRole)
-                action->setMenuRole(QAction::NoRole);
+void MenuBar::makeCommands() {
+    about = command(tr("About Tervale"), {}, &MenuBar::showAbout);
+    about->setMenuRole(QAction::AboutRole);
+    settings = command(tr("Settings…"), controlAnd(Qt::Key_Comma), &MenuBar::showSettings);
+    settings->setMenuRole(QAction::PreferencesRole);
+    quit = command(tr("Quit Tervale"), controlAnd(Qt::Key_Q), &MenuBar::close);
+    quit->setMenuRole(QAction::QuitRole);
+    for (const Pane pane : allPanes)
+        panes.push_back(paneCommand(pane));
+    findSensor = command(tr("Find"), QKeySequence::Find, &MenuBar::find);
+    closeWindow = command(tr("Close"), QKeySequence::Close, &MenuBar::close);
+    closeWindow->setShortcuts(QKeySequence::Close);
+    help = command(tr("Keyboard Shortcuts"), QKeySequence::HelpContents, &MenuBar::showKeys);
+}
+
+void MenuBar::makeMenus() {
+    // The toolkit adds Hide, Hide Others and Show All to the first one, and moves the commands with
+    // a role there.
+    const std::vector<Menu> menus{
+        {tr("Tervale"), {about, nullptr, settings, nullptr, quit}},
+        {tr("Edit"),
+         {textCommand(tr("Undo"), QKeySequence::Undo, &QLineEdit::undo),
+          textCommand(tr("Redo"), QKeySequence::Redo, &QLineEdit::redo), nullptr,
+          textCommand(tr("Cut"), QKeySequence::Cut, &QLineEdit::cut),
+          textCommand(tr("Copy"), QKeySequence::Copy, &QLineEdit::copy),
+          textCommand(tr("Paste"), QKeySequence::Paste, &QLineEdit::paste),
+          textCommand(tr("Select All"), QKeySequence::SelectAll, &QLineEdit::selectAll), nullptr,
+          findSensor}},
+        {tr("View"), panes},
+        {tr("Window"),
+         {command(tr("Minimize"), controlAnd(Qt::Key_M), &MenuBar::minimize),
+          command(tr("Zoom"), {}, &MenuBar::zoom), nullptr, closeWindow}},
+        {tr("Help"), {help}},
+    };
+    // Without a parent it is there for every window.
+    bar = std::make_unique<QMenuBar>();
+    for (const Menu& menu : menus) {
+        QMenu* shown = bar->addMenu(menu.title);
+        for (QAction* action : menu.actions) {
+            if (action)
+                offered.push_back(action);
+            action ? shown->addAction(action) : static_cast<void>(shown->addSeparator());
         }
-        if (bar)
-            bar->addMenu(menu);
-        else
-            window.addActions(menu->actions());
     }
 }
 
-void MenuBar::showAbout() const {
-    showMessage(&window, QStringLiteral("About Tervale"), QStringLiteral("Tervale"),
-                QStringLiteral("Version ") + versionText(SystemMetadata(makeBundleText())));
+QString MenuBar::keys() const {
+    QStringList lines;
+    for (const QAction* action : offered) {
+        if (!action->shortcut().isEmpty())
+            lines << QStringLiteral("%1: %2").arg(
+                action->text(), action->shortcut().toString(QKeySequence::NativeText));
+    }
+    return lines.join(u'\n');
 }
 
-void MenuBar::showKeys() const {
-    QString rows;
-    for (const QMenu* menu : all) {
-        for (const QAction* action : menu->actions()) {
-            const QString keys = action->shortcut().toString(QKeySequence::NativeText);
-            if (!keys.isEmpty())
-                rows += QStringLiteral("<tr><td>%1</td><td style='padding-left: 16px'>%2</td></tr>")
-                            .arg(keys.toHtmlEscaped(), action->text().toHtmlEscaped());
-        }
-    }
-    showMessage(&window, QStringLiteral("Keyboard Shortcuts"), QStringLiteral("Keyboard Shortcuts"),
-                QStringLiteral("<table>") + rows + QStringLiteral("</table>"));
+void MenuBar::enableTextCommands() {
+    const bool enabled = textField() != nullptr;
+    for (QAction* action : textCommands)
+        action->setEnabled(enabled);
+}
+
+void MenuBar::enableFind() {
+    findSensor->setEnabled(qobject_cast<SensorsView*>(window.detail()) != nullptr);
+}
+
+void MenuBar::showAbout() {
+    showNote(window, tr("About Tervale"), QStringLiteral("Tervale"),
+             tr("Version %1").arg(versionText(SystemMetadata(makeBundleText()))));
+}
+
+void MenuBar::showKeys() {
+    showNote(window, tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"), keys());
+}
+
+void MenuBar::showSettings() {
+    window.setSection(Pane::settings);
+}
+
+void MenuBar::find() {
+    if (auto* sensors = qobject_cast<SensorsView*>(window.detail()))
+        sensors->find();
+}
+
+void MenuBar::minimize() {
+    window.showMinimized();
+}
+
+void MenuBar::zoom() {
+    window.isMaximized() ? window.showNormal() : window.showMaximized();
+}
+
+void MenuBar::close() {
+    window.close();
 }
 
 } // namespace tervale

@@ -1,40 +1,71 @@
 #pragma once
 
+#include <QKeySequence>
+#include <QMenuBar>
 #include <QObject>
 
+#include <memory>
 #include <vector>
-
-class QMenu;
 
 namespace tervale {
 
 class ContentView;
+enum class Pane;
 
-/// The window's commands, each made once with its key. On a Mac they are the entries of the menu
-/// bar; elsewhere, where such a window has none, the keys alone are there.
+/// The commands of the window and their keys, in the menus that a Mac has for them. Elsewhere the
+/// window goes without menus and keeps the keys.
 class MenuBar final : public QObject {
     Q_OBJECT
 
   public:
-    /// Belongs to the window.
-    explicit MenuBar(ContentView& window);
+    enum class Place { menuBar, window };
+    static Place usualPlace();
 
-    const std::vector<QMenu*>& menus() const { return all; }
+    /// `window` outlives the object.
+    explicit MenuBar(ContentView& window, Place place = usualPlace());
+
+    /// The menus in their order; nothing in a window that goes without them.
+    const QMenuBar* menus() const { return bar.get(); }
+    /// The commands that have a key, each with it, one a line.
+    QString keys() const;
 
   private:
-    QMenu* add(QMenu* menu);
-    void addApplicationMenu();
-    void addEditMenu();
-    void addViewMenu();
-    void addWindowMenu();
-    void addHelpMenu();
-    void install();
+    struct Menu {
+        QString title;
+        /// A null stands for a separator.
+        std::vector<QAction*> actions;
+    };
 
-    void showAbout() const;
-    void showKeys() const;
+    QAction* command(const QString& title, const QKeySequence& key, void (MenuBar::*run)());
+    /// `run` is a member function of the field that has the focus.
+    template <class Run>
+    QAction* textCommand(const QString& title, const QKeySequence& key, Run run);
+    QAction* paneCommand(Pane pane);
+    void makeCommands();
+    void makeMenus();
+    void enableTextCommands();
+    void enableFind();
+
+    void showAbout();
+    void showKeys();
+    void showSettings();
+    void find();
+    void minimize();
+    void zoom();
+    void close();
 
     ContentView& window;
-    std::vector<QMenu*> all;
+    QAction* about = nullptr;
+    QAction* settings = nullptr;
+    QAction* quit = nullptr;
+    QAction* findSensor = nullptr;
+    QAction* closeWindow = nullptr;
+    QAction* help = nullptr;
+    std::vector<QAction*> textCommands;
+    std::vector<QAction*> panes;
+    std::unique_ptr<QMenuBar> bar;
+    /// The commands that the user can reach.
+    std::vector<QAction*> offered;
 };
 
 } // namespace tervale

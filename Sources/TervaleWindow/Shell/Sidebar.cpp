@@ -1,7 +1,7 @@
 #include "TervaleWindow/Shell/Sidebar.h"
 
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Controls/ListRowDelegate.h"
+#include "TervaleWindow/Shell/SidebarRowDelegate.h"
 #include "TervaleWindow/Shell/SidebarSummary.h"
 
 #include <QPainter>
@@ -9,20 +9,16 @@
 
 namespace tervale {
 
-namespace {
-constexpr ListRowStyle rowStyle{32, 1, 8, QFont::Medium};
-}
-
 Sidebar::Sidebar(Model& model, QWidget* parent) : QWidget(parent), list(new QListWidget) {
     setFixedWidth(width);
     list->setAccessibleName(QStringLiteral("Panes"));
-    list->setItemDelegate(new ListRowDelegate(rowStyle, list));
+    list->setItemDelegate(new SidebarRowDelegate(list));
     list->setFrameShape(QFrame::NoFrame);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->viewport()->setAutoFillBackground(false);
     for (const Pane pane : allPanes) {
         auto* item = new QListWidgetItem(title(pane), list);
-        item->setData(ListRowDelegate::symbolRole, static_cast<int>(symbol(pane)));
+        item->setData(SidebarRowDelegate::symbolRole, static_cast<int>(symbol(pane)));
     }
     connect(list, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0)
@@ -34,7 +30,7 @@ Sidebar::Sidebar(Model& model, QWidget* parent) : QWidget(parent), list(new QLis
     column->setSpacing(0);
     column->addWidget(list, 1);
     auto* foot = new QVBoxLayout;
-    foot->setContentsMargins(12, 12, 12, 12);
+    foot->setContentsMargins(12, 12, 11, 12);
     foot->addWidget(new SidebarSummary(model));
     column->addLayout(foot);
 }

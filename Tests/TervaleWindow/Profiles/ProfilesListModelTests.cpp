@@ -1,4 +1,3 @@
-#include "TervaleWindow/Controls/ListRowDelegate.h"
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 
 #include <QAbstractItemModelTester>
@@ -40,7 +39,7 @@ TEST_F(ProfilesListModelTest, TellsOfOneChangedRow) {
     ASSERT_EQ(changed.count(), 1);
     EXPECT_EQ(changed[0][0].toModelIndex().row(), 1);
     EXPECT_EQ(model.index(1).data().toString().toStdString(), "Zwei");
-    EXPECT_TRUE(model.index(1).data(ListRowDelegate::markRole).isValid());
+    EXPECT_TRUE(model.index(1).data(ProfilesListModel::markedRole).toBool());
     EXPECT_EQ(model.index(1).data(Qt::AccessibleTextRole).toString().toStdString(),
               "Zwei, has problems");
     EXPECT_EQ(inserted.count() + removed.count(), 0);

@@ -110,14 +110,6 @@ TEST_F(ScheduleEditorTest, AddsWindowsOneAfterTheOther) {
     EXPECT_EQ(reports, 2);
 }
 
-TEST_F(ScheduleEditorTest, EndsEachRowWithTheSymbolThatRemovesIt) {
-    show(ProfileDefaults::schedule());
-    QApplication::processEvents();
-    const auto* remove = control<SymbolButton>(0);
-    EXPECT_EQ(remove->mapTo(&editor, remove->rect().bottomRight()).x(), editor.rect().right());
-    EXPECT_EQ(remove->size(), QSize(16, 26));
-}
-
 TEST_F(ScheduleEditorTest, RemovesTheWindowWhoseButtonIsClicked) {
     show({{0, 60, action::Automatic{}},
           {60, 120, action::Fixed{0.4}},

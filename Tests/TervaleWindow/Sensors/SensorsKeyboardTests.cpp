@@ -6,14 +6,14 @@ using namespace tervale;
 
 class SensorsKeyboard : public SensorsFixture {};
 
-TEST_F(SensorsKeyboard, GoesToTheFilterToFind) {
+TEST_F(SensorsKeyboard, GoesToTheFilterToFindASensor) {
     useUsualSensors();
     show();
-    search().setText("cpu");
     list().setFocus();
+    search().setText("CPU");
     view->find();
     EXPECT_TRUE(search().hasFocus());
-    EXPECT_EQ(search().selectedText(), "cpu");
+    EXPECT_EQ(search().selectedText(), "CPU");
 }
 
 TEST_F(SensorsKeyboard, GoesThroughTheRowsOfAllSectionsByTheArrows) {
