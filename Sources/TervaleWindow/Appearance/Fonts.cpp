@@ -1,20 +1,12 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 
+#include <QFile>
 #include <QFontDatabase>
 #include <QOperatingSystemVersion>
-#include <QStringList>
 
 namespace tervale {
 
 namespace {
-
-QString firstInstalled(const QStringList& families, const QString& otherwise) {
-    for (const QString& family : families) {
-        if (QFontDatabase::hasFamily(family))
-            return family;
-    }
-    return otherwise;
-}
 
 bool runsOnMac() {
     return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS;
@@ -23,15 +15,25 @@ bool runsOnMac() {
 // Asking the font database is slow, and what is installed does not change while the window is open.
 const QString& systemFamily() {
     static const QString family =
-        firstInstalled(runsOnMac() ? QStringList{} : QStringList{"Inter"},
-                       QFontDatabase::systemFont(QFontDatabase::GeneralFont).family());
+        firstInstalledFamily(runsOnMac() ? QStringList{} : QStringList{"Inter"},
+                             QFontDatabase::systemFont(QFontDatabase::GeneralFont).family());
     return family;
 }
 
+QString findRoundedFamily() {
+    if (!runsOnMac())
+        return systemFamily();
+    // The one that people install, and the system's own under the names that it has had.
+    const QString known = firstInstalledFamily(
+        {"SF Pro Rounded", ".AppleSystemUIFontRounded", ".SF NS Rounded"}, QString());
+    if (!known.isEmpty())
+        return known;
+    // Families that begin with a dot are not shown to everybody who asks.
+    return familiesInFile("/System/Library/Fonts/SFNSRounded.ttf").value(0, systemFamily());
+}
+
 const QString& roundedFamily() {
-    static const QString family = firstInstalled(
-        runsOnMac() ? QStringList{"SF Pro Rounded", ".AppleSystemUIFontRounded"} : QStringList{},
-        systemFamily());
+    static const QString family = findRoundedFamily();
     return family;
 }
 
@@ -43,6 +45,19 @@ QFont fontOf(const QString& family, int size, QFont::Weight weight) {
 }
 
 } // namespace
+
+QString firstInstalledFamily(const QStringList& families, const QString& otherwise) {
+    for (const QString& family : families) {
+        if (QFontDatabase::hasFamily(family))
+            return family;
+    }
+    return otherwise;
+}
+
+QStringList familiesInFile(const QString& path) {
+    const int file = QFile::exists(path) ? QFontDatabase::addApplicationFont(path) : -1;
+    return file < 0 ? QStringList() : QFontDatabase::applicationFontFamilies(file);
+}
 
 QFont systemFont(int size, QFont::Weight weight) {
     return fontOf(systemFamily(), size, weight);

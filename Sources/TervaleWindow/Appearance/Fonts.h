@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QStringList>
 
 namespace tervale {
 
@@ -18,5 +19,10 @@ inline constexpr int title = 15;
 QFont systemFont(int size, QFont::Weight weight = QFont::Normal);
 /// The same in the rounded design where the system has one.
 QFont roundedFont(int size, QFont::Weight weight = QFont::Normal);
+
+/// The first of these families that the system has; `otherwise` if it has none of them.
+QString firstInstalledFamily(const QStringList& families, const QString& otherwise);
+/// The families in a font file, which can be used from now on; none if it cannot be read.
+QStringList familiesInFile(const QString& path);
 
 } // namespace tervale

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Profiles/ProfilesList.h"
 
+#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
@@ -107,8 +108,10 @@ void ProfilesList::keepFocus(const ProfilesDraft& draft) {
     const bool fromButton =
         !draft.selected() && (duplicateButton->hasFocus() || removeButton->hasFocus());
     const bool fromList = draft.profiles.empty() && list->hasFocus();
+    const bool keyboard =
+        fromList || hasKeyboardFocus(*duplicateButton) || hasKeyboardFocus(*removeButton);
     if (fromButton || fromList)
-        addButton->setFocus(Qt::OtherFocusReason);
+        addButton->setFocus(keyboard ? Qt::TabFocusReason : Qt::OtherFocusReason);
     list->setFocusPolicy(draft.profiles.empty() ? Qt::NoFocus : Qt::StrongFocus);
 }
 

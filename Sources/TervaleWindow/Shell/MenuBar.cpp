@@ -9,6 +9,7 @@
 #include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QOperatingSystemVersion>
@@ -23,6 +24,30 @@ QLineEdit* textField() {
     if (const auto* field = qobject_cast<QAbstractSpinBox*>(focused))
         return field->findChild<QLineEdit*>();
     return qobject_cast<QLineEdit*>(focused);
+}
+
+bool canCopy(const QLineEdit& field) {
+    return field.hasSelectedText();
+}
+
+bool canCut(const QLineEdit& field) {
+    return canCopy(field) && !field.isReadOnly();
+}
+
+bool canPaste(const QLineEdit& field) {
+    return !field.isReadOnly() && !QApplication::clipboard()->text().isEmpty();
+}
+
+bool canUndo(const QLineEdit& field) {
+    return field.isUndoAvailable();
+}
+
+bool canRedo(const QLineEdit& field) {
+    return field.isRedoAvailable();
+}
+
+bool canSelectAll(const QLineEdit& field) {
+    return !field.text().isEmpty();
 }
 
 QKeySequence controlAnd(Qt::Key key) {
@@ -57,9 +82,9 @@ MenuBar::MenuBar(ContentView& served, Place place) : QObject(&served), window(se
             window.addAction(action);
     }
     connect(qApp, &QApplication::focusChanged, this, &MenuBar::enableTextCommands);
-    connect(&window, &ContentView::sectionShown, this, &MenuBar::enableFind);
+    connect(&window, &ContentView::sectionShown, this, &MenuBar::followSection);
     enableTextCommands();
-    enableFind();
+    followSection();
 }
 
 QAction* MenuBar::command(const QString& title, const QKeySequence& key, void (MenuBar::*run)()) {
@@ -74,21 +99,27 @@ QAction* MenuBar::command(const QString& title, const QKeySequence& key, void (M
 }
 
 template <class Run>
-QAction* MenuBar::textCommand(const QString& title, const QKeySequence& key, Run run) {
+QAction* MenuBar::textCommand(const QString& title, const QKeySequence& key, Run run,
+                              bool (*isPossible)(const QLineEdit& field)) {
     QAction* action = command(title, key, nullptr);
     action->setAutoRepeat(true);
     connect(action, &QAction::triggered, this, [run] {
         if (QLineEdit* field = textField())
             (field->*run)();
     });
-    textCommands.push_back(action);
+    textCommands.push_back({action, isPossible});
     return action;
 }
 
 QAction* MenuBar::paneCommand(Pane pane) {
     const auto number = static_cast<int>(pane) + 1;
     QAction* action = command(title(pane), controlAnd(Qt::Key(Qt::Key_0 + number)), nullptr);
-    connect(action, &QAction::triggered, this, [this, pane] { window.setSection(pane); });
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, this, [this, pane] {
+        window.setSection(pane);
+        // The toolkit takes the mark off the pane that is chosen again.
+        followSection();
+    });
     return action;
 }
 
@@ -103,7 +134,11 @@ void MenuBar::makeCommands() {
         panes.push_back(paneCommand(pane));
     findSensor = command(tr("Find"), QKeySequence::Find, &MenuBar::find);
     closeWindow = command(tr("Close"), QKeySequence::Close, &MenuBar::close);
-    closeWindow->setShortcuts(QKeySequence::Close);
+    // The best known key first, which some desktops list after another.
+    QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Close);
+    keys.removeAll(controlAnd(Qt::Key_W));
+    keys.prepend(controlAnd(Qt::Key_W));
+    closeWindow->setShortcuts(keys);
     help = command(tr("Keyboard Shortcuts"), QKeySequence::HelpContents, &MenuBar::showKeys);
 }
 
@@ -113,13 +148,14 @@ void MenuBar::makeMenus() {
     const std::vector<Menu> menus{
         {tr("Tervale"), {about, nullptr, settings, nullptr, quit}},
         {tr("Edit"),
-         {textCommand(tr("Undo"), QKeySequence::Undo, &QLineEdit::undo),
-          textCommand(tr("Redo"), QKeySequence::Redo, &QLineEdit::redo), nullptr,
-          textCommand(tr("Cut"), QKeySequence::Cut, &QLineEdit::cut),
-          textCommand(tr("Copy"), QKeySequence::Copy, &QLineEdit::copy),
-          textCommand(tr("Paste"), QKeySequence::Paste, &QLineEdit::paste),
-          textCommand(tr("Select All"), QKeySequence::SelectAll, &QLineEdit::selectAll), nullptr,
-          findSensor}},
+         {textCommand(tr("Undo"), QKeySequence::Undo, &QLineEdit::undo, canUndo),
+          textCommand(tr("Redo"), QKeySequence::Redo, &QLineEdit::redo, canRedo), nullptr,
+          textCommand(tr("Cut"), QKeySequence::Cut, &QLineEdit::cut, canCut),
+          textCommand(tr("Copy"), QKeySequence::Copy, &QLineEdit::copy, canCopy),
+          textCommand(tr("Paste"), QKeySequence::Paste, &QLineEdit::paste, canPaste),
+          textCommand(tr("Select All"), QKeySequence::SelectAll, &QLineEdit::selectAll,
+                      canSelectAll),
+          nullptr, findSensor}},
         {tr("View"), panes},
         {tr("Window"),
          {command(tr("Minimize"), controlAnd(Qt::Key_M), &MenuBar::minimize),
@@ -135,26 +171,37 @@ void MenuBar::makeMenus() {
                 offered.push_back(action);
             action ? shown->addAction(action) : static_cast<void>(shown->addSeparator());
         }
+        connect(shown, &QMenu::aboutToShow, this, &MenuBar::enablePossibleTextCommands);
+        connect(shown, &QMenu::aboutToHide, this, &MenuBar::enableTextCommands);
     }
 }
 
 QString MenuBar::keys() const {
-    QStringList lines;
+    QString rows;
     for (const QAction* action : offered) {
-        if (!action->shortcut().isEmpty())
-            lines << QStringLiteral("%1: %2").arg(
-                action->text(), action->shortcut().toString(QKeySequence::NativeText));
+        const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+        if (!keys.isEmpty())
+            rows += QStringLiteral("<tr><td>%1</td><td style='padding-left: 16px'>%2</td></tr>")
+                        .arg(action->text().toHtmlEscaped(), keys.toHtmlEscaped());
     }
-    return lines.join(u'\n');
+    return rows;
 }
 
 void MenuBar::enableTextCommands() {
     const bool enabled = textField() != nullptr;
-    for (QAction* action : textCommands)
-        action->setEnabled(enabled);
+    for (const TextCommand& each : textCommands)
+        each.action->setEnabled(enabled);
 }
 
-void MenuBar::enableFind() {
+void MenuBar::enablePossibleTextCommands() {
+    const QLineEdit* field = textField();
+    for (const TextCommand& each : textCommands)
+        each.action->setEnabled(field && each.isPossible(*field));
+}
+
+void MenuBar::followSection() {
+    for (std::size_t pane = 0; pane < allPanes.size(); ++pane)
+        panes[pane]->setChecked(window.section() == allPanes[pane]);
     findSensor->setEnabled(qobject_cast<SensorsView*>(window.detail()) != nullptr);
 }
 
@@ -164,7 +211,8 @@ void MenuBar::showAbout() {
 }
 
 void MenuBar::showKeys() {
-    showNote(window, tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"), keys());
+    showNote(window, tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"),
+             QStringLiteral("<table>") + keys() + QStringLiteral("</table>"));
 }
 
 void MenuBar::showSettings() {

@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+class QLineEdit;
+
 namespace tervale {
 
 class ContentView;
@@ -26,7 +28,7 @@ class MenuBar final : public QObject {
 
     /// The menus in their order; nothing in a window that goes without them.
     const QMenuBar* menus() const { return bar.get(); }
-    /// The commands that have a key, each with it, one a line.
+    /// The commands that have a key, each with it, as rows of a table in rich text.
     QString keys() const;
 
   private:
@@ -36,15 +38,25 @@ class MenuBar final : public QObject {
         std::vector<QAction*> actions;
     };
 
+    struct TextCommand {
+        QAction* action;
+        bool (*isPossible)(const QLineEdit& field);
+    };
+
     QAction* command(const QString& title, const QKeySequence& key, void (MenuBar::*run)());
     /// `run` is a member function of the field that has the focus.
     template <class Run>
-    QAction* textCommand(const QString& title, const QKeySequence& key, Run run);
+    QAction* textCommand(const QString& title, const QKeySequence& key, Run run,
+                         bool (*isPossible)(const QLineEdit& field));
     QAction* paneCommand(Pane pane);
     void makeCommands();
     void makeMenus();
+    /// All of them where there is a field, so that no key is lost on what was impossible when the
+    /// menu was last seen.
     void enableTextCommands();
-    void enableFind();
+    /// Only those that the field has something to do for.
+    void enablePossibleTextCommands();
+    void followSection();
 
     void showAbout();
     void showKeys();
@@ -61,7 +73,7 @@ class MenuBar final : public QObject {
     QAction* findSensor = nullptr;
     QAction* closeWindow = nullptr;
     QAction* help = nullptr;
-    std::vector<QAction*> textCommands;
+    std::vector<TextCommand> textCommands;
     std::vector<QAction*> panes;
     std::unique_ptr<QMenuBar> bar;
     /// The commands that the user can reach.

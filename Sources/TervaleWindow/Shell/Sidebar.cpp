@@ -30,7 +30,7 @@ Sidebar::Sidebar(Model& model, QWidget* parent) : QWidget(parent), list(new QLis
     column->setSpacing(0);
     column->addWidget(list, 1);
     auto* foot = new QVBoxLayout;
-    foot->setContentsMargins(12, 12, 11, 12);
+    foot->setContentsMargins(12, 12, 12, 12);
     foot->addWidget(new SidebarSummary(model));
     column->addLayout(foot);
 }

@@ -1,7 +1,9 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 
+#include <QFile>
 #include <QFontDatabase>
 #include <QOperatingSystemVersion>
+#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 
@@ -23,4 +25,30 @@ TEST(Fonts, AreInterWhereItIsInstalled) {
                                  : QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
     EXPECT_EQ(systemFont(13).family(), expected);
     EXPECT_EQ(roundedFont(13).family(), expected);
+}
+
+TEST(Fonts, AreRoundedOnAMac) {
+    if (QOperatingSystemVersion::currentType() != QOperatingSystemVersion::MacOS)
+        GTEST_SKIP() << "has no rounded font of its own";
+    if (!QFile::exists("/System/Library/Fonts/SFNSRounded.ttf"))
+        GTEST_SKIP() << "has none either";
+    EXPECT_NE(roundedFont(13).family(), systemFont(13).family());
+    EXPECT_TRUE(roundedFont(13).family().contains("Rounded"))
+        << roundedFont(13).family().toStdString();
+}
+
+TEST(Fonts, AreTheFirstFamilyThatIsThere) {
+    const QString installed = QFontDatabase::families().constFirst();
+    EXPECT_EQ(firstInstalledFamily({"No Such Family", installed, "Nor This"}, "Other"), installed);
+    EXPECT_EQ(firstInstalledFamily({"No Such Family"}, "Other"), "Other");
+    EXPECT_EQ(firstInstalledFamily({}, "Other"), "Other");
+}
+
+TEST(Fonts, AreNoneInAFileThatIsNotThereOrHoldsNone) {
+    EXPECT_TRUE(familiesInFile("/no/such/font.ttf").isEmpty());
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write("no font");
+    file.close();
+    EXPECT_TRUE(familiesInFile(file.fileName()).isEmpty());
 }

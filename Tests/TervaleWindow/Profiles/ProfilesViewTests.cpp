@@ -1,3 +1,4 @@
+#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
@@ -298,6 +299,7 @@ TEST_F(ProfilesViewTest, KeepsTheFocusInTheListsColumnWhenTheLastProfileGoes) {
     EXPECT_TRUE(remove->hasFocus());
     QTest::keyClick(remove, Qt::Key_Space);
     EXPECT_TRUE(button<SymbolButton>("Add profile")->hasFocus());
+    EXPECT_TRUE(hasKeyboardFocus(*button<SymbolButton>("Add profile")));
     say({loadProfile(1, "One")});
     click("Revert");
     list()->setFocus();
