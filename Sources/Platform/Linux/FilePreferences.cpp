@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
 #include <pwd.h>
@@ -89,6 +90,30 @@ bool writeTemporary(std::string& pattern, const Preferences::Data& data) {
     return false;
 }
 
+/// What a temporary file's name begins with; the rest is six characters. The dot makes sure that it
+/// is never the file of a key.
+std::string temporaryPrefix(const std::string& key) {
+    return "." + key + ".";
+}
+
+/// Whoever was interrupted while writing left a temporary file behind. Only one that nobody can
+/// still be writing goes.
+void removeLeftovers(const std::filesystem::path& folder, const std::string& key) {
+    constexpr std::size_t randomCharacters = 6;
+    constexpr auto longestWrite = std::chrono::hours(1);
+    const std::string prefix = temporaryPrefix(key);
+    const auto oldest = std::filesystem::file_time_type::clock::now() - longestWrite;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        std::error_code unknown;
+        if (name.size() == prefix.size() + randomCharacters && name.starts_with(prefix) &&
+            entry->last_write_time(unknown) < oldest && !unknown)
+            ::unlink(entry->path().c_str());
+    }
+}
+
 std::filesystem::path homeFolder() {
     const char* home = std::getenv("HOME");
     if (home && *home == '/')
@@ -124,9 +149,9 @@ void FilePreferences::setData(const std::string& key, const Data& data) {
     if (data.size() > largestValue)
         return;
     createFolder(folder);
+    removeLeftovers(folder, key);
     const std::filesystem::path path = folder / key;
-    // Begins with a dot, so that it is never the file of a key.
-    std::string temporary = folder / ("." + key + ".XXXXXX");
+    std::string temporary = folder / (temporaryPrefix(key) + "XXXXXX");
     if (!writeTemporary(temporary, data))
         return;
     if (::rename(temporary.c_str(), path.c_str()) == 0)

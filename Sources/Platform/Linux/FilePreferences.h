@@ -13,7 +13,8 @@ std::filesystem::path configurationFolder();
 
 /// Preferences as one file a key in a folder of their own, readable by the user alone. A file is
 /// replaced in one step, so that after a power cut it holds the old value or the new one. What
-/// cannot be read is absent, and what cannot be written is not. From any thread and process.
+/// cannot be read is absent, and what cannot be written is not. From any thread and process. What a
+/// write that was interrupted leaves in the folder is removed by a later one.
 ///
 /// A key is a file's name: 1 to 200 ASCII letters, digits, '.', '_' and '-', not beginning with a
 /// dot. Values of more than 16 MiB are neither read nor written.

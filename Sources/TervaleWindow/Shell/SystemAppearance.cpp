@@ -1,7 +1,6 @@
 #include "TervaleWindow/Shell/SystemAppearance.h"
 
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/WindowStyle.h"
 
@@ -41,10 +40,10 @@ void tintDesktopPalette() {
 
 } // namespace
 
-void useSystemAppearance(QApplication& application) {
+void useSystemAppearance([[maybe_unused]] QApplication& application) {
     const bool themed = desktopHasPalette();
+    // Brings the fonts along, each kind of control its own.
     QApplication::setStyle(new WindowStyle);
-    application.setFont(systemFont(fontSize::body));
     if (themed) {
         tintDesktopPalette();
         return;

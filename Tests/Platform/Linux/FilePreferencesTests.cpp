@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -135,6 +136,25 @@ TEST_F(FilePreferencesTest, ReadTheOldValueAfterAnInterruptedWrite) {
     EXPECT_EQ(stored("profiles"), bytes("old"));
     FilePreferences(folder).setData("profiles", bytes("new"));
     EXPECT_EQ(stored("profiles"), bytes("new"));
+}
+
+TEST_F(FilePreferencesTest, RemoveWhatAnInterruptedWriteLeftLongAgo) {
+    const auto writeOld = [this](const std::string& name) {
+        writeFile(name, "ne");
+        fs::last_write_time(folder / name,
+                            fs::file_time_type::clock::now() - std::chrono::hours(2));
+    };
+    writeOld(".profiles.Ab12Cd");
+    // What another process may just be writing, and what is none of this key's temporary files.
+    writeFile(".profiles.Ef34Gh", "ne");
+    for (const char* other : {".selection.Ab12Cd", ".profiles.Ab12C", ".profiles.Ab12CdE",
+                              ".profiles", "profiles.Ab12Cd"})
+        writeOld(other);
+    FilePreferences(folder).setData("profiles", bytes("new"));
+    EXPECT_FALSE(fs::exists(folder / ".profiles.Ab12Cd"));
+    for (const char* kept : {".profiles.Ef34Gh", ".selection.Ab12Cd", ".profiles.Ab12C",
+                             ".profiles.Ab12CdE", ".profiles", "profiles.Ab12Cd"})
+        EXPECT_TRUE(fs::exists(folder / kept)) << kept;
 }
 
 TEST_F(FilePreferencesTest, KeepTheOldValueForThoseWhoHaveItOpen) {

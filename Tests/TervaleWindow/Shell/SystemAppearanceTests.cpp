@@ -1,0 +1,35 @@
+#include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Shell/SystemAppearance.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+using namespace tervale;
+
+class SystemAppearance : public testing::Test {
+  protected:
+    void SetUp() override { useSystemAppearance(*qApp); }
+};
+
+TEST_F(SystemAppearance, GivesButtonsTheirOwnWeight) {
+    QPushButton button("Save");
+    QLabel label("Name");
+    button.ensurePolished();
+    label.ensurePolished();
+    EXPECT_EQ(button.font(), systemFont(fontSize::body, QFont::Medium));
+    EXPECT_EQ(label.font(), systemFont(fontSize::body));
+}
+
+TEST_F(SystemAppearance, DrawsInTheWindowsStyle) {
+    EXPECT_NE(qobject_cast<WindowStyle*>(QApplication::style()), nullptr);
+}
+
+TEST_F(SystemAppearance, MarksWhatIsSelectedInTheAccentColor) {
+    EXPECT_EQ(QApplication::palette().color(QPalette::Highlight), Theme::accent());
+    EXPECT_EQ(QApplication::palette().color(QPalette::HighlightedText), QColor(Qt::white));
+}
