@@ -9,8 +9,7 @@ namespace {
 /// A reading that is no number counts as absent, so that it cannot hide the other sensor's.
 std::optional<double> hottestOf(const TemperatureReadings& readings) {
     std::optional<double> hottest;
-    for (std::size_t position = 0; position < temperatureInputCount; ++position) {
-        const TemperatureInput input = temperatureInputAt(position);
+    for (const TemperatureInput input : allTemperatureInputs) {
         if (!Controller::safetyInputs.contains(input))
             continue;
         if (const std::optional<double> reading = readings.at(input))

@@ -43,4 +43,8 @@ std::string displayText::nameOf(const Action& action, std::span<const Profile> p
                       action);
 }
 
+std::string displayText::fan(std::int64_t index) {
+    return "Fan " + std::to_string(index + 1);
+}
+
 } // namespace tervale

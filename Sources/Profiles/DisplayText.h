@@ -2,6 +2,7 @@
 
 #include "Profiles/Profile.h"
 
+#include <cstdint>
 #include <span>
 #include <string>
 
@@ -19,6 +20,9 @@ std::string percent(double fraction);
 
 /// An action's name; `profiles` are those that it may name.
 std::string nameOf(const Action& action, std::span<const Profile> profiles);
+
+/// A fan's name, by its 0-based index, such as "Fan 1".
+std::string fan(std::int64_t index);
 
 } // namespace displayText
 

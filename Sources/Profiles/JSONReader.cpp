@@ -62,6 +62,13 @@ const JSONValue* JSONReader::find(std::string_view name) const {
     return found == object.end() ? nullptr : &found->value;
 }
 
+std::vector<std::string_view> JSONReader::names() const {
+    std::vector<std::string_view> names;
+    for (const JSONMember& member : members())
+        names.push_back(member.name);
+    return names;
+}
+
 JSONReader JSONReader::requiredMember(std::string_view name) const {
     const JSONValue* found = find(name);
     if (!found)

@@ -73,6 +73,8 @@ class JSONReader {
     bool boolean() const;
     double number() const;
     std::int64_t integer() const;
+    /// The names of an object's members.
+    std::vector<std::string_view> names() const;
     const std::string& text() const;
 
     [[noreturn]] void fail(DecodingError::Kind kind, std::string description) const;

@@ -24,6 +24,14 @@ constexpr std::size_t positionOf(TemperatureInput input) {
            (input.average ? 1 : 0);
 }
 
+/// Every input, in the order of the positions.
+inline constexpr auto allTemperatureInputs = [] {
+    std::array<TemperatureInput, temperatureInputCount> inputs;
+    for (std::size_t position = 0; position < inputs.size(); ++position)
+        inputs[position] = temperatureInputAt(position);
+    return inputs;
+}();
+
 /// A set of temperature inputs.
 class TemperatureInputSet {
   public:

@@ -23,6 +23,8 @@ const Profile& find(const ProfileReference& reference, std::span<const Profile> 
     }
     if (!named)
         throw refusal("There is no profile '" + reference.text + "'.");
+    if (findProfile(profiles, named->id) != named)
+        throw refusal("Another profile has the id of '" + reference.text + "'.");
     return *named;
 }
 

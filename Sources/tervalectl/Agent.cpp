@@ -1,6 +1,8 @@
 #include "tervalectl/Agent.h"
 
+#include "Profiles/JSON.h"
 #include "SMC/Precondition.h"
+#include "tervalectl/Table.h"
 
 #include <QString>
 #include <QTimer>
@@ -18,9 +20,10 @@ std::chrono::milliseconds milliseconds(double seconds) {
 
 } // namespace
 
-Agent::Agent(NotificationCenter& center, double timeout)
-    : bridge(center),
-      timeout(timeout),
+Agent::Agent(const Context& context)
+    : backend(context.makeBackend()),
+      bridge(backend->notificationCenter()),
+      timeout(context.timeout),
       states(bridge.onState([this](const BridgeState& state) {
           if (!awaited || confirmed)
               return;
@@ -62,8 +65,15 @@ BridgeState Agent::carryOut(const BridgeCommand& command, Confirms confirms) {
 }
 
 Failure Agent::noAnswer() const {
-    return {ExitStatus::noAnswer, "Tervale in the menu bar did not answer within " +
+    return {ExitStatus::noAnswer, "The agent in the menu bar did not answer within " +
                                       QString::number(timeout).toStdString() + " s."};
+}
+
+void printConfirmation(const BridgeState& state, Context& context) {
+    if (context.json)
+        context.out << encode(state) << '\n';
+    else if (state.status)
+        context.out << printable(*state.status) << '\n';
 }
 
 } // namespace tervale

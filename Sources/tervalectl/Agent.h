@@ -6,6 +6,7 @@
 #include <QEventLoop>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace tervale {
@@ -16,8 +17,8 @@ class Agent {
     /// Whether a state shows that a command was carried out.
     using Confirms = std::function<bool(const BridgeState&)>;
 
-    /// `center` outlives the object. `timeout` in seconds, for each call below.
-    Agent(NotificationCenter& center, double timeout);
+    /// The agent of the machine that the context makes. Throws `Failure`.
+    explicit Agent(const Context& context);
 
     /// What the agent does now. Throws `Failure` if it does not answer.
     BridgeState state();
@@ -28,7 +29,9 @@ class Agent {
   private:
     Failure noAnswer() const;
 
+    std::unique_ptr<Backend> backend;
     Bridge bridge;
+    /// In seconds, for each answer.
     double timeout;
     Confirms awaited;
     std::optional<BridgeState> latest;
@@ -36,5 +39,8 @@ class Agent {
     QEventLoop loop;
     ObserverToken states;
 };
+
+/// Prints the state that confirms a command: what its status says, or all of it as JSON.
+void printConfirmation(const BridgeState& state, Context& context);
 
 } // namespace tervale

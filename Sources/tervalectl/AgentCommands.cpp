@@ -47,14 +47,6 @@ void printState(const BridgeState& state, Context& context) {
     table.print(context.out);
 }
 
-ExitStatus confirm(const BridgeState& state, Context& context) {
-    if (context.json)
-        context.out << encode(state) << '\n';
-    else if (state.status)
-        context.out << printable(*state.status) << '\n';
-    return ExitStatus::done;
-}
-
 /// The action that a text means to this agent, which is asked only if the text names a profile.
 Action resolve(const ActionText& text, Agent& agent) {
     if (std::holds_alternative<Action>(text))
@@ -63,41 +55,41 @@ Action resolve(const ActionText& text, Agent& agent) {
 }
 
 ExitStatus carryOut(const BridgeCommand& command, Agent::Confirms confirms, Context& context) {
-    const auto backend = context.makeBackend();
-    Agent agent(backend->notificationCenter(), context.timeout);
-    return confirm(agent.carryOut(command, std::move(confirms)), context);
+    printConfirmation(Agent(context).carryOut(command, std::move(confirms)), context);
+    return ExitStatus::done;
 }
 
 } // namespace
 
 ExitStatus perform(const ctl::State&, Context& context) {
-    const auto backend = context.makeBackend();
-    printState(Agent(backend->notificationCenter(), context.timeout).state(), context);
+    printState(Agent(context).state(), context);
     return ExitStatus::done;
 }
 
 ExitStatus perform(const ctl::Select& command, Context& context) {
-    const auto backend = context.makeBackend();
-    Agent agent(backend->notificationCenter(), context.timeout);
+    Agent agent(context);
     const Action action = resolve(command.action, agent);
     const auto confirms = [&](const BridgeState& state) { return state.selection == action; };
-    return confirm(agent.carryOut(command::Select{action}, confirms), context);
+    printConfirmation(agent.carryOut(command::Select{action}, confirms), context);
+    return ExitStatus::done;
 }
 
 ExitStatus perform(const ctl::Timer& command, Context& context) {
-    const auto backend = context.makeBackend();
-    Agent agent(backend->notificationCenter(), context.timeout);
+    Agent agent(context);
     const Action action = resolve(command.action, agent);
-    const Date end = context.clock.now() + command.duration;
-    // The same action may have been running for some time, and the agent starts counting when it
-    // hears of it.
-    const double tolerance = context.timeout + 1;
+    const Date sent = context.clock.now();
+    // The same action may have been running already. The agent starts counting between now and its
+    // answer; a little more is left to whoever rounds.
+    constexpr double tolerance = 0.5;
     const auto confirms = [&](const BridgeState& state) {
-        return state.timerAction == action && state.timerEnds &&
-               std::abs(*state.timerEnds - end) <= tolerance;
+        const Date earliest = sent + (command.duration - tolerance);
+        const Date latest = context.clock.now() + (command.duration + tolerance);
+        return state.timerAction == action && state.timerEnds && *state.timerEnds >= earliest &&
+               *state.timerEnds <= latest;
     };
-    return confirm(agent.carryOut(command::StartTimer{action, command.duration}, confirms),
-                   context);
+    printConfirmation(agent.carryOut(command::StartTimer{action, command.duration}, confirms),
+                      context);
+    return ExitStatus::done;
 }
 
 ExitStatus perform(const ctl::CancelTimer&, Context& context) {

@@ -11,7 +11,7 @@ namespace bar {
 /// In characters, for a fraction of 1 and above.
 inline constexpr std::size_t length = 24;
 
-/// As long as the fraction, to an eighth of a character; empty below and for no number.
+/// As long as the fraction, to an eighth of a character; empty for 0, less than 0 and NaN.
 std::string text(double fraction);
 
 } // namespace bar

@@ -1,80 +1,38 @@
 #include "tervalectl/CommandLine.h"
 
+#include "SMC/Precondition.h"
 #include "tervalectl/CommandTable.h"
-#include "tervalectl/Failure.h"
 #include "tervalectl/Quantities.h"
-
-#include <QCommandLineParser>
-#include <QFile>
-
-#include <utility>
+#include "tervalectl/Words.h"
 
 namespace tervale::ctl {
 
 namespace {
 
+constexpr double shortestInterval = 0.01;
 constexpr double longestWait = 24 * 60 * 60;
 
-Failure misuse(std::string line) {
-    return {ExitStatus::wrongUsage, std::move(line)};
-}
-
-QString optionName(std::string_view name) {
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-}
-
-/// The options' values and the words between them.
-class Words {
-  public:
-    explicit Words(const QStringList& arguments) {
-        for (const OptionDescription& option : allOptions())
-            parser.addOption(
-                QCommandLineOption(optionName(option.name), {}, optionName(option.value)));
-        if (!parser.parse(arguments))
-            throw misuse(parser.errorText().toStdString());
-        words = parser.positionalArguments();
-    }
-
-    bool has(std::string_view option) const { return parser.isSet(optionName(option)); }
-    std::string text(std::string_view option) const {
-        return parser.value(optionName(option)).toStdString();
-    }
-    /// As the system spells paths.
-    std::string path(std::string_view option) const {
-        return QFile::encodeName(parser.value(optionName(option))).toStdString();
-    }
-
-    bool isEmpty() const { return words.isEmpty(); }
-    std::string first() const { return words.constFirst().toStdString(); }
-    std::string take() { return words.takeFirst().toStdString(); }
-    std::string takeLast() { return words.takeLast().toStdString(); }
-    std::string takePath() { return QFile::encodeName(words.takeFirst()).toStdString(); }
-    std::string takeAll() { return std::exchange(words, {}).join(QLatin1Char(' ')).toStdString(); }
-
-  private:
-    QCommandLineParser parser;
-    QStringList words;
-};
-
 const CommandDescription& takeCommand(Words& words) {
-    if (words.isEmpty())
-        throw misuse("A command is missing.");
     std::string name = words.take();
+    if (const std::string members = help(std::string_view(name)); !members.empty()) {
+        if (words.isEmpty())
+            throw misuse("'" + name + "' needs a word more.");
+        name += ' ' + words.take();
+    } else if (name.find(' ') != std::string::npos) {
+        throw misuse("There is no command '" + name + "'.");
+    }
     if (const auto* command = findCommand(name))
         return *command;
-    const std::string group = name + ' ';
-    for (const CommandDescription& command : allCommands()) {
-        if (!command.name.starts_with(group))
-            continue;
-        if (words.isEmpty())
-            throw misuse("'" + name + "' needs a word more, such as '" + std::string(command.name) +
-                         "'.");
-        name += ' ' + words.take();
-        if (const auto* named = findCommand(name))
-            return *named;
-        break;
-    }
     throw misuse("There is no command '" + name + "'.");
+}
+
+std::string takeHelp(Words& words) {
+    if (words.isEmpty())
+        return help();
+    if (const std::string members = help(std::string_view(words.first()));
+        !members.empty() && words.count() == 1)
+        return members;
+    return help(takeCommand(words));
 }
 
 void refuseOptionsNotTaken(const CommandDescription& command, const Words& words) {
@@ -123,9 +81,11 @@ ActionText takeAction(Words& words) {
 Sensors takeSensors(Words& words) {
     Sensors sensors;
     if (words.has("group")) {
-        sensors.group = SensorGroup::fromRawValue(words.text("group"));
+        const QString name = QString::fromStdString(words.text("group")).toLower();
+        sensors.group = SensorGroup::fromRawValue(name.toStdString());
         if (!sensors.group)
-            throw misuse("There is no group '" + words.text("group") + "'.");
+            throw misuse("There is no group '" + words.text("group") +
+                         "': cpu, gpu, memory, ssd, power, other.");
     }
     sensors.filter = words.takeAll();
     return sensors;
@@ -134,6 +94,8 @@ Sensors takeSensors(Words& words) {
 Monitor takeMonitor(const Words& words) {
     Monitor monitor;
     monitor.interval = seconds(words, "interval", monitor.interval);
+    if (monitor.interval < shortestInterval)
+        throw misuse("--interval takes no less than 0.01 seconds.");
     if (words.has("count")) {
         monitor.count = quantities::whole(words.text("count"));
         if (!monitor.count)
@@ -167,7 +129,7 @@ Replay takeReplay(Words& words) {
     const auto selection = parseActionOrJSON(words.text("selection"));
     if (!selection)
         throw misuse("'" + words.text("selection") +
-                     "' is no action: automatic, max, N%, profile NAME, or JSON.");
+                     "' is no action: automatic, max, N%, 'profile NAME' in quotes, or JSON.");
     Replay replay{words.path("profiles"), *selection};
     if (!words.isEmpty())
         replay.trace = takeFile(words);
@@ -203,6 +165,7 @@ Command takeArguments(std::string_view name, Words& words) {
         return ImportProfiles{takeFile(words)};
     if (name == "profiles validate")
         return ValidateProfiles{takeFile(words)};
+    precondition(name == "replay", "every command's arguments are taken");
     return takeReplay(words);
 }
 
@@ -229,11 +192,15 @@ CommandLine::Request CommandLine::parse(const QStringList& arguments) {
         Words words(arguments);
         if (words.has("version"))
             return ShowVersion{};
-        if (words.has("help") && words.isEmpty())
-            return Print{help()};
-        const CommandDescription& command = takeCommand(words);
         if (words.has("help"))
-            return Print{help(command)};
+            return Print{takeHelp(words)};
+        if (words.isEmpty())
+            throw misuse("A command is missing.");
+        if (words.first() == "help") {
+            words.take();
+            return Print{takeHelp(words)};
+        }
+        const CommandDescription& command = takeCommand(words);
         return takeRun(command, words);
     } catch (const Failure& failure) {
         return Refuse{failure.line};

@@ -18,7 +18,6 @@ constexpr std::array machine{"json"sv, "simulate"sv, "socket"sv};
 constexpr std::array sensors{"group"sv, "json"sv, "simulate"sv, "socket"sv};
 constexpr std::array monitor{"interval"sv, "count"sv, "json"sv, "simulate"sv, "socket"sv};
 constexpr std::array agent{"json"sv, "timeout"sv, "simulate"sv, "socket"sv};
-constexpr std::array transfer{"timeout"sv, "simulate"sv, "socket"sv};
 constexpr std::array file{"json"sv};
 constexpr std::array replay{"profiles"sv, "selection"sv, "json"sv};
 
@@ -29,29 +28,34 @@ constexpr std::array commands{
     CommandDescription{"fans", "", "show the fans, their speeds and limits", machine, ""},
     CommandDescription{"sensors", "[FILTER]", "show the temperatures of the sensors", sensors,
                        "FILTER is a part of the sensors' names or keys, in any case.\n"},
-    CommandDescription{"monitor", "", "show load, temperatures and fans again and again", monitor,
-                       "With --json it writes one JSON text a line, which 'replay' takes.\n"},
+    CommandDescription{
+        "monitor", "", "show load, temperatures and fans again and again", monitor,
+        "With --json each line is an object with time (seconds since 1970), minute (of\n"
+        "the day), load (percent), temperatures and fans, which 'replay' takes.\n"},
     CommandDescription{"state", "", "show what the agent does", agent, ""},
-    CommandDescription{"select", "ACTION", "let something drive the fans for good", agent, ""},
-    CommandDescription{"timer", "ACTION DURATION", "let something drive the fans for a while",
-                       agent, "DURATION is a number of seconds, or such as 90s, 15m, 1h30m.\n"},
+    CommandDescription{"select", "ACTION", "choose what drives the fans", agent, ""},
+    CommandDescription{"timer", "ACTION DURATION", "choose what drives the fans for a while", agent,
+                       "DURATION is a number of seconds, or such as 90s, 15m, 1h30m.\n"},
     CommandDescription{"cancel-timer", "", "end a running timer", agent, ""},
     CommandDescription{"launch-at-login", "on|off", "start the agent when the user logs in, or not",
                        agent, ""},
     CommandDescription{"check-for-updates", "", "have the agent look for a newer version", agent,
                        "What it finds, the agent tells in its status.\n"},
     CommandDescription{"profiles list", "", "show the agent's profiles", agent, ""},
-    CommandDescription{"profiles export", "[FILE]", "write the agent's profiles as JSON", transfer,
+    CommandDescription{"profiles export", "[FILE]", "write the agent's profiles as JSON", agent,
                        "Writes to standard output without FILE, or if it is '-'.\n"},
-    CommandDescription{"profiles import", "FILE", "replace the agent's profiles", transfer,
+    CommandDescription{"profiles import", "FILE", "replace the agent's profiles", agent,
                        "FILE holds what 'profiles export' writes; '-' is standard input. Profiles\n"
                        "with problems are refused, and the agent keeps what it has.\n"},
     CommandDescription{"profiles validate", "FILE", "tell what is wrong with profiles", file,
                        "FILE holds what 'profiles export' writes; '-' is standard input.\n"},
-    CommandDescription{"replay", "[TRACE]", "try profiles on recorded readings", replay,
-                       "TRACE holds what 'monitor --json' writes; it is standard input if it is\n"
-                       "missing or '-'. Each line is one control tick, and what the fans would do\n"
-                       "is printed for each.\n"},
+    CommandDescription{
+        "replay", "[TRACE]", "try profiles on recorded readings", replay,
+        "--profiles and --selection are required. An ACTION of several words is quoted,\n"
+        "as in --selection 'profile Quiet'.\n"
+        "TRACE holds what 'monitor --json' writes; it is standard input if it is\n"
+        "missing or '-'. Each line is one control tick, and what the fans would do\n"
+        "is printed for each.\n"},
 };
 
 constexpr std::array options{
@@ -62,7 +66,8 @@ constexpr std::array options{
     OptionDescription{"selection", "ACTION", "what is selected, as for 'select', or its JSON"},
     OptionDescription{"json", "", "write JSON, for programs"},
     OptionDescription{"timeout", "S", "how long to wait for the agent, in seconds (2)"},
-    OptionDescription{"simulate", "", "use a simulated Mac with an agent of its own"},
+    OptionDescription{"simulate", "",
+                      "use a simulated Mac whose agent lives as long as the command"},
     OptionDescription{"socket", "PATH", "use the controller that is lent on this socket"},
     OptionDescription{"help", "", "show this help"},
     OptionDescription{"version", "", "show the version"},
@@ -126,10 +131,18 @@ bool ctl::takes(const CommandDescription& command, std::string_view option) {
     return option == "help" || std::ranges::find(command.options, option) != command.options.end();
 }
 
+std::string ctl::help(std::string_view group) {
+    std::vector<CommandDescription> members;
+    std::ranges::copy_if(commands, std::back_inserter(members), [&](const auto& command) {
+        return command.name.starts_with(std::string(group) + ' ');
+    });
+    return members.empty() ? std::string() : listing(members, withArguments);
+}
+
 std::string ctl::help() {
     return "Usage: tervalectl COMMAND [ARGUMENT]... [OPTION]...\n"
-           "Reads this machine's fans and temperatures, and speaks with the agent that drives its "
-           "fans.\n"
+           "Reads this machine's fans and temperatures, and speaks with the agent in the menu bar\n"
+           "that drives its fans.\n"
            "\n" +
            listing(commands, withArguments) +
            "\n"

@@ -18,7 +18,7 @@ struct OptionDescription {
 struct CommandDescription {
     /// One word or two.
     std::string_view name;
-    /// What is called how after the name, such as "[FILTER]".
+    /// The words that follow the name, such as "[FILTER]".
     std::string_view arguments;
     std::string_view summary;
     /// Names of the options that it takes, besides --help.
@@ -37,5 +37,7 @@ bool takes(const CommandDescription& command, std::string_view option);
 /// The help of the program, and of one command.
 std::string help();
 std::string help(const CommandDescription& command);
+/// The commands whose first of two words this is; empty if there are none.
+std::string help(std::string_view group);
 
 } // namespace tervale::ctl

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QSaveFile>
 
-#include <iterator>
+#include <utility>
 
 namespace tervale {
 
@@ -16,18 +16,46 @@ Failure cannot(const char* what, const std::string& path, const QFileDevice& fil
                    file.errorString().toStdString());
 }
 
+std::string notTooLarge(std::string text, const std::string& path) {
+    if (text.size() > files::largest)
+        throw refusal("There are more than 16 MiB in " + files::nameOf(path) + ".");
+    return text;
+}
+
 } // namespace
 
 std::string files::read(const std::string& path, Context& context) {
-    if (path == standardStream)
-        return {std::istreambuf_iterator<char>(context.in), {}};
+    if (path == standardStream) {
+        std::string text(largest + 1, '\0');
+        context.in.read(text.data(), static_cast<std::streamsize>(text.size()));
+        text.resize(static_cast<std::size_t>(context.in.gcount()));
+        return notTooLarge(std::move(text), path);
+    }
     QFile file(QFile::decodeName(path.c_str()));
     if (!file.open(QIODevice::ReadOnly))
         throw cannot("read", path, file);
-    const QByteArray text = file.readAll();
+    const QByteArray text = file.read(largest + 1);
     if (file.error() != QFileDevice::NoError)
         throw cannot("read", path, file);
-    return text.toStdString();
+    return notTooLarge(text.toStdString(), path);
+}
+
+void files::requireReadable(const std::string& path) {
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QIODevice::ReadOnly))
+        throw cannot("read", path, file);
+}
+
+std::optional<std::string> files::readLine(std::istream& in) {
+    std::string line;
+    for (auto next = in.get(); next != std::istream::traits_type::eof(); next = in.get()) {
+        if (next == '\n')
+            return line;
+        if (line.size() == largest)
+            throw refusal("A line is longer than 16 MiB.");
+        line += static_cast<char>(next);
+    }
+    return line.empty() ? std::nullopt : std::optional(std::move(line));
 }
 
 void files::write(const std::string& path, std::string_view text, Context& context) {

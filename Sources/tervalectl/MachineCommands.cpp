@@ -2,7 +2,7 @@
 
 #include "Profiles/DisplayText.h"
 #include "SMC/SMC.h"
-#include "tervalectl/ControlTick.h"
+#include "tervalectl/MachineReading.h"
 #include "tervalectl/SpeedText.h"
 #include "tervalectl/Table.h"
 
@@ -71,8 +71,8 @@ ExitStatus perform(const ctl::Fans&, Context& context) {
     constexpr auto right = Table::Alignment::right;
     Table table({{"FAN"}, {"SPEED", right}, {"TARGET", right}, {"RANGE", right}, {"MODE"}});
     for (const Fan& fan : fans)
-        table.add({fanTitle(fan), speedText(fan.actual), speedText(fan.target), rangeText(fan),
-                   fan.manual ? "manual" : "automatic"});
+        table.add({displayText::fan(fan.index), speedText(fan.actual), speedText(fan.target),
+                   rangeText(fan), fan.manual ? "manual" : "automatic"});
     table.print(context.out);
     return ExitStatus::done;
 }

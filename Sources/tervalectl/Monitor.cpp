@@ -3,7 +3,7 @@
 #include "Profiles/DisplayText.h"
 #include "Profiles/SensorSampler.h"
 #include "SMC/SMC.h"
-#include "tervalectl/ControlTick.h"
+#include "tervalectl/MachineReading.h"
 #include "tervalectl/SpeedText.h"
 #include "tervalectl/Table.h"
 
@@ -30,64 +30,95 @@ void wait(std::chrono::milliseconds time) {
     loop.exec();
 }
 
-/// Reads ticks of one machine.
-class Source {
-  public:
-    Source(Backend& backend, const Clock& clock)
-        : backend(backend),
-          clock(clock),
-          smc(backend.registry()),
+/// The controller, what it has, and what remembers its readings.
+struct Machine {
+    explicit Machine(IORegistry& registry)
+        : smc(registry),
           sensors(smc.temperatureSensors()),
           sampler(sensors,
-                  [this](const TemperatureSensor& sensor) { return smc.temperature(sensor); }) {
-        for (std::size_t position = 0; position < temperatureInputCount; ++position)
-            everyInput.insert(temperatureInputAt(position));
-        backend.processorLoad();
-    }
+                  [this](const TemperatureSensor& sensor) { return smc.temperature(sensor); }) {}
+    Machine(const Machine&) = delete;
+    Machine& operator=(const Machine&) = delete;
 
-    ControlTick read() {
-        const Date now = clock.now();
-        ControlTick tick;
-        tick.time = now.sinceReference + Date::referenceSinceUnixEpoch;
-        tick.minute = clock.minuteOfDay();
-        tick.load = backend.processorLoad();
-        tick.temperatures = sampler.sample(everyInput, now);
-        try {
-            tick.fans = smc.fans();
-        } catch (const SMCError&) {
-            // The line tells that they could not be read by leaving them out.
-        }
-        return tick;
-    }
-    bool has(SensorGroup group) const {
-        return std::ranges::find(sensors, group, &TemperatureSensor::group) != sensors.end();
-    }
-
-  private:
-    Backend& backend;
-    const Clock& clock;
     SMC smc;
     std::vector<TemperatureSensor> sensors;
     SensorSampler sampler;
-    TemperatureInputSet everyInput;
 };
 
-/// Prints ticks for eyes. The columns are those of what was there at the beginning.
+/// Reads one machine again and again, and finds its controller again after it was away.
+class Source {
+  public:
+    Source(Backend& backend, const Clock& clock) : backend(backend), clock(clock) {
+        open();
+        backend.processorLoad();
+    }
+
+    MachineReading read() {
+        MachineReading reading;
+        // Both from the same minute.
+        Date now;
+        do {
+            reading.minute = clock.minuteOfDay();
+            now = clock.now();
+        } while (reading.minute != clock.minuteOfDay());
+        reading.time = now.sinceReference + Date::referenceSinceUnixEpoch;
+        reading.load = backend.processorLoad();
+        try {
+            if (!machine || machine->sensors.empty())
+                open();
+            reading.temperatures = machine->sampler.sample(everyInput, now);
+            reading.fans = machine->smc.fans();
+        } catch (const SMCError&) {
+            // The line tells what could not be read by leaving it out.
+            letGoIfGone();
+        }
+        return reading;
+    }
+    bool has(SensorGroup group) const {
+        return std::ranges::find(machine->sensors, group, &TemperatureSensor::group) !=
+               machine->sensors.end();
+    }
+
+  private:
+    void open() { machine = std::make_unique<Machine>(backend.registry()); }
+    void letGoIfGone() {
+        try {
+            if (machine)
+                machine->smc.keyCount();
+        } catch (const SMCError&) {
+            machine.reset();
+        }
+    }
+
+    static constexpr TemperatureInputSet everyInput = [] {
+        TemperatureInputSet inputs;
+        for (const TemperatureInput input : allTemperatureInputs)
+            inputs.insert(input);
+        return inputs;
+    }();
+
+    Backend& backend;
+    const Clock& clock;
+    std::unique_ptr<Machine> machine;
+};
+
+/// Prints readings for eyes. The columns are those of what was there at the beginning.
 class Lines {
   public:
-    Lines(const Source& source, const ControlTick& first)
+    Lines(const Source& source, const MachineReading& first)
         : fanCount(first.fans.size()),
           table(columns(source)) {}
 
     void printTitles(std::ostream& out) const { table.printTitles(out); }
-    void print(std::ostream& out, const ControlTick& tick) const {
-        Table::Row row{tick.timeOfDay(), tick.load ? displayText::percent(*tick.load / 100) : "–"};
+    void print(std::ostream& out, const MachineReading& reading) const {
+        Table::Row row{reading.timeOfDay(),
+                       reading.load ? displayText::percent(*reading.load / 100) : "–"};
         for (const TemperatureInput input : inputs) {
-            const auto reading = tick.temperatures.at(input);
-            row.push_back(reading ? displayText::celsius(*reading) : "–");
+            const auto celsius = reading.temperatures.at(input);
+            row.push_back(celsius ? displayText::celsius(*celsius) : "–");
         }
         for (std::size_t i = 0; i < fanCount; ++i)
-            row.push_back(i < tick.fans.size() ? speedText(tick.fans[i].actual) : "–");
+            row.push_back(i < reading.fans.size() ? speedText(reading.fans[i].actual) : "–");
         table.print(out, row);
     }
 
@@ -102,7 +133,7 @@ class Lines {
             columns.push_back({inputs.back().title(), right, 6});
         }
         for (std::size_t i = 0; i < fanCount; ++i)
-            columns.push_back({"Fan " + std::to_string(i + 1), right, 8});
+            columns.push_back({displayText::fan(static_cast<std::int64_t>(i)), right, 8});
         return Table(std::move(columns));
     }
 
@@ -111,12 +142,12 @@ class Lines {
     Table table;
 };
 
-void printLine(const ControlTick& tick, const std::optional<Lines>& lines, Context& context) {
+void printLine(const MachineReading& reading, const std::optional<Lines>& lines, Context& context) {
     if (lines) {
-        lines->print(context.out, tick);
+        lines->print(context.out, reading);
     } else {
         JSONWriter json;
-        write(json, tick);
+        write(json, reading);
         context.out << json.text << '\n';
     }
     context.out.flush();
@@ -139,18 +170,18 @@ ExitStatus perform(const ctl::Monitor& command, Context& context) {
     wait(firstLoad);
     QElapsedTimer start;
     start.start();
-    ControlTick tick = source.read();
+    MachineReading reading = source.read();
     std::optional<Lines> lines;
     if (!context.json) {
-        lines.emplace(source, tick);
+        lines.emplace(source, reading);
         lines->printTitles(context.out);
     }
     for (std::int64_t printed = 1;; ++printed) {
-        printLine(tick, lines, context);
+        printLine(reading, lines, context);
         if (!context.out || printed == command.count)
             return ExitStatus::done;
         wait(untilNext(start, command.interval));
-        tick = source.read();
+        reading = source.read();
     }
 }
 

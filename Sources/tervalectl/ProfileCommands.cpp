@@ -16,18 +16,26 @@ namespace {
 /// A profile and what is wrong with it.
 struct Finding {
     const Profile& profile;
+    /// From 1, in the list.
+    std::size_t position = 0;
     std::vector<std::string> problems;
 };
 
 std::vector<Finding> examine(const std::vector<Profile>& profiles) {
     std::vector<Finding> findings;
     for (const Profile& profile : profiles)
-        findings.push_back({profile, problems(profile, profiles)});
+        findings.push_back({profile, findings.size() + 1, problems(profile, profiles)});
     return findings;
 }
 
 bool isSound(const Finding& finding) {
     return finding.problems.empty();
+}
+
+/// For people; a profile may have no name, which is one of the problems.
+std::string nameOf(const Finding& finding) {
+    const bool blank = finding.profile.name.find_first_not_of(" \t\r\n") == std::string::npos;
+    return blank ? "Profile " + std::to_string(finding.position) : finding.profile.name;
 }
 
 std::string sentences(const Finding& finding) {
@@ -59,8 +67,7 @@ std::string kindText(const Profile& profile) {
 } // namespace
 
 ExitStatus perform(const ctl::ListProfiles&, Context& context) {
-    const auto backend = context.makeBackend();
-    const BridgeState state = Agent(backend->notificationCenter(), context.timeout).state();
+    const BridgeState state = Agent(context).state();
     if (context.json) {
         context.out << encode(state.profiles) << '\n';
         return ExitStatus::done;
@@ -73,8 +80,7 @@ ExitStatus perform(const ctl::ListProfiles&, Context& context) {
 }
 
 ExitStatus perform(const ctl::ExportProfiles& command, Context& context) {
-    const auto backend = context.makeBackend();
-    const BridgeState state = Agent(backend->notificationCenter(), context.timeout).state();
+    const BridgeState state = Agent(context).state();
     files::write(command.file, encode(state.profiles) + '\n', context);
     return ExitStatus::done;
 }
@@ -84,14 +90,13 @@ ExitStatus perform(const ctl::ImportProfiles& command, Context& context) {
     std::string line;
     for (const Finding& finding : examine(profiles)) {
         if (!isSound(finding))
-            line += (line.empty() ? "" : " ") + finding.profile.name + ": " + sentences(finding);
+            line += (line.empty() ? "" : " ") + nameOf(finding) + ": " + sentences(finding);
     }
     if (!line.empty())
         throw refusal(line);
-    const auto backend = context.makeBackend();
-    Agent(backend->notificationCenter(), context.timeout)
-        .carryOut(command::SaveProfiles{profiles},
-                  [&](const BridgeState& state) { return state.profiles == profiles; });
+    Agent agent(context);
+    const auto confirms = [&](const BridgeState& state) { return state.profiles == profiles; };
+    printConfirmation(agent.carryOut(command::SaveProfiles{profiles}, confirms), context);
     return ExitStatus::done;
 }
 
@@ -105,7 +110,7 @@ ExitStatus perform(const ctl::ValidateProfiles& command, Context& context) {
     } else {
         for (const Finding& finding : findings) {
             for (const std::string& problem : finding.problems)
-                context.out << printable(finding.profile.name + ": " + problem) << '\n';
+                context.out << printable(nameOf(finding) + ": " + problem) << '\n';
         }
     }
     return std::ranges::all_of(findings, isSound) ? ExitStatus::done : ExitStatus::refused;

@@ -8,7 +8,7 @@ namespace tervale {
 std::vector<Profile> readProfiles(const std::string& path, Context& context) {
     auto decoded = decode<std::vector<Profile>>(files::read(path, context));
     if (const auto* error = std::get_if<DecodingError>(&decoded))
-        throw refusal("There are no profiles in " + files::nameOf(path) + ": " + error->text());
+        throw refusal("No list of profiles is in " + files::nameOf(path) + ": " + error->text());
     return std::get<std::vector<Profile>>(std::move(decoded));
 }
 

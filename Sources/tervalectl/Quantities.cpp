@@ -60,10 +60,12 @@ std::optional<std::int64_t> quantities::whole(std::string_view text) {
 std::optional<double> quantities::percentage(std::string_view text) {
     if (!text.ends_with('%'))
         return std::nullopt;
-    const auto percent = decimal(text.substr(0, text.size() - 1));
-    if (!percent || *percent > 100)
+    text.remove_suffix(1);
+    if (!decimal(text))
         return std::nullopt;
-    return *percent / 100;
+    // Rounded once, so that 33.3% is the number that 0.333 is.
+    const auto fraction = parse<double>(std::string(text) + "e-2");
+    return fraction && *fraction <= 1 ? fraction : std::nullopt;
 }
 
 std::optional<double> quantities::duration(std::string_view text) {

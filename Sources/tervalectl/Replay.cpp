@@ -4,7 +4,8 @@
 #include "Profiles/DisplayText.h"
 #include "Profiles/JSONCoding.h"
 #include "tervalectl/Bar.h"
-#include "tervalectl/ControlTick.h"
+#include "tervalectl/Files.h"
+#include "tervalectl/MachineReading.h"
 #include "tervalectl/ProfileFile.h"
 #include "tervalectl/Table.h"
 
@@ -26,9 +27,9 @@ struct Outcome {
 
 std::vector<std::string> titles(const TemperatureInputSet& inputs) {
     std::vector<std::string> titles;
-    for (std::size_t position = 0; position < temperatureInputCount; ++position) {
-        if (inputs.contains(temperatureInputAt(position)))
-            titles.push_back(temperatureInputAt(position).title());
+    for (const TemperatureInput input : allTemperatureInputs) {
+        if (inputs.contains(input))
+            titles.push_back(input.title());
     }
     std::ranges::sort(titles);
     return titles;
@@ -54,17 +55,20 @@ class DryRun {
         : selection(std::move(selection)),
           profiles(std::move(profiles)) {}
 
-    Outcome advance(const ControlTick& tick) {
-        const int minute = static_cast<int>(tick.minute);
+    Outcome advance(const MachineReading& reading) {
+        const int minute = static_cast<int>(reading.minute);
         const Needs needs = Controller::needs(selection, profiles, minute);
         const Target target =
-            controller.target(selection, profiles, {tick.temperatures, tick.load, minute});
-        return {tick.time, needs, target, controller.safetyEngaged()};
+            controller.target(selection, profiles, {reading.temperatures, reading.load, minute});
+        const auto* speed = std::get_if<target::Speed>(&target);
+        if (speed && !std::isfinite(speed->fraction))
+            throw refusal("The speed comes to no number.");
+        return {reading.time, needs, target, controller.safetyEngaged()};
     }
     /// The reading that drives the fans, for eyes; a dash where none does.
-    std::string reading(const ControlTick& tick) const {
+    std::string reading(const MachineReading& reading) const {
         const auto resolved =
-            Controller::resolve(selection, profiles, static_cast<int>(tick.minute), 0);
+            Controller::resolve(selection, profiles, static_cast<int>(reading.minute), 0);
         using Resolved = Controller::Resolved;
         return std::visit(
             overloaded{
@@ -72,12 +76,15 @@ class DryRun {
                 [](const Resolved::Fixed&) -> std::string { return "–"; },
                 [&](const Resolved::Temperature& temperature) {
                     return temperature.input.title() + ' ' +
-                           number(tick.temperatures.at(temperature.input), " °C");
+                           number(reading.temperatures.at(temperature.input), " °C");
                 },
-                [&](const Resolved::Load&) { return "Load " + number(tick.load, "%"); },
+                [&](const Resolved::Load&) { return "Load " + number(reading.load, "%"); },
             },
             resolved.value);
     }
+
+    /// Of the trace, from 1.
+    std::int64_t line = 0;
 
   private:
     /// Any number can stand in a file.
@@ -101,7 +108,8 @@ const Table& table() {
     return table;
 }
 
-void print(const Outcome& outcome, const ControlTick& tick, const DryRun& run, Context& context) {
+void print(const Outcome& outcome, const MachineReading& reading, const DryRun& run,
+           Context& context) {
     if (context.json) {
         JSONWriter json;
         write(json, outcome);
@@ -110,24 +118,29 @@ void print(const Outcome& outcome, const ControlTick& tick, const DryRun& run, C
     }
     const auto* speed = std::get_if<target::Speed>(&outcome.target);
     table().print(context.out,
-                  {tick.timeOfDay(), run.reading(tick),
+                  {reading.timeOfDay(), run.reading(reading),
                    speed ? displayText::percent(speed->fraction) : "automatic",
                    speed ? bar::text(speed->fraction) : "", outcome.safety ? "engaged" : ""});
 }
 
+MachineReading readingIn(const std::string& line) {
+    auto decoded = decode<MachineReading>(line);
+    if (const auto* error = std::get_if<DecodingError>(&decoded))
+        throw refusal(error->text());
+    return std::get<MachineReading>(std::move(decoded));
+}
+
 void replay(std::istream& trace, DryRun& run, Context& context) {
-    std::string line;
-    for (std::int64_t number = 1; context.out && std::getline(trace, line); ++number) {
-        if (line.find_first_not_of(" \t\r") == std::string::npos)
+    while (context.out) {
+        ++run.line;
+        const auto line = files::readLine(trace);
+        if (!line)
+            return;
+        if (line->find_first_not_of(" \t\r") == std::string::npos)
             continue;
-        const auto tick = decode<ControlTick>(line);
-        if (const auto* error = std::get_if<DecodingError>(&tick))
-            throw refusal("Line " + std::to_string(number) + ": " + error->text());
-        const ControlTick& reading = std::get<ControlTick>(tick);
+        const MachineReading reading = readingIn(*line);
         print(run.advance(reading), reading, run, context);
     }
-    if (trace.bad())
-        throw refusal("The trace cannot be read to its end.");
 }
 
 } // namespace
@@ -138,13 +151,17 @@ ExitStatus perform(const ctl::Replay& command, Context& context) {
     DryRun run(selection, std::move(profiles));
     std::ifstream file;
     if (command.trace != "-") {
+        files::requireReadable(command.trace);
         file.open(command.trace, std::ios::binary);
-        if (!file)
-            throw refusal("Cannot read " + command.trace + ".");
     }
     if (!context.json)
         table().printTitles(context.out);
-    replay(command.trace == "-" ? context.in : file, run, context);
+    try {
+        replay(command.trace == "-" ? context.in : file, run, context);
+    } catch (const Failure& failure) {
+        throw refusal(files::nameOf(command.trace) + ", line " + std::to_string(run.line) + ": " +
+                      failure.line);
+    }
     return ExitStatus::done;
 }
 

@@ -43,9 +43,13 @@ ExitStatus carryOut(const ctl::Command& command, Context& context, std::ostream&
         context.out.flush();
         return fail(errors, failure.line, failure.status);
     } catch (const SMCError& error) {
-        return fail(errors, error.description, ExitStatus::refused);
+        return fail(errors, "The controller cannot be read: " + error.description,
+                    ExitStatus::refused);
     } catch (const EncodingError&) {
-        return fail(errors, "The agent's state holds a number that is none.", ExitStatus::refused);
+        return fail(errors, "A number that is not finite cannot be written as JSON.",
+                    ExitStatus::refused);
+    } catch (const std::exception& error) {
+        return fail(errors, error.what(), ExitStatus::refused);
     }
 }
 

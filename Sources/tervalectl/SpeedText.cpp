@@ -17,10 +17,6 @@ std::string number(double rpm) {
 
 } // namespace
 
-std::string fanTitle(const Fan& fan) {
-    return "Fan " + std::to_string(fan.index + 1);
-}
-
 std::string speedText(double rpm) {
     return number(rpm) + " RPM";
 }

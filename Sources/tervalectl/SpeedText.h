@@ -6,8 +6,6 @@
 
 namespace tervale {
 
-/// Such as "Fan 1".
-std::string fanTitle(const Fan& fan);
 /// Such as "2317 RPM"; a dash stands for a number that no fan has.
 std::string speedText(double rpm);
 /// Such as "1350–5000 RPM".

@@ -2,6 +2,8 @@
 
 #include "SMC/Precondition.h"
 
+#include <QString>
+
 #include <algorithm>
 #include <utility>
 
@@ -17,19 +19,25 @@ std::size_t width(std::string_view text) {
         text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
 }
 
+/// Whether a terminal acts on it rather than showing it. The joiner that pictures are put together
+/// with does no harm.
+bool isObeyed(QChar character) {
+    constexpr QChar joiner(0x200D);
+    const QChar::Category category = character.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line ||
+           category == QChar::Separator_Paragraph ||
+           (category == QChar::Other_Format && character != joiner);
+}
+
 } // namespace
 
 std::string printable(std::string_view text) {
-    std::string safe;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const bool second =
-            i + 1 < text.size() && byte == 0xC2 && static_cast<unsigned char>(text[i + 1]) < 0xA0;
-        if (second)
-            ++i;
-        safe += second || byte < 0x20 || byte == 0x7F ? ' ' : text[i];
+    QString safe = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    for (QChar& character : safe) {
+        if (isObeyed(character))
+            character = u' ';
     }
-    return safe;
+    return safe.toStdString();
 }
 
 Table::Table(std::vector<Column> columns) : columns(std::move(columns)) {}

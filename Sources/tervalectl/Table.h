@@ -41,7 +41,8 @@ class Table {
     std::vector<Row> rows;
 };
 
-/// The text with every control character replaced.
+/// The text with a blank for every character that a terminal obeys, and with whatever is no UTF-8
+/// repaired.
 std::string printable(std::string_view text);
 
 } // namespace tervale

@@ -20,7 +20,10 @@ ExitStatus run(const ctl::CommandLine::Run& run) {
 
 ExitStatus print(const std::string& text) {
     std::cout << text << std::flush;
-    return std::cout ? ExitStatus::done : ExitStatus::refused;
+    if (std::cout)
+        return ExitStatus::done;
+    complain(std::cerr, "The output cannot be written.");
+    return ExitStatus::refused;
 }
 
 } // namespace

@@ -82,7 +82,7 @@ TEST_F(CtlProgramTest, TellsHowItEnded) {
     EXPECT_EQ(run({"frobnicate"}), 2);
     EXPECT_EQ(errors, "tervalectl: There is no command 'frobnicate'. See --help.\n");
     EXPECT_EQ(run({"state", "--timeout", "0.1"}), 3);
-    EXPECT_EQ(errors, "tervalectl: Tervale in the menu bar did not answer within 0.1 s.\n");
+    EXPECT_EQ(errors, "tervalectl: The agent in the menu bar did not answer within 0.1 s.\n");
     EXPECT_EQ(run({"fans"}), 1);
     EXPECT_EQ(errors.count('\n'), 1);
 }

@@ -18,6 +18,11 @@ TEST(DisplayText, WritesFractionsInWholePercent) {
     EXPECT_EQ(displayText::percent(1e18), "100000000000000000000%");
 }
 
+TEST(DisplayText, CountsFansFromOne) {
+    EXPECT_EQ(displayText::fan(0), "Fan 1");
+    EXPECT_EQ(displayText::fan(9), "Fan 10");
+}
+
 TEST(DisplayText, NamesActions) {
     const Profile quiet{UUID::random(), "Quiet", kind::Load{}};
     const std::vector<Profile> profiles{quiet};

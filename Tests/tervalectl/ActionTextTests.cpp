@@ -55,4 +55,8 @@ TEST(ActionText, RefusesProfilesThatAreMissingOrAmbiguous) {
     EXPECT_EQ(refusalOf("Quiet", {named("quiet")}), "There is no profile 'Quiet'.");
     EXPECT_EQ(refusalOf("Quiet", {named("Quiet"), named("Quiet")}),
               "Several profiles are named 'Quiet'; give the id.");
+    const Profile quiet = named("Quiet");
+    Profile twin = named("Twin");
+    twin.id = quiet.id;
+    EXPECT_EQ(refusalOf("Twin", {quiet, twin}), "Another profile has the id of 'Twin'.");
 }

@@ -35,7 +35,7 @@ QStringList wordsOf(const CommandDescription& description) {
 TEST(CtlCommandLine, ReadsEveryCommand) {
     EXPECT_EQ(command({"fans"}), Command(Fans{}));
     EXPECT_EQ(command({"sensors"}), Command(Sensors{}));
-    EXPECT_EQ(command({"sensors", "--group", "gpu", "tg", "0"}),
+    EXPECT_EQ(command({"sensors", "--group", "GPU", "tg", "0"}),
               Command(Sensors{SensorGroup(SensorGroup::gpu), "tg 0"}));
     EXPECT_EQ(command({"monitor", "--interval", "0.5", "--count=3"}), Command(Monitor{0.5, 3}));
     EXPECT_EQ(command({"state"}), Command(State{}));
@@ -75,6 +75,12 @@ TEST(CtlCommandLine, HasHelpForTheProgramAndForEachCommand) {
         for (const std::string_view option : description.options)
             EXPECT_NE(text.find("--" + std::string(option)), std::string::npos) << option;
     }
+    const auto group = parse({"profiles", "--help"});
+    EXPECT_NE(std::get<CommandLine::Print>(group).text.find("profiles import FILE"),
+              std::string::npos);
+    EXPECT_EQ(parse({"help", "profiles"}), group);
+    EXPECT_EQ(parse({"help"}), parse({"--help"}));
+    EXPECT_EQ(parse({"help", "fans"}), parse({"fans", "--help"}));
     EXPECT_EQ(parse({"--version"}), CommandLine::Request(CommandLine::ShowVersion{}));
 }
 
@@ -89,15 +95,35 @@ TEST(CtlCommandLine, DescribesEveryCommandAndOptionOnce) {
     }
 }
 
+TEST(CtlCommandLine, DescribesEveryOptionOnceAndForSomeCommand) {
+    std::set<std::string_view> names;
+    for (const OptionDescription& option : allOptions()) {
+        EXPECT_TRUE(names.insert(option.name).second) << option.name;
+        EXPECT_TRUE(option.name == "version" ||
+                    std::ranges::any_of(allCommands(),
+                                        [&](const CommandDescription& command) {
+                                            return takes(command, option.name);
+                                        }))
+            << option.name;
+    }
+}
+
 TEST(CtlCommandLine, RefusesWhatItDoesNotUnderstand) {
     EXPECT_EQ(refusal({}), "A command is missing.");
     EXPECT_EQ(refusal({"fan"}), "There is no command 'fan'.");
-    EXPECT_EQ(refusal({"profiles"}), "'profiles' needs a word more, such as 'profiles list'.");
+    EXPECT_EQ(refusal({"profiles"}), "'profiles' needs a word more.");
     EXPECT_EQ(refusal({"profiles", "burn"}), "There is no command 'profiles burn'.");
     EXPECT_EQ(refusal({"fans", "now"}), "Unexpected argument 'now'.");
     EXPECT_EQ(refusal({"fans", "--count", "1"}), "'fans' takes no --count.");
     EXPECT_EQ(refusal({"replay", "--simulate"}), "'replay' takes no --simulate.");
-    EXPECT_EQ(refusal({"sensors", "--group", "CPU"}), "There is no group 'CPU'.");
+    EXPECT_EQ(refusal({"profiles list"}), "There is no command 'profiles list'.");
+    EXPECT_EQ(refusal({"help", "fan"}), "There is no command 'fan'.");
+    EXPECT_EQ(refusal({"sensors", "--group", "CPUs"}),
+              "There is no group 'CPUs': cpu, gpu, memory, ssd, power, other.");
+    EXPECT_EQ(refusal({"monitor", "--interval", "0.001"}),
+              "--interval takes no less than 0.01 seconds.");
+    EXPECT_EQ(refusal({"replay", "--profiles", "p", "--selection", "profile", "Quiet"}),
+              "'profile' is no action: automatic, max, N%, 'profile NAME' in quotes, or JSON.");
     EXPECT_EQ(refusal({"monitor", "--interval", "0"}),
               "--interval takes seconds above 0 up to a day, not '0'.");
     EXPECT_EQ(refusal({"monitor", "--count", "-1"}), "--count takes a whole number, not '-1'.");

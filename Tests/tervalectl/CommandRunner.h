@@ -39,9 +39,9 @@ class CommandRunner {
         const auto request = ctl::CommandLine::parse(QStringList{"tervalectl"} + arguments);
         const auto& chosen = std::get<ctl::CommandLine::Run>(request);
         Context context{
-            in,    out,
-            clock, chosen.json,
-            0.05,  [this] { return std::make_unique<LentBackend>(*registry, center, mac); }};
+            in,      out,
+            clock,   chosen.json,
+            timeout, [this] { return std::make_unique<LentBackend>(*registry, center, mac); }};
         const ExitStatus status = carryOut(chosen.command, context, err);
         output = out.str();
         errors = err.str();
@@ -52,6 +52,8 @@ class CommandRunner {
     IORegistry* registry = &mac;
     SimulatedClock clock{{12 * 3600.0}};
     InProcessNotificationCenter center{&Backend::runOnMainThread};
+    /// In seconds, for the agent; in place of the option.
+    double timeout = 10;
     std::string output;
     std::string errors;
 };

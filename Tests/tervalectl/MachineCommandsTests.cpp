@@ -2,12 +2,13 @@
 #include "SMC/SMCCodec.h"
 #include "SMC/SMCStructure.h"
 #include "tervalectl/CommandRunner.h"
-#include "tervalectl/ControlTick.h"
+#include "tervalectl/MachineReading.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 
 using namespace tervale;
 
@@ -44,6 +45,32 @@ class UnpluggingRegistry final : public IORegistry {
   private:
     SimulatedMac& mac;
     std::string key;
+};
+
+/// The controller is gone from the first reading of a fan on, until somebody looks for it again.
+class VanishingRegistry final : public IORegistry {
+  public:
+    explicit VanishingRegistry(SimulatedMac& mac) : mac(mac) {}
+
+    std::optional<Service> findService(const std::string& className) override {
+        ++openings;
+        return mac.findService(className);
+    }
+    Status open(Service service, std::uint32_t type, Connection& connection) override {
+        return mac.open(service, type, connection);
+    }
+    void release(Service service) override { mac.release(service); }
+    Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
+                      Structure& response) override {
+        gone = gone || SMCStructure::fromBytes(request).key == SMCCodec::fourCC("F0Ac");
+        return gone && openings < 2 ? 1 : mac.callStruct(connection, selector, request, response);
+    }
+    void close(Connection connection) override { mac.close(connection); }
+
+  private:
+    SimulatedMac& mac;
+    int openings = 0;
+    bool gone = false;
 };
 
 } // namespace
@@ -104,8 +131,8 @@ TEST_F(MachineCommands, FailInOneLineWithoutAController) {
 TEST_F(MachineCommands, MonitorWritesLinesThatReplayReads) {
     ASSERT_EQ(run({"monitor", "--json", "--count", "2", "--interval", "0.01"}), ExitStatus::done);
     ASSERT_EQ(lines(), 2U);
-    const auto decoded = decode<ControlTick>(output.substr(0, output.find('\n')));
-    const ControlTick& tick = std::get<ControlTick>(decoded);
+    const auto decoded = decode<MachineReading>(output.substr(0, output.find('\n')));
+    const MachineReading& tick = std::get<MachineReading>(decoded);
     EXPECT_EQ(tick.time, 12 * 3600.0 + Date::referenceSinceUnixEpoch);
     EXPECT_EQ(tick.minute, 720);
     EXPECT_EQ(tick.load, mac.load());
@@ -129,15 +156,35 @@ TEST_F(MachineCommands, MonitorGoesOnWhereTheFansFail) {
     EXPECT_TRUE(output.ends_with("\"fans\":[]}\n")) << output;
 }
 
-TEST(ControlTick, LeavesOutWhatIsNotKnown) {
-    ControlTick tick;
+TEST_F(MachineCommands, MonitorFindsTheControllerAgain) {
+    VanishingRegistry vanishing(mac);
+    registry = &vanishing;
+    ASSERT_EQ(run({"monitor", "--json", "--count", "3", "--interval", "0.01"}), ExitStatus::done);
+    std::vector<bool> hasFans;
+    std::istringstream stream(output);
+    for (std::string line; std::getline(stream, line);)
+        hasFans.push_back(!line.ends_with("\"fans\":[]}"));
+    EXPECT_EQ(hasFans, (std::vector<bool>{false, true, true})) << output;
+}
+
+TEST(MachineReading, SurvivesTheJourneyThroughALine) {
+    MachineReading reading{12.5,
+                           8,
+                           30,
+                           {{TemperatureInput::averageOf(SensorGroup::ssd), 40.25}},
+                           {{1, 2000, 2100, 1200, 5000, true}}};
+    EXPECT_EQ(std::get<MachineReading>(decode<MachineReading>(encode(reading))), reading);
+}
+
+TEST(MachineReading, LeavesOutWhatIsNotKnown) {
+    MachineReading tick;
     tick.fans = {{.actual = std::nan("")}};
     EXPECT_EQ(encode(tick), R"({"time":0,"minute":0,"temperatures":{},)"
                             R"("fans":[{"index":0,"target":0,"min":0,"max":0,"manual":false}]})");
 }
 
-TEST(ControlTick, TellsTheTimeOfAnyTick) {
-    EXPECT_EQ((ControlTick{90, 485}.timeOfDay()), "08:05:30");
-    EXPECT_EQ((ControlTick{-1, 0}.timeOfDay()), "00:00:59");
-    EXPECT_EQ((ControlTick{1e300, 1439}.timeOfDay()).size(), 8U);
+TEST(MachineReading, TellsTheTimeOfAnyTick) {
+    EXPECT_EQ((MachineReading{90, 485}.timeOfDay()), "08:05:30");
+    EXPECT_EQ((MachineReading{-1, 0}.timeOfDay()), "00:00:59");
+    EXPECT_EQ((MachineReading{1e300, 1439}.timeOfDay()).size(), 8U);
 }

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 
 using namespace tervale;
@@ -17,37 +17,56 @@ std::string read(const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string manual() {
-    std::string text = read("man/tervalectl.1");
-    std::erase(text, '\\');
-    return text;
+/// The manual's headings of commands and options, one a line, without what makes them bold.
+std::string headings() {
+    std::istringstream text(read("man/tervalectl.1.in"));
+    std::string found = "\n";
+    for (std::string line; std::getline(text, line);) {
+        if (line != ".TP" || !std::getline(text, line))
+            continue;
+        for (const char* mark : {".B ", "\\fB", "\\fR", "\\fI", "\\"}) {
+            for (auto at = line.find(mark); at != std::string::npos; at = line.find(mark))
+                line.erase(at, std::string_view(mark).size());
+        }
+        found += line + '\n';
+    }
+    return found;
 }
 
-void expectWords(const std::string& text, std::string_view name) {
-    while (!name.empty()) {
-        const auto word = name.substr(0, name.find(' '));
-        EXPECT_NE(text.find(word), std::string::npos) << word;
-        name.remove_prefix(std::min(name.size(), word.size() + 1));
+/// Whether a heading begins so, or names it after another option.
+bool hasHeading(const std::string& headings, const std::string& name) {
+    for (const char* before : {"\n", ", "}) {
+        for (const char* after : {"\n", " ", ","}) {
+            if (headings.find(before + name + after) != std::string::npos)
+                return true;
+        }
     }
+    return false;
 }
 
 } // namespace
 
 TEST(Packaging, ExplainsEveryCommandAndOptionInTheManual) {
-    const std::string text = manual();
+    const std::string text = headings();
     for (const ctl::CommandDescription& command : ctl::allCommands())
-        EXPECT_NE(text.find(command.name), std::string::npos) << command.name;
+        EXPECT_TRUE(hasHeading(text, std::string(command.name))) << command.name;
     for (const ctl::OptionDescription& option : ctl::allOptions())
-        EXPECT_NE(text.find("--" + std::string(option.name)), std::string::npos) << option.name;
+        EXPECT_TRUE(hasHeading(text, "--" + std::string(option.name))) << option.name;
+    EXPECT_FALSE(hasHeading(text, "frobnicate"));
 }
 
-TEST(Packaging, CompletesEveryCommandAndOption) {
-    for (const char* name : {"completions/tervalectl.bash", "completions/_tervalectl"}) {
-        const std::string text = read(name);
-        for (const ctl::CommandDescription& command : ctl::allCommands())
-            expectWords(text, command.name);
-        for (const ctl::OptionDescription& option : ctl::allOptions())
-            EXPECT_NE(text.find("--" + std::string(option.name)), std::string::npos)
-                << name << option.name;
+TEST(Packaging, CompletesEveryCommandAndOptionInZsh) {
+    const std::string text = read("completions/_tervalectl");
+    for (const ctl::CommandDescription& command : ctl::allCommands()) {
+        const auto space = command.name.find(' ');
+        const std::string first(command.name.substr(0, space));
+        EXPECT_TRUE(text.find("'" + first + ":") != std::string::npos ||
+                    text.find("\"" + first + ":") != std::string::npos)
+            << command.name;
+        const auto second = space == std::string_view::npos ? "" : command.name.substr(space + 1);
+        EXPECT_NE(text.find(second, text.find("command:(list")), std::string::npos) << command.name;
     }
+    for (const ctl::OptionDescription& option : ctl::allOptions())
+        EXPECT_NE(text.find("--" + std::string(option.name) + "["), std::string::npos)
+            << option.name;
 }

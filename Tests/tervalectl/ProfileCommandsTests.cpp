@@ -81,7 +81,35 @@ TEST_F(ProfileCommands, RefuseToImportProfilesWithProblems) {
     EXPECT_TRUE(agent.heard.empty());
 }
 
+TEST_F(ProfileCommands, TellWhichProfileHasNoName) {
+    std::vector<Profile> profiles{quiet, busy};
+    profiles[1].name = " ";
+    EXPECT_EQ(run({"profiles", "validate", "-"}, encode(profiles)), ExitStatus::refused);
+    EXPECT_TRUE(output.starts_with("Profile 2: ")) << output;
+}
+
+TEST_F(ProfileCommands, ReplaceAFileThatIsThere) {
+    ASSERT_EQ(run({"profiles", "export", file("p.json")}), ExitStatus::done);
+    agent.state.profiles.clear();
+    ASSERT_EQ(run({"profiles", "export", file("p.json")}), ExitStatus::done);
+    EXPECT_EQ(content("p.json"), "[]\n");
+}
+
+TEST_F(ProfileCommands, RefuseWhatIsTooLargeToBeProfiles) {
+    EXPECT_EQ(run({"profiles", "validate", "/dev/zero"}), ExitStatus::refused);
+    EXPECT_EQ(errors, "tervalectl: There are more than 16 MiB in /dev/zero.\n");
+    EXPECT_EQ(run({"profiles", "validate", "-"}, std::string(17'000'000, ' ')),
+              ExitStatus::refused);
+}
+
+TEST_F(ProfileCommands, PrintTheStateThatConfirmsAnImport) {
+    ASSERT_EQ(run({"profiles", "import", "--json", "-"}, encode(std::vector{busy})),
+              ExitStatus::done);
+    EXPECT_EQ(output, encode(agent.state) + '\n');
+}
+
 TEST_F(ProfileCommands, TellThatTheAgentKeptItsProfiles) {
+    timeout = 0.05;
     agent.obey = nullptr;
     EXPECT_EQ(run({"profiles", "import", "-"}, encode(std::vector{busy})), ExitStatus::refused);
     EXPECT_TRUE(errors.starts_with("tervalectl: The agent did not take the command.")) << errors;
@@ -105,7 +133,7 @@ TEST_F(ProfileCommands, SayWhatIsWrongWithAFile) {
     EXPECT_EQ(run({"profiles", "validate", file("absent")}), ExitStatus::refused);
     EXPECT_NE(errors.find("Cannot read"), std::string::npos) << errors;
     EXPECT_EQ(run({"profiles", "validate", "-"}, R"([{"id":7}])"), ExitStatus::refused);
-    EXPECT_TRUE(errors.starts_with("tervalectl: There are no profiles in standard input: "))
+    EXPECT_TRUE(errors.starts_with("tervalectl: No list of profiles is in standard input: "))
         << errors;
     EXPECT_EQ(run({"profiles", "export", file("absent/p.json")}), ExitStatus::refused);
     EXPECT_NE(errors.find("Cannot write"), std::string::npos) << errors;

@@ -8,6 +8,7 @@ TEST(Quantities, TakePercentagesFrom0To100) {
     EXPECT_EQ(quantities::percentage("0%"), 0.0);
     EXPECT_EQ(quantities::percentage("40%"), 0.4);
     EXPECT_EQ(quantities::percentage("12.5%"), 0.125);
+    EXPECT_EQ(quantities::percentage("33.3%"), 0.333);
     EXPECT_EQ(quantities::percentage("100%"), 1.0);
     for (const char* text : {"", "%", "40", "101%", "-1%", "+1%", "1e1%", " 4%", "4 %", "4%%",
                              ".5%", "5.%", "0x1%", "nan%", "1,5%"})

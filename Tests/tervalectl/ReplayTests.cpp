@@ -101,12 +101,50 @@ TEST_F(ReplayTest, RefusesAMalformedLineWithItsNumber) {
                              R"({"time":"1","minute":1,"temperatures":{}})",
                              R"({"time":1,"minute":1,"temperatures":{"CPU hottest":"hot"}})",
                              R"({"time":1,"minute":1,"temperatures":[]})",
-                             R"({"time":1,"minute":1,"load":[],"temperatures":{}})", "\xFF"}) {
+                             R"({"time":1,"minute":1,"load":[],"temperatures":{}})",
+                             R"({"time":1,"minute":1,"load":100.1,"temperatures":{}})",
+                             R"({"time":1,"minute":1,"temperatures":{"CPU Hottest":50}})",
+                             R"({"time":1,"minute":1,"temperatures":{},"fans":7})",
+                             R"({"time":1,"minute":1,"temperatures":{},"fans":[{}]})", "\xFF"}) {
         EXPECT_EQ(replay("max", tick(1, "") + "\n" + line + "\n" + tick(2, "")),
                   ExitStatus::refused);
-        EXPECT_TRUE(errors.starts_with("tervalectl: Line 3: ")) << errors;
+        EXPECT_TRUE(errors.starts_with("tervalectl: standard input, line 3: ")) << errors;
         EXPECT_EQ(std::ranges::count(output, '\n'), 1) << "what came before stands";
     }
+}
+
+TEST_F(ReplayTest, ReadsLinesHoweverTheyEnd) {
+    std::string trace = tick(1, "") + tick(2, "");
+    trace.insert(trace.find('\n'), "\r");
+    trace.pop_back();
+    ASSERT_EQ(replay("max", trace), ExitStatus::done);
+    EXPECT_EQ(std::ranges::count(output, '\n'), 2);
+}
+
+TEST_F(ReplayTest, FollowsAScheduleOverItsEdge) {
+    const Profile nights{UUID::random(), "Nights",
+                         kind::Schedule{{{600, 601, action::Profile{byLoad.id}}}}};
+    std::ofstream(folder.path / "p.json") << encode(std::vector{nights, byLoad});
+    std::string later = tick(61, "", ",\"load\":50");
+    later.replace(later.find("600"), 3, "601");
+    ASSERT_EQ(replay("profile Nights", tick(1, "", ",\"load\":50") + later), ExitStatus::done);
+    const std::size_t first = output.find(R"("needsLoad":true,"target":0.5,)");
+    const std::size_t second = output.find(R"("needsLoad":false,"target":"automatic",)");
+    EXPECT_LT(first, second);
+    EXPECT_NE(second, std::string::npos) << output;
+}
+
+TEST_F(ReplayTest, RefusesASpeedThatIsNoNumber) {
+    const Profile wild{UUID::random(), "Wild",
+                       kind::Load{Curve{{{-1e308, -1e308}, {1e308, 1e308}}}}};
+    std::ofstream(folder.path / "p.json") << encode(std::vector{wild});
+    EXPECT_EQ(replay("profile Wild", tick(1, "", ",\"load\":50")), ExitStatus::refused);
+    EXPECT_EQ(errors, "tervalectl: standard input, line 1: The speed comes to no number.\n");
+}
+
+TEST_F(ReplayTest, RefusesEndlessLines) {
+    EXPECT_EQ(replay("max", std::string(17'000'000, ' ')), ExitStatus::refused);
+    EXPECT_EQ(errors, "tervalectl: standard input, line 1: A line is longer than 16 MiB.\n");
 }
 
 TEST_F(ReplayTest, TakesWhatMonitorWrites) {

@@ -31,7 +31,9 @@ TEST(Table, LetsNothingThroughThatATerminalObeys) {
                         "b\xC2\x9B"
                         "c"),
               "a [2J   b c");
-    EXPECT_EQ(printable("48 °C – ü"), "48 °C – ü");
+    EXPECT_EQ(printable("a\u202Eb\u2028c\u200Ed"), "a b c d");
+    EXPECT_EQ(printable("a\xFF"), "a\uFFFD");
+    EXPECT_EQ(printable("48 °C – ü 👩‍🔧"), "48 °C – ü 👩‍🔧");
 }
 
 TEST(Bar, IsAsLongAsTheFraction) {

@@ -1,6 +1,7 @@
-# Checks what the completion offers. Usage: completion.bash COMPLETION
+# Checks what the completion offers. Usage: completion.bash COMPLETION PROGRAM
 set -u
 source "$1"
+program=$2
 failures=0
 
 # The agent's profiles, without an agent.
@@ -32,4 +33,20 @@ expect 'tervalectl sensors --group g' 'gpu'
 expect 'tervalectl monitor --i' '--interval'
 expect 'tervalectl replay --s' '--selection'
 expect 'tervalectl profiles validate --' '--json --help'
+
+# Every command, with all the options that it takes.
+names=$("$program" --help | sed -n 's/^  \([a-z-]*\( [a-z]*\)\?\) .*/\1/p' | sed 's/ *$//')
+[[ $names == *'launch-at-login'* && $names == *'profiles import'* ]] || failures=$((failures + 1))
+while read -r name; do
+    options=$("$program" $name --help | sed -n 's/^  \(--[a-z]*\).*/\1/p' | sort | tr '\n' ' ')
+    COMP_WORDS=(tervalectl $name --)
+    COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+    COMPREPLY=()
+    _tervalectl
+    offered=$(printf '%s\n' "${COMPREPLY[@]}" | sort | tr '\n' ' ')
+    if [[ $offered != "$options" ]]; then
+        echo "'$name' offers $offered, and takes $options" >&2
+        failures=$((failures + 1))
+    fi
+done <<<"$names"
 exit "$failures"

@@ -1,7 +1,7 @@
 # Completion of tervalectl for bash.
 
 _tervalectl_profiles() {
-    # Names and ids of the agent's profiles; nothing if it does not answer.
+    # Ids of the agent's profiles; nothing if it does not answer.
     tervalectl profiles list --json --timeout 0.3 2>/dev/null |
         grep -o '"id":"[^"]*"' | cut -d '"' -f 4
 }
@@ -51,7 +51,7 @@ _tervalectl() {
     fans) options='--json --simulate --socket --help' ;;
     sensors) options='--group --json --simulate --socket --help' ;;
     monitor) options='--interval --count --json --simulate --socket --help' ;;
-    state | cancel-timer | check-for-updates | 'profiles list')
+    state | cancel-timer | check-for-updates | 'profiles list' | 'profiles export' | 'profiles import')
         options='--json --timeout --simulate --socket --help' ;;
     select | timer)
         options='--json --timeout --simulate --socket --help'
@@ -63,8 +63,6 @@ _tervalectl() {
     launch-at-login)
         options='--json --timeout --simulate --socket --help'
         ((${#words[@]} == 1)) && arguments='on off' ;;
-    'profiles export' | 'profiles import')
-        options='--timeout --simulate --socket --help' ;;
     'profiles validate') options='--json --help' ;;
     replay) options='--profiles --selection --json --help' ;;
     *) return ;;

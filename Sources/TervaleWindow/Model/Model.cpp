@@ -185,9 +185,9 @@ bool moved(const Model::Readings& readings, const Model::Readings& from) {
 }
 
 bool moved(const TemperatureReadings& readings, const TemperatureReadings& from) {
-    for (std::size_t position = 0; position < temperatureInputCount; ++position) {
-        const auto value = readings.at(temperatureInputAt(position));
-        const auto old = from.at(temperatureInputAt(position));
+    for (const TemperatureInput input : allTemperatureInputs) {
+        const auto value = readings.at(input);
+        const auto old = from.at(input);
         if (value.has_value() != old.has_value() ||
             (value && movedBy(Model::temperatureStep, *value, *old)))
             return true;

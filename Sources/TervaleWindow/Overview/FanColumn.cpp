@@ -1,5 +1,6 @@
 #include "TervaleWindow/Overview/FanColumn.h"
 
+#include "Profiles/DisplayText.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Gauges/FanDial.h"
 
@@ -16,7 +17,7 @@ FanColumn::FanColumn(QWidget* parent)
       number(new TextLabel({}, TextStyle::caption(), TextColor::secondary, this)) {}
 
 void FanColumn::show(const Model::DisplayFan& fan, Caption caption) {
-    const QString title = QStringLiteral("Fan %1").arg(fan.index + 1);
+    const QString title = QString::fromStdString(displayText::fan(fan.index));
     dial->setAccessibleName(title);
     dial->set({fan.actual, fan.target, fan.min, fan.max, fan.manual});
     number->setText(title);

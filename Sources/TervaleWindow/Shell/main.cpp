@@ -1,3 +1,4 @@
+#include "TervaleWindow/Shell/ApplicationIcon.h"
 #include "TervaleWindow/Shell/CommandLine.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
 #include "TervaleWindow/Shell/TervaleWindowApp.h"
@@ -48,6 +49,8 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(QStringLiteral("Tervale"));
     QApplication::setApplicationVersion(QStringLiteral(TERVALE_VERSION));
+    QApplication::setDesktopFileName(QString::fromLatin1(desktopEntry));
+    QApplication::setWindowIcon(applicationIcon());
     useSystemAppearance(application);
     auto backend = makeBackend(request);
     if (!backend)

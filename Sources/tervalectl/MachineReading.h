@@ -13,7 +13,7 @@
 namespace tervale {
 
 /// What a machine read at one time: a line that `monitor` writes and `replay` takes.
-struct ControlTick {
+struct MachineReading {
     /// Seconds since 1970-01-01 00:00:00 UTC.
     double time = 0;
     /// The local minute of the day, 0 to 1439.
@@ -26,17 +26,18 @@ struct ControlTick {
     /// The time of day, such as "08:05:30".
     std::string timeOfDay() const;
 
-    bool operator==(const ControlTick&) const = default;
+    bool operator==(const MachineReading&) const = default;
 };
 
 /// A speed that is not finite is left out.
 void write(JSONWriter& json, const Fan& fan);
 void write(JSONWriter& json, const TemperatureReadings& readings);
-void write(JSONWriter& json, const ControlTick& tick);
+void write(JSONWriter& json, const MachineReading& tick);
 
-/// Temperatures under other names than an input's title are ignored.
+Fan read(const JSONReader& json, Type<Fan>);
+/// Fails for a name that is no input's title.
 TemperatureReadings read(const JSONReader& json, Type<TemperatureReadings>);
-/// Reads all but the fans, which nobody needs to know what the fans should do.
-ControlTick read(const JSONReader& json, Type<ControlTick>);
+/// The fans may be missing; nobody needs to know them to tell what they should do.
+MachineReading read(const JSONReader& json, Type<MachineReading>);
 
 } // namespace tervale
