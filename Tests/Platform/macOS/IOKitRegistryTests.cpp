@@ -10,6 +10,7 @@
 #include <algorithm>
 
 using namespace tervale;
+using tervale::test::errorOf;
 
 namespace {
 
