@@ -7,15 +7,9 @@ function(tervale_add_tool_test name)
     if(TERVALE_TOOL_${arg_TOOL})
         add_test(NAME ${name} COMMAND ${arg_COMMAND})
     else()
-        tervale_add_missing_tool_test(${name} ${arg_TOOL})
+        add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -DTOOL=${arg_TOOL}
+            -P ${PROJECT_SOURCE_DIR}/cmake/MissingTool.cmake)
+        set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION "^skipped: ")
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT 120)
-endfunction()
-
-# tervale_add_missing_tool_test(<test> <tool>)
-# Stands in for a test whose tool is missing.
-function(tervale_add_missing_tool_test name tool)
-    add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -DTOOL=${tool}
-        -P ${PROJECT_SOURCE_DIR}/cmake/MissingTool.cmake)
-    set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION "^skipped: ")
 endfunction()

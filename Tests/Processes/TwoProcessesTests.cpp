@@ -75,6 +75,7 @@ TEST_F(TwoProcessesTest, GoOnWithAnAgentThatDiesAndReturns) {
     EXPECT_EQ(model->selection(), Action(action::Fixed{0.25}));
     const SimulatorProgram returned(bus);
     EXPECT_TRUE(selects(action::Fixed{0.75}));
+    EXPECT_TRUE(eventually([&] { return model->fans().size() == 2; }));
 }
 
 TEST_F(TwoProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {

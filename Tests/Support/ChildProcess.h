@@ -26,6 +26,9 @@ class ChildProcess {
     const QByteArray& output();
     const QByteArray& errors();
     bool says(const QByteArray& text);
+    /// To its standard input.
+    void write(const QByteArray& text) { process.write(text); }
+    void closeInput() { process.closeWriteChannel(); }
 
     void send(int signal) const;
     /// False if it does not end in time.

@@ -53,6 +53,13 @@ class SocketRegistry::Link {
             socket.close();
     }
 
+    bool isLost() const { return !socket; }
+
+    Status open(std::uint32_t type) {
+        Structure unused{};
+        return request({.operation = Operation::open, .number = type}, unused);
+    }
+
     Status request(const Request& request, Structure& response) {
         const Instant deadline = std::chrono::steady_clock::now() + patience;
         Reply reply;
@@ -131,13 +138,25 @@ IORegistry::Status SocketRegistry::open(Service service, std::uint32_t type,
         link = find(found->second.className);
     if (!link)
         return notAttached;
-    Structure unused{};
-    const Status status = link->request({.operation = Operation::open, .number = type}, unused);
+    const Status status = link->open(type);
     if (status != 0)
         return status;
-    connections.emplace(++lastHandle, std::move(link));
+    connections.emplace(++lastHandle,
+                        OpenConnection{found->second.className, type, std::move(link)});
     connection = lastHandle;
     return status;
+}
+
+void SocketRegistry::restore(OpenConnection& connection) {
+    // Whoever accepts no connection or answers none would otherwise hold up every call anew.
+    constexpr int pause = 4;
+    if (std::chrono::steady_clock::now() < connection.nextAttempt)
+        return;
+    std::unique_ptr<Link> link = find(connection.className);
+    if (link && link->open(connection.type) == 0)
+        connection.link = std::move(link);
+    else
+        connection.nextAttempt = std::chrono::steady_clock::now() + pause * patience;
 }
 
 void SocketRegistry::release(Service service) {
@@ -149,7 +168,9 @@ IORegistry::Status SocketRegistry::callStruct(Connection connection, std::uint32
     const auto found = connections.find(connection);
     if (found == connections.end())
         return notOpen;
-    return found->second->request(
+    if (found->second.link->isLost())
+        restore(found->second);
+    return found->second.link->request(
         {.operation = Operation::exchange, .number = selector, .structure = request}, response);
 }
 

@@ -14,7 +14,8 @@ namespace tervale {
 /// to the process's socket, without which there is no service.
 ///
 /// A call waits for the other process only so long. While an answer is overdue, further calls fail
-/// at once; when it comes after all, they go on. One thread at a time.
+/// at once; when it comes after all, they go on. Where the other process is gone, calls fail until
+/// one in its place serves the socket, and then go on too. One thread at a time.
 class SocketRegistry final : public IORegistry {
   public:
     static constexpr std::chrono::milliseconds defaultPatience{1000};
@@ -38,13 +39,22 @@ class SocketRegistry final : public IORegistry {
         std::unique_ptr<Link> link;
     };
 
+    struct OpenConnection {
+        std::string className;
+        std::uint32_t type = 0;
+        std::unique_ptr<Link> link;
+        /// Before that, a link that is lost is not made anew.
+        std::chrono::steady_clock::time_point nextAttempt{};
+    };
+
     /// A link to a service of the class; null if there is none.
     std::unique_ptr<Link> find(const std::string& className) const;
+    void restore(OpenConnection& connection);
 
     std::filesystem::path path;
     std::chrono::milliseconds patience;
     std::map<Service, FoundService> services;
-    std::map<Connection, std::unique_ptr<Link>> connections;
+    std::map<Connection, OpenConnection> connections;
     std::uint32_t lastHandle = 0;
 };
 

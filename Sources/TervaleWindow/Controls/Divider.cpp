@@ -15,7 +15,7 @@ Divider::Divider(Qt::Orientation orientation, QWidget* parent) : QWidget(parent)
 }
 
 void Divider::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(rect(), Colors::of(palette()).line);
+    QPainter(this).fillRect(contentsRect(), Colors::of(palette()).line);
 }
 
 } // namespace tervale

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QStyleOption>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -26,7 +27,13 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
     installAccessibleControls();
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    // With another policy the box resizes itself a moment after its entries changed, past its
+    // layout.
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(model(), changed, this, &PopUpButton::updateGeometry);
+    connect(model(), &QAbstractItemModel::dataChanged, this, &PopUpButton::updateGeometry);
+    connect(model(), &QAbstractItemModel::modelReset, this, &PopUpButton::updateGeometry);
     setMaxVisibleItems(mostVisibleEntries);
     setItemDelegate(new MenuRowDelegate(this));
     // The panel around the list shines through.
@@ -36,8 +43,15 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
 }
 
 QSize PopUpButton::sizeHint() const {
-    const QSize natural = QComboBox::sizeHint();
-    return {std::max(natural.width(), minimumContentWidth), natural.height()};
+    int widest = 0;
+    for (int entry = 0; entry < count(); ++entry)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(entry)));
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const int height = QComboBox::sizeHint().height();
+    const QSize natural =
+        style()->sizeFromContents(QStyle::CT_ComboBox, &option, {widest, height}, this);
+    return {std::max(natural.width(), minimumContentWidth), height};
 }
 
 QSize PopUpButton::minimumSizeHint() const {

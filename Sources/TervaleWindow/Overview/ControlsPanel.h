@@ -18,8 +18,8 @@ class ModeButton;
 class PopUpButton;
 class SymbolLabel;
 
-/// Every way to change what drives the fans. Each control sends one command; what is shown as chosen is
-/// only what the agent confirmed.
+/// Every way to change what drives the fans. Each control sends one command; what is shown as
+/// chosen is only what the agent confirmed.
 class ControlsPanel final : public Card {
     Q_OBJECT
 

@@ -13,8 +13,8 @@ class FigureLabel;
 class TextLabel;
 class ThermalBar;
 
-/// One sensor group in the grid of temperatures: its title, its bar, its figure, and for a group that
-/// is shown by its average, the hottest sensor's figure under it.
+/// One sensor group in the grid of temperatures: its title, its bar, its figure, and for a group
+/// that is shown by its average, the hottest sensor's figure under it.
 class TemperatureRow final : public QObject {
     Q_OBJECT
 

@@ -4,6 +4,7 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Profiles/CurveEditor.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
+#include "TervaleWindow/Profiles/ScheduleRow.h"
 #include "TervaleWindow/Profiles/TemperatureContent.h"
 
 #include <QVBoxLayout>
@@ -54,7 +55,9 @@ class LoadContent final : public ProfileContent {
 class ScheduleContent final : public ProfileContent {
   public:
     explicit ScheduleContent(QWidget* parent) : ProfileContent(parent), editor(new ScheduleEditor) {
-        columnOf(this)->addWidget(cardAround(editor, this));
+        Card* card = cardAround(editor, this);
+        card->setContentsMargins(card->contentsMargins() - ScheduleRow::overhang());
+        columnOf(this)->addWidget(card);
         connect(editor, &ScheduleEditor::windowsChanged, this,
                 [this](const std::vector<Window>& windows) {
                     emit kindChanged(kind::Schedule{windows});

@@ -1,6 +1,5 @@
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 
-#include "Profiles/Validation.h"
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Profiles/FormRow.h"
@@ -28,8 +27,7 @@ void setMargins(QWidget& form, int side) {
 
 } // namespace
 
-ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<const Profile> all,
-                             QWidget* parent)
+ProfileEditor::ProfileEditor(Model& model, const Profile& profile, QWidget* parent)
     : QWidget(parent),
       profile(profile) {
     // Made in the order in which they are read.
@@ -63,16 +61,16 @@ ProfileEditor::ProfileEditor(Model& model, const Profile& profile, std::span<con
         this->profile.kind = kind;
         emit profileChanged(this->profile);
     });
-    display(profile, all);
 }
 
-void ProfileEditor::display(const Profile& changed, std::span<const Profile> all) {
+void ProfileEditor::display(const Profile& changed, std::span<const Profile> all,
+                            const std::vector<std::string>& problems) {
     profile = changed;
     // Setting the text would move the cursor.
     if (name->text() != QString::fromStdString(profile.name))
         name->setText(QString::fromStdString(profile.name));
     content->display(profile, all);
-    showProblems(problems(profile, all));
+    showProblems(problems);
 }
 
 void ProfileEditor::resizeEvent(QResizeEvent* event) {
@@ -84,10 +82,10 @@ bool ProfileEditor::isFor(const Profile& other) const {
     return other.id == profile.id && other.kind.index() == profile.kind.index();
 }
 
-void ProfileEditor::showProblems(std::vector<std::string> found) {
+void ProfileEditor::showProblems(const std::vector<std::string>& found) {
     if (found == problemsShown)
         return;
-    problemsShown = std::move(found);
+    problemsShown = found;
     QLayout* layout = problemsCard->layout();
     while (QLayoutItem* item = layout->takeAt(0)) {
         delete item->widget();

@@ -22,13 +22,14 @@ class ProfileEditor final : public QWidget {
     Q_OBJECT
 
   public:
-    /// For this profile and no other. `all` is the whole draft; `model` outlives the form.
-    ProfileEditor(Model& model, const Profile& profile, std::span<const Profile> all,
-                  QWidget* parent = nullptr);
+    /// For this profile and no other, which it does not show yet. `model` outlives the form.
+    ProfileEditor(Model& model, const Profile& profile, QWidget* parent = nullptr);
 
     const UUID& id() const { return profile.id; }
-    /// Shows the profile as it is now, of the same id and kind, without any signal.
-    void display(const Profile& changed, std::span<const Profile> all);
+    /// Shows the profile as it is now, of the same id and kind, and its problems, without any
+    /// signal. `all` is the whole draft.
+    void display(const Profile& changed, std::span<const Profile> all,
+                 const std::vector<std::string>& problems);
     /// Whether `display` can show it.
     bool isFor(const Profile& other) const;
 
@@ -40,7 +41,7 @@ class ProfileEditor final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void showProblems(std::vector<std::string> found);
+    void showProblems(const std::vector<std::string>& found);
 
     Profile profile;
     QLineEdit* name;

@@ -3,7 +3,7 @@
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Symbol.h"
-#include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/ListRowPainting.h"
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 
 #include <QAbstractItemView>
@@ -17,7 +17,6 @@ namespace {
 
 constexpr int symbolSide = 15;
 constexpr int padding = 10;
-constexpr qreal cornerRadius = 7;
 
 struct RowLayout {
     QRect ground;
@@ -49,28 +48,13 @@ QFont fontOf(const QStyleOptionViewItem& option) {
 void ProfileRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
     const bool marked = isMarked(index);
-    const bool chosen = option.state.testFlag(QStyle::State_Selected);
     const RowLayout layout = layoutOf(option.rect, marked, option.direction);
-    const Colors colors = Colors::of(option.palette);
     painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    if (chosen) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(Theme::accent());
-        painter->drawRoundedRect(layout.ground, cornerRadius, cornerRadius);
-    }
+    paintListRowGround(*painter, layout.ground, option);
     if (marked)
         paintSymbol(*painter, Symbol::exclamationTriangleFill, layout.symbol,
-                    chosen ? QColor(Qt::white) : colors.warning);
-    painter->setFont(fontOf(option));
-    painter->setPen(chosen ? QColor(Qt::white) : colors.label);
-    const QString name = painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight,
-                                                           layout.text.width());
-    painter->drawText(
-        layout.text,
-        int(Qt::AlignVCenter | QStyle::visualAlignment(option.direction, Qt::AlignLeft)) |
-            Qt::TextSingleLine,
-        name);
+                    listRowInk(option, Colors::of(option.palette).warning));
+    paintListRowText(*painter, layout.text, index.data().toString(), fontOf(option), option);
     painter->restore();
 }
 

@@ -96,8 +96,20 @@ void ProfilesList::display(const ProfilesDraft& draft, const std::vector<bool>& 
     showSelection(draft.selection);
     // A profile that is added before the agent has answered would be lost with its answer.
     addButton->setEnabled(draft.loaded);
+    keepFocus(draft);
     duplicateButton->setEnabled(draft.selected() != nullptr);
     removeButton->setEnabled(draft.selected() != nullptr);
+}
+
+void ProfilesList::keepFocus(const ProfilesDraft& draft) {
+    // A control that is disabled hands the focus on, out of this column; and a list without rows
+    // has nothing to show it on.
+    const bool fromButton =
+        !draft.selected() && (duplicateButton->hasFocus() || removeButton->hasFocus());
+    const bool fromList = draft.profiles.empty() && list->hasFocus();
+    if (fromButton || fromList)
+        addButton->setFocus(Qt::OtherFocusReason);
+    list->setFocusPolicy(draft.profiles.empty() ? Qt::NoFocus : Qt::StrongFocus);
 }
 
 void ProfilesList::showSelection(const std::optional<UUID>& id) {

@@ -33,6 +33,7 @@ class ProfilesList final : public QWidget {
   private:
     void makeList();
     QWidget* makeToolbar();
+    void keepFocus(const ProfilesDraft& draft);
     void showSelection(const std::optional<UUID>& id);
     std::optional<UUID> selectedId() const;
 

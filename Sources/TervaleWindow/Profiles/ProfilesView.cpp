@@ -36,12 +36,15 @@ Layout* tightLayout(QWidget* widget) {
     return layout;
 }
 
-std::vector<bool> marksOf(const std::vector<Profile>& profiles) {
-    std::vector<bool> marks;
-    marks.reserve(profiles.size());
+using Problems = std::vector<std::string>;
+
+/// Those of each profile, in their order.
+std::vector<Problems> problemsOf(const std::vector<Profile>& profiles) {
+    std::vector<Problems> found;
+    found.reserve(profiles.size());
     for (const Profile& profile : profiles)
-        marks.push_back(!problems(profile, profiles).empty());
-    return marks;
+        found.push_back(problems(profile, profiles));
+    return found;
 }
 
 } // namespace
@@ -174,19 +177,24 @@ void ProfilesView::edit(Change&& change) {
 }
 
 void ProfilesView::showDraft() {
-    const std::vector<bool> marks = marksOf(draft.profiles);
+    const std::vector<Problems> found = problemsOf(draft.profiles);
+    std::vector<bool> marks;
+    for (const Problems& each : found)
+        marks.push_back(!each.empty());
     const bool invalid = std::find(marks.begin(), marks.end(), true) != marks.end();
     list->display(draft, marks);
-    showEditor();
+    const Profile* selected = draft.selected();
+    showEditor(selected ? found[static_cast<std::size_t>(selected - draft.profiles.data())]
+                        : Problems());
     notice->setVisible(invalid);
     revertButton->setEnabled(draft.canRevert());
     saveButton->setEnabled(draft.canRevert() && !invalid);
 }
 
-void ProfilesView::showEditor() {
+void ProfilesView::showEditor(const Problems& problems) {
     const Profile* selected = draft.selected();
     if (editor && selected && editor->isFor(*selected)) {
-        editor->display(*selected, draft.profiles);
+        editor->display(*selected, draft.profiles, problems);
         return;
     }
     if (ProfileEditor* old = std::exchange(editor, nullptr)) {
@@ -199,7 +207,8 @@ void ProfilesView::showEditor() {
     detail->setCurrentIndex(selected ? 1 : 0);
     if (!selected)
         return;
-    editor = new ProfileEditor(model, *selected, draft.profiles);
+    editor = new ProfileEditor(model, *selected);
+    editor->display(*selected, draft.profiles, problems);
     connect(editor, &ProfileEditor::profileChanged, this, [this](const Profile& changed) {
         edit([&changed](ProfilesDraft& working) { working.replace(changed); });
     });

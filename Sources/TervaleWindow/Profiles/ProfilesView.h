@@ -45,7 +45,8 @@ class ProfilesView final : public QWidget {
     template <class Change>
     void edit(Change&& change);
     void showDraft();
-    void showEditor();
+    /// `problems` are those of the profile that is selected.
+    void showEditor(const std::vector<std::string>& problems);
 
     Model& model;
     Bridge& bridge;

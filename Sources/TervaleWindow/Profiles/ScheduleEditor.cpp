@@ -30,7 +30,9 @@ ScheduleEditor::ScheduleEditor(QWidget* parent) : QWidget(parent), rowsLayout(ne
     layout->addWidget(heading);
     layout->addSpacing(8);
     layout->addWidget(rowsBox);
-    layout->addWidget(new Divider(Qt::Horizontal, this));
+    auto* divider = new Divider(Qt::Horizontal, this);
+    divider->setContentsMargins(ScheduleRow::overhang());
+    layout->addWidget(divider);
     layout->addSpacing(9);
     layout->addWidget(addButton, 0, Qt::AlignLeading);
     layout->addSpacing(10);

@@ -10,6 +10,7 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QScopedValueRollback>
@@ -46,6 +47,12 @@ int minuteOf(ScheduleEditing::ClockTime time) {
 }
 
 } // namespace
+
+QMargins ScheduleRow::overhang() {
+    constexpr int aroundSymbol = 5;
+    return QGuiApplication::isRightToLeft() ? QMargins(aroundSymbol, 0, 0, 0)
+                                            : QMargins(0, 0, aroundSymbol, 0);
+}
 
 ScheduleRow::ScheduleRow(QWidget* parent)
     : QWidget(parent),
@@ -92,7 +99,9 @@ void ScheduleRow::layOut() {
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(0);
-    lines->addWidget(new Divider(Qt::Horizontal, this));
+    auto* divider = new Divider(Qt::Horizontal, this);
+    divider->setContentsMargins(overhang());
+    lines->addWidget(divider);
     lines->addLayout(firstLine);
     lines->addLayout(secondLine);
     firstLine->addStrut(lineHeight);

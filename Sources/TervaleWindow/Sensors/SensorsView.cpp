@@ -5,7 +5,6 @@
 
 #include <QHideEvent>
 #include <QKeyEvent>
-#include <QShortcut>
 #include <QShowEvent>
 
 namespace tervale {
@@ -29,8 +28,6 @@ SensorsView::SensorsView(Model& modelShown, QWidget* parent)
     connect(list, &SensorList::rowReached, this, [this](const QWidget& card, const QRect& row) {
         scrollTo(card, row, rowSurroundings);
     });
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this,
-            &SensorsView::find);
     update();
 }
 

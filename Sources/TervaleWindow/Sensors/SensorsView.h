@@ -19,6 +19,9 @@ class SensorsView final : public PaneFrame {
     explicit SensorsView(Model& model, QWidget* parent = nullptr);
     ~SensorsView() override;
 
+    /// Takes the focus to the filter, ready to be typed anew.
+    void find();
+
   protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -29,7 +32,6 @@ class SensorsView final : public PaneFrame {
     void disappear();
     void update();
     void filter();
-    void find();
 
     Model& model;
     SensorCatalog catalog;

@@ -6,11 +6,11 @@
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Settings/SettingsView.h"
+#include "TervaleWindow/Shell/MenuBar.h"
 #include "TervaleWindow/Shell/Sidebar.h"
 #include "TervaleWindow/Shell/SystemMetadata.h"
 
 #include <QHBoxLayout>
-#include <QShortcut>
 
 namespace tervale {
 
@@ -26,18 +26,7 @@ ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
     setAutoFillBackground(true);
     connect(sidebar, &Sidebar::sectionChosen, this, &ContentView::setSection);
     setSection(shown);
-    addShortcuts();
-}
-
-void ContentView::addShortcuts() {
-    for (std::size_t i = 0; i < allPanes.size(); ++i) {
-        const QKeySequence keys(Qt::ControlModifier | Qt::Key(Qt::Key_1 + i));
-        connect(new QShortcut(keys, this), &QShortcut::activated, this,
-                [this, pane = allPanes[i]] { setSection(pane); });
-    }
-    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
-    connect(new QShortcut(QKeySequence(Qt::ControlModifier | Qt::Key_Q), this),
-            &QShortcut::activated, this, &QWidget::close);
+    new MenuBar(*this);
 }
 
 void ContentView::setSection(std::optional<Pane> section) {
@@ -53,6 +42,7 @@ void ContentView::setSection(std::optional<Pane> section) {
     columns->addWidget(pane, 1);
     // Now rather than from the event loop, so that the window never shows an empty place.
     pane->show();
+    emit sectionShown();
 }
 
 QWidget* ContentView::makePane(Pane kind) {

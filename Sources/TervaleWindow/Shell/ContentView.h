@@ -30,10 +30,12 @@ class ContentView final : public QWidget {
     /// The pane on screen.
     QWidget* detail() const { return pane; }
 
+  signals:
+    /// Another pane is on screen.
+    void sectionShown();
+
   private:
     QWidget* makePane(Pane kind);
-    /// The keys of the whole window: the panes on Control-1 to 4 (Command on a Mac), close, quit.
-    void addShortcuts();
 
     Model& model;
     Bridge& bridge;

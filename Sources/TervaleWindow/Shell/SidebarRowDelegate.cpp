@@ -1,12 +1,11 @@
 #include "TervaleWindow/Shell/SidebarRowDelegate.h"
 
-#include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/ListRowPainting.h"
 
 #include <QPainter>
-#include <QTextOption>
 
 namespace tervale {
 
@@ -14,12 +13,11 @@ namespace {
 
 constexpr int rowHeight = 32;
 constexpr int symbolSize = 16;
-constexpr qreal cornerRadius = 7;
 
 struct RowLayout {
-    QRectF ground;
-    QRectF symbol;
-    QRectF text;
+    QRect ground;
+    QRect symbol;
+    QRect text;
 };
 
 RowLayout layoutOf(const QRect& row, Qt::LayoutDirection direction) {
@@ -32,39 +30,17 @@ RowLayout layoutOf(const QRect& row, Qt::LayoutDirection direction) {
             QStyle::visualRect(direction, ground, text)};
 }
 
-/// Within the row, since the next row begins right behind it.
-void paintFocus(QPainter& painter, const QRectF& ground) {
-    QColor ring(Qt::white);
-    ring.setAlphaF(0.8f);
-    painter.setPen(QPen(ring, 2));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(ground.adjusted(2, 2, -2, -2), cornerRadius - 2, cornerRadius - 2);
-}
-
 } // namespace
 
 void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
     const RowLayout layout = layoutOf(option.rect, option.direction);
-    const Colors colors = Colors::of(option.palette);
-    const bool chosen = option.state.testFlag(QStyle::State_Selected);
     painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    if (chosen) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(Theme::accent());
-        painter->drawRoundedRect(layout.ground, cornerRadius, cornerRadius);
-    }
-    const auto keyboardFocus = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
-    if ((option.state & keyboardFocus) == keyboardFocus)
-        paintFocus(*painter, layout.ground);
+    paintListRowGround(*painter, layout.ground, option);
     paintSymbol(*painter, static_cast<Symbol>(index.data(symbolRole).toInt()), layout.symbol,
-                chosen ? QColor(Qt::white) : Theme::accent());
-    painter->setFont(systemFont(fontSize::body, QFont::Medium));
-    painter->setPen(chosen ? QColor(Qt::white) : colors.label);
-    QTextOption text(Qt::AlignVCenter | QStyle::visualAlignment(option.direction, Qt::AlignLeft));
-    text.setWrapMode(QTextOption::NoWrap);
-    painter->drawText(layout.text, index.data(Qt::DisplayRole).toString(), text);
+                listRowInk(option, Theme::accent()));
+    paintListRowText(*painter, layout.text, index.data(Qt::DisplayRole).toString(),
+                     systemFont(fontSize::body, QFont::Medium), option);
     painter->restore();
 }
 

@@ -165,7 +165,7 @@ TEST_F(SocketRegistryTest, FailsOnceTheOtherSideHasGone) {
         else
             client.send(success);
     });
-    SocketRegistry registry(path);
+    SocketRegistry registry(path, 200ms);
     const auto connection = open(registry);
     IORegistry::Structure response{};
     EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
@@ -176,7 +176,7 @@ TEST_F(SocketRegistryTest, HangsUpOnRepliesOfAnotherLength) {
     serve([](RawSocket& client, const Packet& request) {
         client.send(request[0] == 3 ? Packet(85) : success);
     });
-    SocketRegistry registry(path);
+    SocketRegistry registry(path, 200ms);
     const auto connection = open(registry);
     IORegistry::Structure response{};
     EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);

@@ -290,6 +290,36 @@ TEST_F(ProfilesViewTest, RemovesByKeysInTheList) {
     EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::SaveProfiles{}});
 }
 
+TEST_F(ProfilesViewTest, KeepsTheFocusInTheListsColumnWhenTheLastProfileGoes) {
+    openWith({loadProfile(1, "One"), loadProfile(2, "Two")});
+    auto* remove = button<SymbolButton>("Remove profile");
+    remove->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(remove, Qt::Key_Space);
+    EXPECT_TRUE(remove->hasFocus());
+    QTest::keyClick(remove, Qt::Key_Space);
+    EXPECT_TRUE(button<SymbolButton>("Add profile")->hasFocus());
+    say({loadProfile(1, "One")});
+    click("Revert");
+    list()->setFocus();
+    QTest::keyClick(list(), Qt::Key_Down);
+    QTest::keyClick(list(), Qt::Key_Delete);
+    ASSERT_TRUE(names().isEmpty());
+    EXPECT_TRUE(button<SymbolButton>("Add profile")->hasFocus());
+    EXPECT_EQ(list()->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(ProfilesViewTest, ShowsWhichRowTheKeyboardIsAt) {
+    openWith({loadProfile(1, "One"), loadProfile(2, "Two")});
+    nameField()->setFocus();
+    const QImage elsewhere = list()->grab().toImage();
+    list()->setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(list()->grab().toImage(), elsewhere);
+    nameField()->setFocus();
+    view->setAttribute(Qt::WA_KeyboardFocusChange);
+    list()->setFocus(Qt::TabFocusReason);
+    EXPECT_NE(list()->grab().toImage(), elsewhere);
+}
+
 TEST_F(ProfilesViewTest, DeletesTextAndNoProfileInTheNameField) {
     openWith(threeProfiles);
     nameField()->setFocus();
@@ -453,6 +483,16 @@ TEST_F(ProfilesViewTest, WalksThroughWindowsThatWereAddedLater) {
     const QStringList walked = walk(10);
     EXPECT_EQ(walked.join(", ").toStdString(),
               "From, To, Run, Remove window, From, To, Run, Remove window, Add Window, Revert");
+}
+
+TEST_F(ProfilesViewTest, EndsTheRemoveSymbolOfAWindowWhereTheNameFieldEnds) {
+    openWith({scheduleProfile(1, "Night", action::Automatic{})});
+    const auto* remove = button<SymbolButton>("Remove window");
+    const auto rightOf = [this](const QWidget* widget) {
+        return widget->mapTo(view.get(), widget->rect().topRight()).x();
+    };
+    constexpr int aroundSymbol = 5;
+    EXPECT_EQ(rightOf(remove) - aroundSymbol, rightOf(nameField()));
 }
 
 TEST_F(ProfilesViewTest, StaysUsableAtItsLargest) {

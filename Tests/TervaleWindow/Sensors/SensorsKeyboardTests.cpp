@@ -6,12 +6,14 @@ using namespace tervale;
 
 class SensorsKeyboard : public SensorsFixture {};
 
-TEST_F(SensorsKeyboard, GoesToTheFilterWithTheFindKey) {
+TEST_F(SensorsKeyboard, GoesToTheFilterToFindASensor) {
     useUsualSensors();
     show();
     list().setFocus();
-    QTest::keySequence(view.get(), QKeySequence(QKeySequence::Find));
+    search().setText("CPU");
+    view->find();
     EXPECT_TRUE(search().hasFocus());
+    EXPECT_EQ(search().selectedText(), "CPU");
 }
 
 TEST_F(SensorsKeyboard, GoesThroughTheRowsOfAllSectionsByTheArrows) {

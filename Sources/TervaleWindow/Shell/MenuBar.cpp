@@ -1,0 +1,191 @@
+#include "TervaleWindow/Shell/MenuBar.h"
+
+#include "Platform/Platform.h"
+#include "TervaleWindow/Sensors/SensorsView.h"
+#include "TervaleWindow/Settings/VersionText.h"
+#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Shell/SystemMetadata.h"
+
+#include <QAbstractSpinBox>
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QOperatingSystemVersion>
+
+namespace tervale {
+
+namespace {
+
+/// Where text is being edited just now.
+QLineEdit* textField() {
+    QWidget* focused = QApplication::focusWidget();
+    if (const auto* field = qobject_cast<QAbstractSpinBox*>(focused))
+        return field->findChild<QLineEdit*>();
+    return qobject_cast<QLineEdit*>(focused);
+}
+
+QKeySequence controlAnd(Qt::Key key) {
+    return {Qt::ControlModifier | key};
+}
+
+/// Beside the window rather than before it: what runs there goes on.
+void showNote(QWidget& window, const QString& title, const QString& text, const QString& detail) {
+    auto* note = new QMessageBox(QMessageBox::NoIcon, title, text, QMessageBox::Ok, &window);
+    note->setInformativeText(detail);
+    note->setAttribute(Qt::WA_DeleteOnClose);
+    note->setModal(false);
+    note->show();
+}
+
+} // namespace
+
+MenuBar::Place MenuBar::usualPlace() {
+    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS ? Place::menuBar
+                                                                                    : Place::window;
+}
+
+MenuBar::MenuBar(ContentView& served, Place place) : QObject(&served), window(served) {
+    makeCommands();
+    if (place == Place::menuBar) {
+        makeMenus();
+    } else {
+        offered = panes;
+        for (QAction* action : {settings, findSensor, closeWindow, quit, help})
+            offered.push_back(action);
+        for (QAction* action : offered)
+            window.addAction(action);
+    }
+    connect(qApp, &QApplication::focusChanged, this, &MenuBar::enableTextCommands);
+    connect(&window, &ContentView::sectionShown, this, &MenuBar::enableFind);
+    enableTextCommands();
+    enableFind();
+}
+
+QAction* MenuBar::command(const QString& title, const QKeySequence& key, void (MenuBar::*run)()) {
+    auto* action = new QAction(title, this);
+    action->setShortcut(key);
+    action->setAutoRepeat(false);
+    // Otherwise a Mac takes "Settings" among the panes for the application's own command.
+    action->setMenuRole(QAction::NoRole);
+    if (run)
+        connect(action, &QAction::triggered, this, run);
+    return action;
+}
+
+template <class Run>
+QAction* MenuBar::textCommand(const QString& title, const QKeySequence& key, Run run) {
+    QAction* action = command(title, key, nullptr);
+    action->setAutoRepeat(true);
+    connect(action, &QAction::triggered, this, [run] {
+        if (QLineEdit* field = textField())
+            (field->*run)();
+    });
+    textCommands.push_back(action);
+    return action;
+}
+
+QAction* MenuBar::paneCommand(Pane pane) {
+    const auto number = static_cast<int>(pane) + 1;
+    QAction* action = command(title(pane), controlAnd(Qt::Key(Qt::Key_0 + number)), nullptr);
+    connect(action, &QAction::triggered, this, [this, pane] { window.setSection(pane); });
+    return action;
+}
+
+void MenuBar::makeCommands() {
+    about = command(tr("About Tervale"), {}, &MenuBar::showAbout);
+    about->setMenuRole(QAction::AboutRole);
+    settings = command(tr("Settings…"), controlAnd(Qt::Key_Comma), &MenuBar::showSettings);
+    settings->setMenuRole(QAction::PreferencesRole);
+    quit = command(tr("Quit Tervale"), controlAnd(Qt::Key_Q), &MenuBar::close);
+    quit->setMenuRole(QAction::QuitRole);
+    for (const Pane pane : allPanes)
+        panes.push_back(paneCommand(pane));
+    findSensor = command(tr("Find"), QKeySequence::Find, &MenuBar::find);
+    closeWindow = command(tr("Close"), QKeySequence::Close, &MenuBar::close);
+    closeWindow->setShortcuts(QKeySequence::Close);
+    help = command(tr("Keyboard Shortcuts"), QKeySequence::HelpContents, &MenuBar::showKeys);
+}
+
+void MenuBar::makeMenus() {
+    // The toolkit adds Hide, Hide Others and Show All to the first one, and moves the commands with
+    // a role there.
+    const std::vector<Menu> menus{
+        {tr("Tervale"), {about, nullptr, settings, nullptr, quit}},
+        {tr("Edit"),
+         {textCommand(tr("Undo"), QKeySequence::Undo, &QLineEdit::undo),
+          textCommand(tr("Redo"), QKeySequence::Redo, &QLineEdit::redo), nullptr,
+          textCommand(tr("Cut"), QKeySequence::Cut, &QLineEdit::cut),
+          textCommand(tr("Copy"), QKeySequence::Copy, &QLineEdit::copy),
+          textCommand(tr("Paste"), QKeySequence::Paste, &QLineEdit::paste),
+          textCommand(tr("Select All"), QKeySequence::SelectAll, &QLineEdit::selectAll), nullptr,
+          findSensor}},
+        {tr("View"), panes},
+        {tr("Window"),
+         {command(tr("Minimize"), controlAnd(Qt::Key_M), &MenuBar::minimize),
+          command(tr("Zoom"), {}, &MenuBar::zoom), nullptr, closeWindow}},
+        {tr("Help"), {help}},
+    };
+    // Without a parent it is there for every window.
+    bar = std::make_unique<QMenuBar>();
+    for (const Menu& menu : menus) {
+        QMenu* shown = bar->addMenu(menu.title);
+        for (QAction* action : menu.actions) {
+            if (action)
+                offered.push_back(action);
+            action ? shown->addAction(action) : static_cast<void>(shown->addSeparator());
+        }
+    }
+}
+
+QString MenuBar::keys() const {
+    QStringList lines;
+    for (const QAction* action : offered) {
+        if (!action->shortcut().isEmpty())
+            lines << QStringLiteral("%1: %2").arg(
+                action->text(), action->shortcut().toString(QKeySequence::NativeText));
+    }
+    return lines.join(u'\n');
+}
+
+void MenuBar::enableTextCommands() {
+    const bool enabled = textField() != nullptr;
+    for (QAction* action : textCommands)
+        action->setEnabled(enabled);
+}
+
+void MenuBar::enableFind() {
+    findSensor->setEnabled(qobject_cast<SensorsView*>(window.detail()) != nullptr);
+}
+
+void MenuBar::showAbout() {
+    showNote(window, tr("About Tervale"), QStringLiteral("Tervale"),
+             tr("Version %1").arg(versionText(SystemMetadata(makeBundleText()))));
+}
+
+void MenuBar::showKeys() {
+    showNote(window, tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"), keys());
+}
+
+void MenuBar::showSettings() {
+    window.setSection(Pane::settings);
+}
+
+void MenuBar::find() {
+    if (auto* sensors = qobject_cast<SensorsView*>(window.detail()))
+        sensors->find();
+}
+
+void MenuBar::minimize() {
+    window.showMinimized();
+}
+
+void MenuBar::zoom() {
+    window.isMaximized() ? window.showNormal() : window.showMaximized();
+}
+
+void MenuBar::close() {
+    window.close();
+}
+
+} // namespace tervale

@@ -1,0 +1,171 @@
+#include "TervaleWindow/Controls/SearchField.h"
+#include "TervaleWindow/Sensors/SensorsView.h"
+#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Shell/MenuBar.h"
+#include "TervaleWindow/Support/ModelFixture.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+
+using namespace tervale;
+
+class MenuBarTest : public ModelFixture {
+  protected:
+    void show() {
+        makeModel();
+        view = std::make_unique<ContentView>(*model, bridge);
+        view->resize(980, 680);
+        view->show();
+        view->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    }
+    MenuBar& menuBar() {
+        if (!bar)
+            bar = std::make_unique<MenuBar>(*view, MenuBar::Place::menuBar);
+        return *bar;
+    }
+    QAction* action(const QString& menu, const QString& title) {
+        for (const QAction* each : menuBar().menus()->actions()) {
+            if (each->text() != menu)
+                continue;
+            for (QAction* entry : each->menu()->actions()) {
+                if (entry->text() == title)
+                    return entry;
+            }
+        }
+        return nullptr;
+    }
+    static QStringList titles(const QList<QAction*>& actions) {
+        QStringList titles;
+        for (const QAction* each : actions)
+            titles << (each->isSeparator() ? QStringLiteral("-") : each->text());
+        return titles;
+    }
+
+    std::unique_ptr<ContentView> view;
+    std::unique_ptr<MenuBar> bar;
+};
+
+TEST_F(MenuBarTest, HasTheMenusOfAnApplicationInTheirOrder) {
+    show();
+    const QList<QAction*> menus = menuBar().menus()->actions();
+    EXPECT_EQ(titles(menus), (QStringList{"Tervale", "Edit", "View", "Window", "Help"}));
+    EXPECT_EQ(titles(menus[0]->menu()->actions()),
+              (QStringList{"About Tervale", "-", "Settings…", "-", "Quit Tervale"}));
+    EXPECT_EQ(
+        titles(menus[1]->menu()->actions()),
+        (QStringList{"Undo", "Redo", "-", "Cut", "Copy", "Paste", "Select All", "-", "Find"}));
+    EXPECT_EQ(titles(menus[2]->menu()->actions()),
+              (QStringList{"Overview", "Sensors", "Profiles", "Settings"}));
+    EXPECT_EQ(titles(menus[3]->menu()->actions()), (QStringList{"Minimize", "Zoom", "-", "Close"}));
+    EXPECT_EQ(titles(menus[4]->menu()->actions()), QStringList{"Keyboard Shortcuts"});
+    EXPECT_EQ(menuBar().menus()->parent(), nullptr);
+}
+
+TEST_F(MenuBarTest, GivesOnlyTheApplicationsOwnCommandsARole) {
+    show();
+    EXPECT_EQ(action("Tervale", "About Tervale")->menuRole(), QAction::AboutRole);
+    EXPECT_EQ(action("Tervale", "Settings…")->menuRole(), QAction::PreferencesRole);
+    EXPECT_EQ(action("Tervale", "Quit Tervale")->menuRole(), QAction::QuitRole);
+    EXPECT_EQ(action("View", "Settings")->menuRole(), QAction::NoRole);
+    EXPECT_EQ(action("Edit", "Copy")->menuRole(), QAction::NoRole);
+}
+
+TEST_F(MenuBarTest, HasTheUsualKeys) {
+    show();
+    EXPECT_EQ(action("Tervale", "Settings…")->shortcut(), QKeySequence("Ctrl+,"));
+    EXPECT_EQ(action("View", "Overview")->shortcut(), QKeySequence("Ctrl+1"));
+    EXPECT_EQ(action("View", "Settings")->shortcut(), QKeySequence("Ctrl+4"));
+    EXPECT_EQ(action("Window", "Minimize")->shortcut(), QKeySequence("Ctrl+M"));
+    EXPECT_EQ(action("Window", "Close")->shortcuts(),
+              QKeySequence::keyBindings(QKeySequence::Close));
+    EXPECT_EQ(action("Edit", "Find")->shortcut(), QKeySequence(QKeySequence::Find));
+}
+
+TEST_F(MenuBarTest, ShowsPanes) {
+    show();
+    action("View", "Profiles")->trigger();
+    EXPECT_EQ(view->section(), Pane::profiles);
+    action("Tervale", "Settings…")->trigger();
+    EXPECT_EQ(view->section(), Pane::settings);
+}
+
+TEST_F(MenuBarTest, FindsOnlyWhereThereIsAFilter) {
+    show();
+    EXPECT_FALSE(action("Edit", "Find")->isEnabled());
+    view->setSection(Pane::sensors);
+    ASSERT_TRUE(action("Edit", "Find")->isEnabled());
+    action("Edit", "Find")->trigger();
+    EXPECT_TRUE(view->findChild<SearchField*>()->hasFocus());
+    view->setSection(Pane::profiles);
+    EXPECT_FALSE(action("Edit", "Find")->isEnabled());
+}
+
+TEST_F(MenuBarTest, EditsTheTextThatHasTheFocus) {
+    show();
+    view->setSection(Pane::sensors);
+    auto* field = view->findChild<SearchField*>();
+    view->detail()->setFocus();
+    field->clearFocus();
+    EXPECT_FALSE(action("Edit", "Cut")->isEnabled());
+    field->setFocus();
+    ASSERT_TRUE(action("Edit", "Cut")->isEnabled());
+    QTest::keyClicks(field, "gpu");
+    action("Edit", "Select All")->trigger();
+    EXPECT_EQ(field->selectedText(), "gpu");
+    action("Edit", "Cut")->trigger();
+    EXPECT_EQ(field->text(), "");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "gpu");
+    action("Edit", "Undo")->trigger();
+    EXPECT_EQ(field->text(), "gpu");
+    action("Edit", "Redo")->trigger();
+    EXPECT_EQ(field->text(), "");
+    action("Edit", "Paste")->trigger();
+    EXPECT_EQ(field->text(), "gpu");
+}
+
+TEST_F(MenuBarTest, MinimizesZoomsAndClosesTheWindow) {
+    show();
+    action("Window", "Zoom")->trigger();
+    EXPECT_TRUE(view->isMaximized());
+    action("Window", "Zoom")->trigger();
+    EXPECT_FALSE(view->isMaximized());
+    action("Window", "Minimize")->trigger();
+    EXPECT_TRUE(view->isMinimized());
+    view->showNormal();
+    action("Window", "Close")->trigger();
+    EXPECT_FALSE(view->isVisible());
+    view->show();
+    action("Tervale", "Quit Tervale")->trigger();
+    EXPECT_FALSE(view->isVisible());
+}
+
+TEST_F(MenuBarTest, TellsAboutTheApplicationBesideTheWindow) {
+    show();
+    action("Tervale", "About Tervale")->trigger();
+    const auto* note = view->findChild<QMessageBox*>();
+    ASSERT_NE(note, nullptr);
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_FALSE(note->isModal());
+    EXPECT_EQ(note->text(), "Tervale");
+    EXPECT_TRUE(note->informativeText().startsWith("Version "));
+}
+
+TEST_F(MenuBarTest, KeepsItsKeysInAWindowWithoutMenus) {
+    show();
+    const auto* own = view->findChild<MenuBar*>();
+    ASSERT_NE(own, nullptr);
+    EXPECT_EQ(own->menus(), nullptr);
+    EXPECT_TRUE(own->keys().startsWith("Overview: Ctrl+1\nSensors: Ctrl+2\n"));
+    QTest::keyClick(view.get(), Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(view->section(), Pane::settings);
+    QTest::keyClick(view.get(), Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(view->section(), Pane::sensors);
+    QTest::keySequence(view.get(), QKeySequence(QKeySequence::Find));
+    EXPECT_TRUE(view->findChild<SearchField*>()->hasFocus());
+    QTest::keySequence(view.get(), QKeySequence(QKeySequence::HelpContents));
+    EXPECT_NE(view->findChild<QMessageBox*>(), nullptr);
+}
