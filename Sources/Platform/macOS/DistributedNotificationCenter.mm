@@ -8,8 +8,9 @@
 
 using tervale::NotificationCenter;
 
-/// Receives the notifications of one registration.
+/// Receives the notifications of one registration. Lives, and is retired, on the main thread.
 @interface TervaleNotificationReceiver : NSObject {
+    // Not every runtime constructs members that are no objects of its own.
     NotificationCenter::Handler* handler;
     BOOL retired;
 }
@@ -50,9 +51,11 @@ using tervale::NotificationCenter;
 - (void)deliver:(NSNotification*)notification {
     if (retired)
         return;
-    // The handler may let itself go.
-    [[self retain] autorelease];
-    (*handler)(tervale::standardText([notification object]));
+    @autoreleasepool {
+        // The handler may let itself go; what it owns then goes once it has returned.
+        [[self retain] autorelease];
+        (*handler)(tervale::standardText([notification object]));
+    }
 }
 
 @end

@@ -1,7 +1,5 @@
 #include "Platform/macOS/FoundationText.h"
 
-#include <algorithm>
-
 namespace tervale {
 
 namespace {

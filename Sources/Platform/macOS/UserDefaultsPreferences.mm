@@ -9,7 +9,11 @@ struct UserDefaultsPreferences::Defaults {
     NSUserDefaults* store;
 
     explicit Defaults(const std::string& domain) : store(newUserDefaults(foundationText(domain))) {}
-    ~Defaults() { [store release]; }
+    ~Defaults() {
+        @autoreleasepool {
+            [store release];
+        }
+    }
     Defaults(const Defaults&) = delete;
     Defaults& operator=(const Defaults&) = delete;
 };

@@ -16,11 +16,41 @@
 #include <string>
 #include <unistd.h>
 
-/// The adapter's receiver of notifications, for those that this implementation of Foundation
-/// refuses to post: their object is no string.
-@protocol NotificationReceiver
-- (id)initWithHandler:(tervale::NotificationCenter::Handler)handler;
-- (void)receive:(NSNotification*)notification;
+/// The server of notifications. Unlike the center of this implementation of Foundation, it also takes
+/// those whose object is no string.
+@protocol NotificationServer
+- (oneway void)postNotificationName:(NSString*)name
+                             object:(bycopy id)object
+                           userInfo:(NSData*)information
+                 deliverImmediately:(BOOL)immediately
+                                for:(id)center;
+@end
+
+/// A thread that is the first to reach the server, which then delivers to its run loop.
+@interface FirstThread : NSObject
+- (void)start;
+- (void)serve:(id)nothing;
+@end
+
+@implementation FirstThread
+
+- (void)start {
+    NSConditionLock* lock = [[NSConditionLock alloc] initWithCondition:0];
+    [NSThread detachNewThreadSelector:@selector(serve:) toTarget:self withObject:lock];
+    [lock lockWhenCondition:1];
+    [lock unlock];
+    [lock release];
+}
+
+- (void)serve:(id)lock {
+    @autoreleasepool {
+        tervale::DistributedNotificationCenter().post("unheard", std::nullopt);
+        [lock lock];
+        [lock unlockWithCondition:1];
+        [[NSRunLoop currentRunLoop] runUntilDate:[NSDate distantFuture]];
+    }
+}
+
 @end
 
 using namespace tervale;
@@ -63,17 +93,38 @@ class Program {
     bool store(const std::string& verb, const std::string& domain, const std::string& key,
                const std::string& value);
     NotificationCenter::Handler handler(const std::string& name);
-    id newReceiver(const std::string& name);
-    void receive(const std::string& name, id object);
-    void receiveOnThread(const std::string& name, id object);
+    void countLeft();
 
     std::unique_ptr<DistributedNotificationCenter> center =
         std::make_unique<DistributedNotificationCenter>();
     std::map<std::string, ObserverToken> tokens;
+    /// Every handler owns it too.
+    std::shared_ptr<int> owned = std::make_shared<int>();
 };
 
+/// Past the center, which refuses it.
+void postForeign(const std::string& name, id object) {
+    // Has the center reach the server.
+    DistributedNotificationCenter().post("unheard", std::nullopt);
+    id center = [NSDistributedNotificationCenter defaultCenter];
+    id<NotificationServer> server = [center valueForKey:@"_remote"];
+    [server postNotificationName:foundationText(name)
+                          object:object
+                        userInfo:[NSArchiver archivedDataWithRootObject:[NSDictionary dictionary]]
+              deliverImmediately:YES
+                             for:center];
+}
+
+/// How many objects of all classes there are.
+int living() {
+    int count = 0;
+    for (Class* each = GSDebugAllocationClassList(); *each; ++each)
+        count += GSDebugAllocationCount(*each);
+    return count;
+}
+
 NotificationCenter::Handler Program::handler(const std::string& name) {
-    return [this, name](const std::optional<std::string>& object) {
+    return [this, name, owned = owned](const std::optional<std::string>& object) {
         const char* thread = [NSThread isMainThread] ? "" : " on another thread";
         say("received " + name + " " + described(object) + thread);
         if (object == "let go")
@@ -81,23 +132,30 @@ NotificationCenter::Handler Program::handler(const std::string& name) {
     };
 }
 
-id Program::newReceiver(const std::string& name) {
-    return
-        [[NSClassFromString(@"TervaleNotificationReceiver") alloc] initWithHandler:handler(name)];
-}
-
-void Program::receive(const std::string& name, id object) {
-    id receiver = newReceiver(name);
-    [receiver receive:[NSNotification notificationWithName:@"any" object:object]];
-    [receiver release];
-}
-
-void Program::receiveOnThread(const std::string& name, id object) {
-    id receiver = newReceiver(name);
-    [NSThread detachNewThreadSelector:@selector(receive:)
-                             toTarget:receiver
-                           withObject:[NSNotification notificationWithName:@"any" object:object]];
-    [receiver release];
+/// Says how many objects a hundred rounds of everything leave behind.
+void Program::countLeft() {
+    // Made once, because opening defaults leaves a string of the library's own behind.
+    UserDefaultsPreferences preferences("counted");
+    const auto round = [&] {
+        @autoreleasepool {
+            const ObserverToken token = center->observe("counted", [](const auto&) {});
+            center->post("uncounted", "\xFF");
+            center->post("uncounted", std::nullopt);
+            preferences.setData("key", Preferences::Data(3));
+            preferences.data("key");
+            preferences.data("absent");
+            programHasBundle();
+            bundleText("CFBundleVersion");
+            standardText(foundationText("text"));
+        }
+    };
+    GSDebugAllocationActive(YES);
+    round();
+    const int before = living();
+    for (int i = 0; i < 100; ++i)
+        round();
+    // The library's own caches may grow by a few.
+    say(living() - before < 50 ? "little left" : "much left");
 }
 
 bool Program::notify(const std::string& verb, const std::string& name,
@@ -110,12 +168,18 @@ bool Program::notify(const std::string& verb, const std::string& name,
         center.reset();
     else if (verb == "post")
         center->post(name, argument.empty() ? std::nullopt : std::optional(bytesOf(argument)));
-    else if (verb == "receive-number")
-        receive(name, [NSNumber numberWithInt:7]);
-    else if (verb == "receive-dictionary")
-        receive(name, [NSDictionary dictionaryWithObject:@"value" forKey:@"key"]);
-    else if (verb == "receive-on-thread")
-        receiveOnThread(name, foundationText(bytesOf(argument)));
+    else if (verb == "post-number")
+        postForeign(name, [NSNumber numberWithInt:7]);
+    else if (verb == "post-list")
+        postForeign(name, [NSArray arrayWithObject:@"{}"]);
+    else if (verb == "post-data")
+        postForeign(name, [NSData dataWithBytes:"{}" length:2]);
+    else if (verb == "connect-on-thread")
+        [[[[FirstThread alloc] init] autorelease] start];
+    else if (verb == "count-owners")
+        say(std::to_string(owned.use_count()));
+    else if (verb == "count-left")
+        countLeft();
     else
         return false;
     return true;

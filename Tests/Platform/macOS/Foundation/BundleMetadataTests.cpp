@@ -38,6 +38,11 @@ TEST(BundleMetadata, IsAbsentWithoutABundle) {
     EXPECT_EQ(program->does("bundle-text CFBundleVersion"), "text nothing\n");
 }
 
+TEST(BundleMetadata, IsOfNoUseWithoutAnIdentifier) {
+    const FoundationSession session;
+    EXPECT_EQ(session.startBundled("{ CFBundleVersion = 1; }")->does("bundle"), "no bundle\n");
+}
+
 TEST(BundleMetadata, OpensAProgramsOwnDefaultsAsItsStandardOnes) {
     const FoundationSession session;
     EXPECT_TRUE(session.startBundled(information)->does("save com.velnor.tervale key x0102"));

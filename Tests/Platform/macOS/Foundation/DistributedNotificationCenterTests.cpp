@@ -76,13 +76,20 @@ TEST_F(DistributedNotificationCenterTest, RepairsWhatIsNoText) {
 }
 
 TEST_F(DistributedNotificationCenterTest, TakesAnyOtherObjectForNoString) {
-    EXPECT_EQ(observer->does("receive-number a.b"), "received a.b nothing\n");
-    EXPECT_EQ(observer->does("receive-dictionary a.b"), "received a.b nothing\n");
+    QList<QByteArray> expected;
+    observe("a.b");
+    for (const char* kind : {"number", "list", "data"}) {
+        EXPECT_TRUE(poster->does(QByteArray("post-") + kind + " a.b"));
+        expected << "nothing";
+        EXPECT_TRUE(observer->receives("a.b", expected)) << kind;
+    }
 }
 
 TEST_F(DistributedNotificationCenterTest, DeliversOnTheMainThread) {
-    EXPECT_TRUE(observer->does("receive-on-thread a.b x31"));
-    EXPECT_TRUE(observer->receives("a.b", {"x31"}));
+    EXPECT_TRUE(observer->does("connect-on-thread"));
+    observe("a.b");
+    post("a.b", "1");
+    EXPECT_TRUE(observer->receives("a.b", {digits("1")}));
 }
 
 TEST_F(DistributedNotificationCenterTest, DeliversToEveryObserverAlsoOnesOwn) {
@@ -113,6 +120,25 @@ TEST_F(DistributedNotificationCenterTest, LetsAHandlerLetItselfGo) {
     post("staying", "3");
     EXPECT_TRUE(observer->receives("staying", {digits("3")}));
     EXPECT_TRUE(observer->receives("a.b", {digits("let go")}));
+}
+
+TEST_F(DistributedNotificationCenterTest, FreesTheHandlersThatWereLetGo) {
+    EXPECT_EQ(observer->does("count-owners"), "1\n");
+    observe("a.b");
+    observe("a.c");
+    EXPECT_EQ(observer->does("count-owners"), "3\n");
+    EXPECT_TRUE(observer->does("let-go a.c"));
+    EXPECT_EQ(observer->does("count-owners"), "2\n");
+    post("a.b", "let go");
+    EXPECT_TRUE(observer->receives("a.b", {digits("let go")}));
+    EXPECT_EQ(observer->does("count-owners"), "1\n");
+    observe("a.b");
+    EXPECT_TRUE(observer->does("forget-center"));
+    EXPECT_EQ(observer->does("count-owners"), "1\n");
+}
+
+TEST_F(DistributedNotificationCenterTest, LeavesNoObjectsBehind) {
+    EXPECT_EQ(observer->does("count-left"), "little left\n");
 }
 
 TEST_F(DistributedNotificationCenterTest, ObservesAgainWhatItHadLetGo) {
