@@ -16,8 +16,8 @@
 #include <string>
 #include <unistd.h>
 
-/// The server of notifications. Unlike the center of this implementation of Foundation, it also takes
-/// those whose object is no string.
+/// The server of notifications. Unlike the center of this implementation of Foundation, it takes
+/// also those whose object is no string.
 @protocol NotificationServer
 - (oneway void)postNotificationName:(NSString*)name
                              object:(bycopy id)object
