@@ -13,7 +13,7 @@ set(may_Simulator SMC Profiles Platform Simulation Simulator)
 set(may_tervalectl SMC Profiles Platform Simulation Backend tervalectl)
 
 # Angle-bracket headers of an operating system, a toolkit or a library.
-set(foreign "^(sys/|unistd\\.h|fcntl\\.h|poll\\.h|signal\\.h|netinet/|arpa/|mach/|IOKit/|CoreFoundation/|Foundation/|objc/|dbus/|systemd/)")
+set(foreign "^(sys/|unistd\\.h|fcntl\\.h|poll\\.h|signal\\.h|netinet/|arpa/|mach/|IOKit/|CoreFoundation/|CoreGraphics/|Foundation/|AppKit/|objc/|dbus/|systemd/)")
 set(toolkit "^Q[A-Z]")
 set(json "^nlohmann/")
 

@@ -6,6 +6,7 @@
 #include "Platform/macOS/BundleMetadata.h"
 #include "Platform/macOS/DistributedNotificationCenter.h"
 #include "Platform/macOS/IOKitRegistry.h"
+#include "Platform/macOS/SystemSymbols.h"
 #include "Platform/macOS/UserDefaultsPreferences.h"
 
 #include <cstdlib>
@@ -46,6 +47,10 @@ std::function<std::optional<std::string>(const std::string&)> makeBundleText() {
     return &bundleText;
 }
 
+std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSystemSymbols() {
+    return &systemSymbol;
+}
+
 void prepareEventLoop() {
     // The toolkit's own loop for programs without windows serves no run loop, which delivers.
     ::setenv("QT_EVENT_DISPATCHER_CORE_FOUNDATION", "1", 1);
@@ -74,6 +79,10 @@ std::unique_ptr<Preferences> makePreferences(const std::string& domain) {
 }
 
 std::function<std::optional<std::string>(const std::string&)> makeBundleText() {
+    return nullptr;
+}
+
+std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSystemSymbols() {
     return nullptr;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/SymbolMask.h"
 #include "Profiles/InProcessNotificationCenter.h"
 #include "Profiles/Preferences.h"
 #include "SMC/IORegistry.h"
@@ -41,6 +42,12 @@ std::function<std::optional<double>()> makeProcessorLoad();
 /// "CFBundleVersion"; nothing for a key that is missing or holds something else. Null for a program
 /// that lies in no bundle.
 std::function<std::optional<std::string>(const std::string& key)> makeBundleText();
+
+/// Draws a symbol of the system's by its name into a square of so many pixels a side, in a weight
+/// (1 is regular); nothing for one that the system does not have. Null for a system without
+/// symbols.
+std::function<std::optional<SymbolMask>(const std::string& name, int side, double weight)>
+makeSystemSymbols();
 
 /// Has an event loop of the toolkit deliver notifications also in a program without windows. Before
 /// the application object.

@@ -4,8 +4,11 @@
 
 #include <QIconEngine>
 #include <QPixmap>
+#include <QPixmapCache>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace tervale {
 
@@ -55,6 +58,43 @@ class SymbolEngine : public QIconEngine {
     Drawing drawing;
 };
 
+SymbolShapes& systemShapes() {
+    static SymbolShapes shapes;
+    return shapes;
+}
+
+/// How many pixels of the painter's device lie along a side.
+int pixels(const QPainter& painter, qreal side) {
+    const QTransform& transform = painter.deviceTransform();
+    const qreal scale = std::hypot(transform.m11(), transform.m12());
+    return static_cast<int>(std::ceil(std::min(side * scale, 4096.0)));
+}
+
+/// The system's shape in a colour; kept, since the same few are drawn again and again.
+std::optional<QPixmap> systemShape(Symbol symbol, int side, const QColor& color, qreal weight) {
+    if (!systemShapes())
+        return std::nullopt;
+    const QString key = QStringLiteral("tervale symbol %1 %2 %3 %4")
+                            .arg(symbolName(symbol))
+                            .arg(side)
+                            .arg(color.rgba())
+                            .arg(weight);
+    QPixmap shape;
+    if (QPixmapCache::find(key, &shape))
+        return shape;
+    const auto opacity = systemShapes()(symbolName(symbol), side, weight);
+    if (!opacity)
+        return std::nullopt;
+    QImage image = opacity->convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(image.rect(), color);
+    painter.end();
+    shape = QPixmap::fromImage(image);
+    QPixmapCache::insert(key, shape);
+    return shape;
+}
+
 } // namespace
 
 QString symbolName(Symbol symbol) {
@@ -95,11 +135,24 @@ QString symbolName(Symbol symbol) {
     return {};
 }
 
+void useSymbolShapes(SymbolShapes shapes) {
+    systemShapes() = std::move(shapes);
+    QPixmapCache::clear();
+}
+
 void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& bounds, const QColor& color,
                  qreal weight) {
     const qreal side = std::min(bounds.width(), bounds.height());
     if (!(side > 0))
         return;
+    if (const auto shape = systemShape(symbol, pixels(painter, side), color, weight)) {
+        painter.save();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        const QPointF corner = bounds.center() - QPointF(side / 2, side / 2);
+        painter.drawPixmap(QRectF(corner, QSizeF(side, side)), *shape, shape->rect());
+        painter.restore();
+        return;
+    }
     const qreal scale = side / symbolBox;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

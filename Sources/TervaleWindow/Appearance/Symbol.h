@@ -2,13 +2,18 @@
 
 #include <QColor>
 #include <QIcon>
+#include <QImage>
 #include <QPainter>
 #include <QRectF>
 #include <QString>
 
+#include <functional>
+#include <optional>
+
 namespace tervale {
 
-/// The window's own vector drawings, by the names of the system's symbols.
+/// The window's symbols, by the names of the system's. They are the window's own vector drawings
+/// unless the system's shapes are there.
 enum class Symbol {
     fan,                     // "fan"
     fanSlash,                // "fan.slash"
@@ -34,6 +39,15 @@ QString symbolName(Symbol symbol);
 /// `weight` scales the width of its lines.
 void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& bounds, const QColor& color,
                  qreal weight = 1.0);
+
+/// Draws a symbol's shape by its name: an image of that many pixels a side, of which only the
+/// opacity counts; nothing for a symbol that it does not know.
+using SymbolShapes =
+    std::function<std::optional<QImage>(const QString& name, int side, qreal weight)>;
+
+/// Lets the system's own shapes stand in for the window's drawings where there are such; null for
+/// none. For the whole process, before anything is drawn.
+void useSymbolShapes(SymbolShapes shapes);
 
 /// The symbol in a colour, drawn anew for each size and scale that is asked for.
 QIcon symbolIcon(Symbol symbol, const QColor& color, qreal weight = 1.0);

@@ -1,6 +1,8 @@
 #include "TervaleWindow/Shell/SystemAppearance.h"
 
+#include "Platform/Platform.h"
 #include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/WindowStyle.h"
 
@@ -38,9 +40,26 @@ void tintDesktopPalette() {
     QApplication::setPalette(tint);
 }
 
+/// The symbols of the system where it has some.
+void useSystemSymbols() {
+    const auto symbols = makeSystemSymbols();
+    if (!symbols)
+        return;
+    useSymbolShapes([symbols](const QString& name, int side, qreal weight) {
+        const auto mask = symbols(name.toStdString(), side, weight);
+        return mask ? std::optional(imageOf(*mask)) : std::nullopt;
+    });
+}
+
 } // namespace
 
+QImage imageOf(const SymbolMask& mask) {
+    return QImage(mask.coverage.data(), mask.side, mask.side, mask.side, QImage::Format_Alpha8)
+        .copy();
+}
+
 void useSystemAppearance([[maybe_unused]] QApplication& application) {
+    useSystemSymbols();
     const bool themed = desktopHasPalette();
     // Brings the fonts along, each kind of control its own.
     QApplication::setStyle(new WindowStyle);

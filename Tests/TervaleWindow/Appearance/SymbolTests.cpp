@@ -154,3 +154,56 @@ TEST(SymbolIcon, IsDimmedWhileDisabled) {
     const QImage disabled = icon.pixmap(QSize(24, 24), 1.0, QIcon::Disabled).toImage();
     EXPECT_NEAR(ink(disabled), ink(normal) * 0.4, 1);
 }
+
+namespace {
+
+/// The lower half of a square, for the fan alone.
+std::optional<QImage> halfFan(const QString& name, int side, qreal) {
+    if (name != "fan")
+        return std::nullopt;
+    QImage image({side, side}, QImage::Format_Alpha8);
+    image.fill(0);
+    QPainter painter(&image);
+    painter.fillRect(0, side / 2, side, side / 2, Qt::black);
+    return image;
+}
+
+class SystemShapes : public testing::Test {
+  protected:
+    ~SystemShapes() override { useSymbolShapes(nullptr); }
+
+    int drawn = 0;
+};
+
+} // namespace
+
+TEST_F(SystemShapes, StandInForTheDrawingInTheColourAskedFor) {
+    useSymbolShapes(&halfFan);
+    const QImage image = painted(Symbol::fan, QColor(200, 100, 50));
+    EXPECT_EQ(image.pixelColor(24, 40), QColor(200, 100, 50));
+    EXPECT_EQ(image.pixelColor(24, 8).alpha(), 0);
+    EXPECT_EQ(ink(image), 48 * 24);
+}
+
+TEST_F(SystemShapes, LeaveTheDrawingToTheWindowWhereThereIsNone) {
+    const QImage own = painted(Symbol::cpu, Qt::black);
+    useSymbolShapes(&halfFan);
+    EXPECT_EQ(painted(Symbol::cpu, Qt::black), own);
+}
+
+TEST_F(SystemShapes, AreAskedForInThePixelsOfTheDeviceAndOnceOnly) {
+    int asked = 0;
+    useSymbolShapes([&](const QString& name, int side, qreal weight) {
+        ++drawn;
+        asked = side;
+        return halfFan(name, side, weight);
+    });
+    QImage image = emptyImage({96, 96});
+    image.setDevicePixelRatio(2);
+    QPainter painter(&image);
+    for (int i = 0; i < 3; ++i)
+        paintSymbol(painter, Symbol::fan, {4, 4, 20, 20}, Qt::black);
+    painter.end();
+    EXPECT_EQ(asked, 40);
+    EXPECT_EQ(drawn, 1);
+}

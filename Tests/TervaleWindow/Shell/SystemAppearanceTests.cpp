@@ -33,3 +33,12 @@ TEST_F(SystemAppearance, MarksWhatIsSelectedInTheAccentColor) {
     EXPECT_EQ(QApplication::palette().color(QPalette::Highlight), Theme::accent());
     EXPECT_EQ(QApplication::palette().color(QPalette::HighlightedText), QColor(Qt::white));
 }
+
+TEST_F(SystemAppearance, TurnsAMaskIntoOpacityRowByRow) {
+    const QImage image = imageOf({3, {0, 255, 0, 10, 20, 30, 0, 0, 128}});
+    EXPECT_EQ(image.size(), QSize(3, 3));
+    EXPECT_EQ(qAlpha(image.pixel(1, 0)), 255);
+    EXPECT_EQ(qAlpha(image.pixel(2, 1)), 30);
+    EXPECT_EQ(qAlpha(image.pixel(2, 2)), 128);
+    EXPECT_EQ(qAlpha(image.pixel(0, 2)), 0);
+}

@@ -1,0 +1,30 @@
+// The declarations of CoreGraphics that the adapters use, for building where Apple's own are not.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+typedef double CGFloat;
+struct CGPoint {
+    CGFloat x;
+    CGFloat y;
+};
+struct CGSize {
+    CGFloat width;
+    CGFloat height;
+};
+struct CGRect {
+    CGPoint origin;
+    CGSize size;
+};
+
+typedef struct CGColorSpace* CGColorSpaceRef;
+typedef struct CGContext* CGContextRef;
+enum CGImageAlphaInfo : std::uint32_t { kCGImageAlphaOnly = 7 };
+
+extern "C" {
+CGContextRef CGBitmapContextCreate(void* data, std::size_t width, std::size_t height,
+                                   std::size_t bitsPerComponent, std::size_t bytesPerRow,
+                                   CGColorSpaceRef space, std::uint32_t bitmapInfo);
+void CGContextRelease(CGContextRef context);
+}
