@@ -6,6 +6,14 @@ _tervalectl_profiles() {
         grep -o '"id":"[^"]*"' | cut -d '"' -f 4
 }
 
+# Takes what compgen takes. Also a Mac's own bash, which is old, can do this.
+_tervalectl_offer() {
+    local word
+    while IFS= read -r word; do
+        COMPREPLY+=("$word")
+    done < <(compgen "$@")
+}
+
 _tervalectl() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
     local words=() word command options arguments='' i
@@ -13,14 +21,14 @@ _tervalectl() {
 
     case $previous in
     --group)
-        mapfile -t COMPREPLY < <(compgen -W 'cpu gpu memory ssd power other' -- "$current")
+        _tervalectl_offer -W 'cpu gpu memory ssd power other' -- "$current"
         return ;;
     --profiles | --socket)
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        compopt -o filenames 2>/dev/null
+        _tervalectl_offer -f -- "$current"
         return ;;
     --selection)
-        mapfile -t COMPREPLY < <(compgen -W 'automatic max' -- "$current")
+        _tervalectl_offer -W 'automatic max' -- "$current"
         return ;;
     --interval | --count | --timeout)
         return ;;
@@ -69,12 +77,12 @@ _tervalectl() {
     esac
 
     if [[ $current == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        _tervalectl_offer -W "$options" -- "$current"
     elif [[ $command == replay || $command == profiles\ [eiv]* ]] && ((${#words[@]} == 1)); then
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        compopt -o filenames 2>/dev/null
+        _tervalectl_offer -f -- "$current"
     else
-        mapfile -t COMPREPLY < <(compgen -W "$arguments" -- "$current")
+        _tervalectl_offer -W "$arguments" -- "$current"
     fi
 }
 

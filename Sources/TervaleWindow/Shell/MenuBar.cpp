@@ -12,7 +12,6 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QOperatingSystemVersion>
 
 namespace tervale {
 
@@ -66,8 +65,9 @@ void showNote(QWidget& window, const QString& title, const QString& text, const 
 } // namespace
 
 MenuBar::Place MenuBar::usualPlace() {
-    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS ? Place::menuBar
-                                                                                    : Place::window;
+    // Only where windows really are a Mac's: without its menu bar the keys of menus would be dead.
+    return QGuiApplication::platformName() == QLatin1String("cocoa") ? Place::menuBar
+                                                                     : Place::window;
 }
 
 MenuBar::MenuBar(ContentView& served, Place place) : QObject(&served), window(served) {

@@ -50,7 +50,9 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     QApplication::setApplicationName(QStringLiteral("Tervale"));
     QApplication::setApplicationVersion(QStringLiteral(TERVALE_VERSION));
     QApplication::setDesktopFileName(QString::fromLatin1(desktopEntry));
-    QApplication::setWindowIcon(applicationIcon());
+    // A bundle brings its own.
+    if (const QIcon icon = applicationIcon(); !icon.isNull())
+        QApplication::setWindowIcon(icon);
     useSystemAppearance(application);
     auto backend = makeBackend(request);
     if (!backend)
