@@ -44,7 +44,7 @@ std::optional<ActionText> parseAction(std::string_view text) {
 }
 
 std::optional<ActionText> parseActionOrJSON(std::string_view text) {
-    if (const auto action = parseAction(text))
+    if (auto action = parseAction(text))
         return action;
     const auto decoded = decode<Action>(text);
     if (const auto* action = std::get_if<Action>(&decoded))

@@ -29,7 +29,7 @@ const CommandDescription& takeCommand(Words& words) {
 std::string takeHelp(Words& words) {
     if (words.isEmpty())
         return help();
-    if (const std::string members = help(std::string_view(words.first()));
+    if (std::string members = help(std::string_view(words.first()));
         !members.empty() && words.count() == 1)
         return members;
     return help(takeCommand(words));

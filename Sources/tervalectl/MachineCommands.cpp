@@ -38,6 +38,7 @@ std::vector<Reading> readings(SMC& smc, const ctl::Sensors& command) {
         return std::pair(SensorGroup::Case(sensor.group), sensor.key);
     });
     std::vector<Reading> found;
+    found.reserve(wanted.size());
     for (const TemperatureSensor& sensor : wanted)
         found.push_back({sensor, smc.temperature(sensor)});
     return found;

@@ -23,6 +23,7 @@ struct Finding {
 
 std::vector<Finding> examine(const std::vector<Profile>& profiles) {
     std::vector<Finding> findings;
+    findings.reserve(profiles.size());
     for (const Profile& profile : profiles)
         findings.push_back({profile, findings.size() + 1, problems(profile, profiles)});
     return findings;

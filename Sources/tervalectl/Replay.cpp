@@ -51,8 +51,8 @@ void write(JSONWriter& json, const Outcome& outcome) {
 /// Runs one selection through ticks, as the agent would.
 class DryRun {
   public:
-    DryRun(Action selection, std::vector<Profile> profiles)
-        : selection(std::move(selection)),
+    DryRun(const Action& selection, std::vector<Profile> profiles)
+        : selection(selection),
           profiles(std::move(profiles)) {}
 
     Outcome advance(const MachineReading& reading) {

@@ -24,7 +24,7 @@ QString findRoundedFamily() {
     if (!runsOnMac())
         return systemFamily();
     // The one that people install, and the system's own under the names that it has had.
-    const QString known = firstInstalledFamily(
+    QString known = firstInstalledFamily(
         {"SF Pro Rounded", ".AppleSystemUIFontRounded", ".SF NS Rounded"}, QString());
     if (!known.isEmpty())
         return known;
