@@ -130,4 +130,9 @@ bool hasKeyboardFocus(const QWidget& widget) {
     return widget.hasFocus() && widget.property(keyboardFocusProperty).toBool();
 }
 
+void handFocusOn(const QWidget& from, QWidget& to) {
+    if (from.hasFocus())
+        to.setFocus(hasKeyboardFocus(from) ? Qt::TabFocusReason : Qt::OtherFocusReason);
+}
+
 } // namespace tervale

@@ -45,4 +45,8 @@ enum class FocusOrigin { other, keyboard };
 void setFocusOrigin(QWidget& widget, FocusOrigin origin);
 bool hasKeyboardFocus(const QWidget& widget);
 
+/// Moves the focus on, with its ring if it has one, before a control that may have it goes or is
+/// disabled. The toolkit would choose the next one on its own.
+void handFocusOn(const QWidget& from, QWidget& to);
+
 } // namespace tervale

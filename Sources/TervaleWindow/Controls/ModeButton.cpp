@@ -5,6 +5,8 @@
 #include "TervaleWindow/Controls/AccessibleControls.h"
 #include "TervaleWindow/Controls/ControlPainting.h"
 
+#include <QKeyEvent>
+
 namespace tervale {
 
 namespace {
@@ -37,6 +39,23 @@ QSize ModeButton::sizeHint() const {
 
 QSize ModeButton::minimumSizeHint() const {
     return {2 * capsuleHeight, capsuleHeight};
+}
+
+void ModeButton::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Up || key == Qt::Key_Down) {
+        // Those are the pane's, to scroll with.
+        event->ignore();
+    } else if (key == Qt::Key_Left || key == Qt::Key_Right) {
+        const auto row =
+            parentWidget()->findChildren<ModeButton*>(QString(), Qt::FindDirectChildrenOnly);
+        const bool forward = (key == Qt::Key_Right) == (layoutDirection() == Qt::LeftToRight);
+        const qsizetype place = row.indexOf(this) + (forward ? 1 : -1);
+        if (place >= 0 && place < row.size())
+            row[place]->setFocus(Qt::TabFocusReason);
+    } else {
+        QPushButton::keyPressEvent(event);
+    }
 }
 
 // The click only asks.

@@ -21,6 +21,8 @@ class ModeButton : public QPushButton {
     QSize minimumSizeHint() const override;
 
   protected:
+    /// Left and Right go along the row of such buttons, and stop at its ends.
+    void keyPressEvent(QKeyEvent* event) override;
     void nextCheckState() override;
     void paintEvent(QPaintEvent* event) override;
 };

@@ -4,6 +4,7 @@
 #include "TervaleWindow/Controls/MenuRowDelegate.h"
 
 #include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QStyleOption>
 #include <QWheelEvent>
@@ -40,6 +41,7 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
     view()->setFrameShape(QFrame::NoFrame);
     view()->setAutoFillBackground(false);
     view()->viewport()->setAutoFillBackground(false);
+    view()->installEventFilter(this);
 }
 
 QSize PopUpButton::sizeHint() const {
@@ -56,6 +58,17 @@ QSize PopUpButton::sizeHint() const {
 
 QSize PopUpButton::minimumSizeHint() const {
     return {64, sizeHint().height()};
+}
+
+bool PopUpButton::eventFilter(QObject* watched, QEvent* event) {
+    const bool spacePressed =
+        event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space;
+    if (watched != view() || !spacePressed)
+        return QComboBox::eventFilter(watched, event);
+    // What opened the list also chooses in it.
+    QKeyEvent choice(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(view(), &choice);
+    return true;
 }
 
 void PopUpButton::keyPressEvent(QKeyEvent* event) {

@@ -6,7 +6,8 @@ namespace tervale {
 
 /// A button that shows the chosen entry and opens a list of all, the chosen one ticked. It takes
 /// the width of its longest entry, at least 130, and shortens a name with an ellipsis where it is
-/// given less. Space, Return, Up and Down open the list. Only the user's choice emits `activated`;
+/// given less. Space, Return, Up and Down open the list, and
+/// Space and Return choose in it. Only the user's choice emits `activated`;
 /// `setCurrentIndex` never does.
 class PopUpButton : public QComboBox {
     Q_OBJECT
@@ -16,6 +17,7 @@ class PopUpButton : public QComboBox {
 
     explicit PopUpButton(QWidget* parent = nullptr);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -96,6 +96,16 @@ void WindowStyle::polish(QApplication* application) {
     QApplication::setFont(systemFont(fontSize::body, QFont::Medium), "QPushButton");
 }
 
+void WindowStyle::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    // Not every desktop says how a field asks for input, or it says so for another scheme.
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        QColor faint = palette.color(group, QPalette::Text);
+        faint.setAlphaF(faint.alphaF() * 0.5f);
+        palette.setColor(group, QPalette::PlaceholderText, faint);
+    }
+}
+
 void WindowStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     ring.watch(widget);
@@ -256,6 +266,7 @@ int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
                            QStyleHintReturn* result) const {
     switch (static_cast<int>(hint)) {
     case SH_FocusFrame_AboveWidget:
+    case SH_Menu_SpaceActivatesItem:
         return 1;
     case SH_FocusFrame_Mask: // the ring is painted on nothing, so there is nothing to cut out
     case SH_EtchDisabledText:

@@ -18,6 +18,7 @@ class WindowStyle : public QProxyStyle {
     WindowStyle();
 
     void polish(QApplication* application) override;
+    void polish(QPalette& palette) override;
     void polish(QWidget* widget) override;
     void unpolish(QWidget* widget) override;
     using QProxyStyle::polish;

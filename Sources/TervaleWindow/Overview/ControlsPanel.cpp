@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
@@ -118,12 +119,13 @@ QWidget* ControlsPanel::makeTimerRow() {
     timerMenu = new MenuButton(QStringLiteral("Timer"), new QMenu);
     timerLabel = new SymbolLabel(Symbol::timer, {});
     timerLabel->setOverflow(Overflow::elide);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"));
-    connect(cancel, &QPushButton::clicked, this, [this] { bridge.send(command::CancelTimer{}); });
+    cancelButton = new QPushButton(QStringLiteral("Cancel"));
+    connect(cancelButton, &QPushButton::clicked, this,
+            [this] { bridge.send(command::CancelTimer{}); });
     timerRunning = new QWidget;
     auto* running = rowIn(*timerRunning);
     running->addWidget(timerLabel);
-    running->addWidget(cancel);
+    running->addWidget(cancelButton);
     running->addStretch(1);
     auto* timerRow = new QWidget;
     auto* row = rowIn(*timerRow);
@@ -183,8 +185,14 @@ void ControlsPanel::updateChosenProfile() {
 void ControlsPanel::updateTimer() {
     const QString text = timerText(model);
     timerLabel->setText(text);
-    timerRunning->setVisible(!text.isEmpty());
-    timerMenu->setVisible(text.isEmpty());
+    const bool running = !text.isEmpty();
+    // The one that comes is there before the one that goes, to take the focus over.
+    (running ? timerRunning : static_cast<QWidget*>(timerMenu))->show();
+    if (running)
+        handFocusOn(*timerMenu, *cancelButton);
+    else
+        handFocusOn(*cancelButton, *timerMenu);
+    (running ? static_cast<QWidget*>(timerMenu) : timerRunning)->hide();
 }
 
 void ControlsPanel::updateTimerMenu() {

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+class QPushButton;
+
 namespace tervale {
 
 class FigureLabel;
@@ -54,6 +56,7 @@ class ControlsPanel final : public Card {
     PopUpButton* profilePicker = nullptr;
     MenuButton* timerMenu = nullptr;
     QWidget* timerRunning = nullptr;
+    QPushButton* cancelButton = nullptr;
     SymbolLabel* timerLabel = nullptr;
 };
 

@@ -102,6 +102,12 @@ void ProfilesList::display(const ProfilesDraft& draft, const std::vector<bool>& 
     removeButton->setEnabled(draft.selected() != nullptr);
 }
 
+QWidget& ProfilesList::focusTarget() {
+    if (list->focusPolicy() == Qt::NoFocus)
+        return *addButton;
+    return *list;
+}
+
 void ProfilesList::keepFocus(const ProfilesDraft& draft) {
     // A control that is disabled hands the focus on, out of this column; and a list without rows
     // has nothing to show it on.

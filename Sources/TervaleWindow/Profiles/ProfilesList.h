@@ -24,6 +24,9 @@ class ProfilesList final : public QWidget {
     /// Shows the draft without any signal. `marks` says of each profile whether it has problems.
     void display(const ProfilesDraft& draft, const std::vector<bool>& marks);
 
+    /// What takes the focus of this column: the list, or without profiles what adds one.
+    QWidget& focusTarget();
+
   signals:
     void selectionChanged(const std::optional<tervale::UUID>& id);
     void addRequested(const QString& name, const tervale::ProfileKind& kind);

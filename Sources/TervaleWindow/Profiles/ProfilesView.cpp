@@ -1,6 +1,7 @@
 #include "TervaleWindow/Profiles/ProfilesView.h"
 
 #include "Profiles/Validation.h"
+#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
@@ -179,6 +180,7 @@ void ProfilesView::edit(Change&& change) {
 void ProfilesView::showDraft() {
     const std::vector<Problems> found = problemsOf(draft.profiles);
     std::vector<bool> marks;
+    marks.reserve(found.size());
     for (const Problems& each : found)
         marks.push_back(!each.empty());
     const bool invalid = std::find(marks.begin(), marks.end(), true) != marks.end();
@@ -187,8 +189,14 @@ void ProfilesView::showDraft() {
     showEditor(selected ? found[static_cast<std::size_t>(selected - draft.profiles.data())]
                         : Problems());
     notice->setVisible(invalid);
-    revertButton->setEnabled(draft.canRevert());
-    saveButton->setEnabled(draft.canRevert() && !invalid);
+    enable(*revertButton, draft.canRevert());
+    enable(*saveButton, draft.canRevert() && !invalid);
+}
+
+void ProfilesView::enable(QPushButton& button, bool enabled) {
+    if (!enabled)
+        handFocusOn(button, list->focusTarget());
+    button.setEnabled(enabled);
 }
 
 void ProfilesView::showEditor(const Problems& problems) {

@@ -44,6 +44,7 @@ class ProfilesView final : public QWidget {
     /// Changes the draft and shows what came of it.
     template <class Change>
     void edit(Change&& change);
+    void enable(QPushButton& button, bool enabled);
     void showDraft();
     /// `problems` are those of the profile that is selected.
     void showEditor(const std::vector<std::string>& problems);

@@ -71,6 +71,19 @@ TEST_F(PickerTest, APopUpReportsOnlyTheUsersChoice) {
     EXPECT_EQ(button.currentIndex(), 1);
 }
 
+TEST_F(PickerTest, APopUpIsOpenedAndChosenFromBySpace) {
+    PopUpButton& button = show(popUp());
+    QSignalSpy chosen(&button, &QComboBox::activated);
+    button.setFocus();
+    QTest::keyClick(&button, Qt::Key_Space);
+    ASSERT_TRUE(button.view()->isVisible());
+    QTest::keyClick(button.view(), Qt::Key_Down);
+    QTest::keyClick(button.view(), Qt::Key_Space);
+    EXPECT_FALSE(button.view()->isVisible());
+    ASSERT_EQ(chosen.size(), 1);
+    EXPECT_EQ(button.currentText(), "Quiet");
+}
+
 TEST_F(PickerTest, APopUpLetsThePaneScrollOverIt) {
     PopUpButton& button = show(popUp());
     button.clearFocus();

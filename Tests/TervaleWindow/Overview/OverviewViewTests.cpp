@@ -311,6 +311,41 @@ TEST_F(Overview, ShowsARunningTimerAndCancelsIt) {
     EXPECT_EQ(named<QPushButton>("Cancel"), nullptr);
 }
 
+TEST_F(Overview, KeepsTheFocusWhereTheTimerIsStartedAndCancelled) {
+    show();
+    view->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    publish({});
+    timerMenu()->setFocus(Qt::TabFocusReason);
+    BridgeState running;
+    running.timerAction = action::Fixed{0.5};
+    running.timerEnds = Date{0};
+    publish(running);
+    auto* cancel = named<QPushButton>("Cancel");
+    ASSERT_NE(cancel, nullptr);
+    EXPECT_TRUE(cancel->hasFocus());
+    publish({});
+    EXPECT_TRUE(timerMenu()->hasFocus());
+}
+
+TEST_F(Overview, GoesAlongTheModesByTheArrowsAndStopsAtTheirEnd) {
+    show();
+    view->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    publish({});
+    auto* last = named<ModeButton>("Max");
+    last->setFocus(Qt::TabFocusReason);
+    for (int press = 0; press < 3; ++press)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_TRUE(last->hasFocus());
+    QTest::keyClick(last, Qt::Key_Down);
+    EXPECT_TRUE(last->hasFocus());
+    for (int press = 0; press < 9; ++press)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+    EXPECT_TRUE(named<ModeButton>("Automatic")->hasFocus());
+    EXPECT_TRUE(takeCommands().empty());
+}
+
 TEST_F(Overview, WaitsForTheAgentWithEverythingUsable) {
     show();
     EXPECT_TRUE(shows("Waiting for Tervale in the menu bar…"));

@@ -310,6 +310,24 @@ TEST_F(ProfilesViewTest, KeepsTheFocusInTheListsColumnWhenTheLastProfileGoes) {
     EXPECT_EQ(list()->focusPolicy(), Qt::NoFocus);
 }
 
+TEST_F(ProfilesViewTest, GivesTheFocusBackToTheListAfterSaveAndRevert) {
+    openWith({loadProfile(1, "One"), loadProfile(2, "Two")});
+    const auto type = [this] {
+        nameField()->setFocus();
+        QTest::keyClicks(nameField(), "x");
+    };
+    type();
+    button("Revert")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button("Revert"), Qt::Key_Space);
+    EXPECT_TRUE(list()->hasFocus());
+    type();
+    button("Save")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button("Save"), Qt::Key_Space);
+    say(std::get<command::SaveProfiles>(takeCommands().back()).profiles);
+    EXPECT_FALSE(button("Save")->isEnabled());
+    EXPECT_TRUE(list()->hasFocus());
+}
+
 TEST_F(ProfilesViewTest, ShowsWhichRowTheKeyboardIsAt) {
     openWith({loadProfile(1, "One"), loadProfile(2, "Two")});
     nameField()->setFocus();
