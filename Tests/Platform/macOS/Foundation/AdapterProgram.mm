@@ -176,6 +176,8 @@ bool Program::notify(const std::string& verb, const std::string& name,
         postForeign(name, [NSData dataWithBytes:"{}" length:2]);
     else if (verb == "connect-on-thread")
         [[[[FirstThread alloc] init] autorelease] start];
+    else if (verb == "suspend")
+        [[NSDistributedNotificationCenter defaultCenter] setSuspended:YES];
     else if (verb == "count-owners")
         say(std::to_string(owned.use_count()));
     else if (verb == "count-left")

@@ -92,6 +92,13 @@ TEST_F(DistributedNotificationCenterTest, DeliversOnTheMainThread) {
     EXPECT_TRUE(observer->receives("a.b", {digits("1")}));
 }
 
+TEST_F(DistributedNotificationCenterTest, DeliversToAProgramThatTheSystemSuspends) {
+    observe("a.b");
+    EXPECT_TRUE(observer->does("suspend a.b"));
+    post("a.b", "at once");
+    EXPECT_TRUE(observer->receives("a.b", {digits("at once")}));
+}
+
 TEST_F(DistributedNotificationCenterTest, DeliversToEveryObserverAlsoOnesOwn) {
     observe("a.b");
     EXPECT_TRUE(poster->does("observe a.b"));
