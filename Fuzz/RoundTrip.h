@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Profiles/JSON.h"
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "Profiles/Bridge.h"
 
-#include "Profiles/JSON.h"
+#include "JSON/JSON.h"
 
 #include <utility>
 

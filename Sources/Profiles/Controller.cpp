@@ -1,5 +1,7 @@
 #include "Profiles/Controller.h"
 
+#include "Base/Overloaded.h"
+
 #include <cmath>
 
 namespace tervale {

@@ -1,6 +1,7 @@
 #include "Profiles/DisplayText.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Overloaded.h"
+#include "Base/Precondition.h"
 
 #include <cmath>
 #include <cstdio>

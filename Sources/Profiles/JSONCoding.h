@@ -1,8 +1,10 @@
 #pragma once
 
-#include "Profiles/JSON.h"
-#include "Profiles/JSONReader.h"
-#include "Profiles/JSONWriter.h"
+#include "JSON/JSON.h"
+#include "JSON/JSONReader.h"
+#include "JSON/JSONWriter.h"
+#include "Profiles/Bridge.h"
+#include "Profiles/Profile.h"
 
 #include <utility>
 

@@ -1,5 +1,7 @@
 #include "Profiles/Profile.h"
 
+#include "Base/Overloaded.h"
+
 #include <algorithm>
 
 namespace tervale {

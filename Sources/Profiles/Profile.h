@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Base/Overloaded.h"
 #include "Profiles/UUID.h"
 #include "SMC/Sensors.h"
 
@@ -127,14 +128,6 @@ struct Profile {
 
 /// The first profile with this id, or null.
 const Profile* findProfile(std::span<const Profile> profiles, const UUID& id);
-
-/// Joins one function per alternative into a visitor of a variant.
-template <class... Functions>
-struct overloaded : Functions... {
-    using Functions::operator()...;
-};
-template <class... Functions>
-overloaded(Functions...) -> overloaded<Functions...>;
 
 } // namespace tervale
 

@@ -1,3 +1,4 @@
+#include "Base/Overloaded.h"
 #include "Profiles/JSONCoding.h"
 
 namespace tervale {

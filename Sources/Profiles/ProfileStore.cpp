@@ -1,6 +1,7 @@
 #include "Profiles/ProfileStore.h"
 
-#include "Profiles/JSON.h"
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 
 #include <optional>
 #include <string_view>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Base/Precondition.h"
 #include "Profiles/Clock.h"
 #include "Profiles/TemperatureInputs.h"
-#include "SMC/Precondition.h"
 #include "SMC/Sensors.h"
 
 #include <array>

@@ -1,7 +1,8 @@
 #include "Profiles/Validation.h"
 
-#include "SMC/ClosedRange.h"
-#include "SMC/Precondition.h"
+#include "Base/ClosedRange.h"
+#include "Base/Overloaded.h"
+#include "Base/Precondition.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include "SMC/ClosedRange.h"
-#include "SMC/Precondition.h"
+#include "Base/ClosedRange.h"
+#include "Base/Precondition.h"
 #include "SMC/SMC.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 #include "SMC/SMC.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "SMC/SMCCodec.h"
 #include "SMC/SMCStructure.h"
 

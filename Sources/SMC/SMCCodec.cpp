@@ -1,6 +1,6 @@
 #include "SMC/SMCCodec.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "SMC/SMC.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "SMC/SMC.h"
 
 namespace tervale {

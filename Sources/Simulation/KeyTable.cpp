@@ -1,6 +1,6 @@
 #include "Simulation/KeyTable.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "SMC/SMCCodec.h"
 #include "Simulation/SensorNames.h"
 

@@ -1,6 +1,6 @@
 #include "Simulation/Scenario.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <algorithm>
 #include <utility>

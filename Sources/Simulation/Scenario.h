@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Profiles/LoadReading.h"
 #include "Simulation/RandomSource.h"
 
 #include <array>
@@ -34,9 +35,6 @@ std::string_view nameOf(Scenario scenario);
 std::optional<Scenario> scenarioNamed(std::string_view name);
 /// The temperature of the room, in degrees Celsius.
 double roomTemperature(Scenario scenario);
-
-/// Percent of the processor in use, 0 to 100; nothing when it is not known.
-using LoadReading = std::function<std::optional<double>()>;
 
 /// How busy the machine is, in fractions from 0 to 1.
 struct Workload {

@@ -1,6 +1,6 @@
 #include "Simulation/SensorBank.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "Simulation/SensorNames.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "Simulation/SensorNames.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <array>
 #include <span>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SMC/ClosedRange.h"
+#include "Base/ClosedRange.h"
 
 #include <cstdint>
 

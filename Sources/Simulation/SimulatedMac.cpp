@@ -1,7 +1,8 @@
 #include "Simulation/SimulatedMac.h"
 
+#include "Base/Overloaded.h"
+#include "Base/Precondition.h"
 #include "Profiles/Profile.h"
-#include "SMC/Precondition.h"
 #include "SMC/SMCCodec.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Agent/Agent.h"
 #include "Profiles/Clock.h"
 #include "Profiles/NotificationCenter.h"
 #include "Profiles/Preferences.h"
 #include "SMC/SMC.h"
-#include "Simulation/SimulatedAgent.h"
 #include "Simulation/SimulatedClock.h"
 #include "Simulation/SimulatedMac.h"
 
@@ -30,7 +30,7 @@ class Simulation {
 
     /// For the window's own connection, and for faults.
     SimulatedMac& mac() { return simulatedMac; }
-    SimulatedAgent& agent() { return simulatedAgent; }
+    Agent& agent() { return simulatedAgent; }
     const Clock& clock() const { return agentClock; }
 
   private:
@@ -38,7 +38,7 @@ class Simulation {
     SimulatedClock virtualClock;
     const Clock& agentClock;
     SMC smc;
-    SimulatedAgent simulatedAgent;
+    Agent simulatedAgent;
     /// Since the last tick.
     double pending = 0;
 };

@@ -1,6 +1,8 @@
 #include "tervalectl/ActionText.h"
 
-#include "Profiles/JSON.h"
+#include "Base/Overloaded.h"
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 #include "tervalectl/Failure.h"
 #include "tervalectl/Quantities.h"
 

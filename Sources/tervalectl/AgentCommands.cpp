@@ -1,8 +1,9 @@
 #include "tervalectl/AgentCommands.h"
 
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 #include "Profiles/DisplayText.h"
-#include "Profiles/JSON.h"
-#include "tervalectl/Agent.h"
+#include "tervalectl/AgentConnection.h"
 #include "tervalectl/Table.h"
 
 #include <QDateTime>
@@ -48,26 +49,27 @@ void printState(const BridgeState& state, Context& context) {
 }
 
 /// The action that a text means to this agent, which is asked only if the text names a profile.
-Action resolve(const ActionText& text, Agent& agent) {
+Action resolve(const ActionText& text, AgentConnection& agent) {
     if (std::holds_alternative<Action>(text))
         return std::get<Action>(text);
     return resolve(text, agent.state().profiles);
 }
 
-ExitStatus carryOut(const BridgeCommand& command, Agent::Confirms confirms, Context& context) {
-    printConfirmation(Agent(context).carryOut(command, std::move(confirms)), context);
+ExitStatus carryOut(const BridgeCommand& command, AgentConnection::Confirms confirms,
+                    Context& context) {
+    printConfirmation(AgentConnection(context).carryOut(command, std::move(confirms)), context);
     return ExitStatus::done;
 }
 
 } // namespace
 
 ExitStatus perform(const ctl::State&, Context& context) {
-    printState(Agent(context).state(), context);
+    printState(AgentConnection(context).state(), context);
     return ExitStatus::done;
 }
 
 ExitStatus perform(const ctl::Select& command, Context& context) {
-    Agent agent(context);
+    AgentConnection agent(context);
     const Action action = resolve(command.action, agent);
     const auto confirms = [&](const BridgeState& state) { return state.selection == action; };
     printConfirmation(agent.carryOut(command::Select{action}, confirms), context);
@@ -75,7 +77,7 @@ ExitStatus perform(const ctl::Select& command, Context& context) {
 }
 
 ExitStatus perform(const ctl::Timer& command, Context& context) {
-    Agent agent(context);
+    AgentConnection agent(context);
     const Action action = resolve(command.action, agent);
     const Date sent = context.clock.now();
     // The same action may have been running already. The agent starts counting between now and its

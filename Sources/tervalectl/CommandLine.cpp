@@ -1,6 +1,6 @@
 #include "tervalectl/CommandLine.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "tervalectl/CommandTable.h"
 #include "tervalectl/Quantities.h"
 #include "tervalectl/Words.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Backend/Backend.h"
+#include "Machine/Machine.h"
 #include "Profiles/Clock.h"
 #include "tervalectl/Failure.h"
 

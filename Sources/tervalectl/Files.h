@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Profiles/JSONValue.h"
+#include "JSON/JSONValue.h"
 #include "tervalectl/Context.h"
 
 #include <cstddef>

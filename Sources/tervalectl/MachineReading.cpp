@@ -1,7 +1,7 @@
 #include "tervalectl/MachineReading.h"
 
+#include "Base/ClosedRange.h"
 #include "Profiles/Profile.h"
-#include "SMC/ClosedRange.h"
 
 #include <algorithm>
 #include <cmath>

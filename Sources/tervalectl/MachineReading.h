@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Profiles/JSONReader.h"
-#include "Profiles/JSONWriter.h"
+#include "JSON/JSONReader.h"
+#include "JSON/JSONWriter.h"
 #include "Profiles/TemperatureInputs.h"
 #include "SMC/Fan.h"
 

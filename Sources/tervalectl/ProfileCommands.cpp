@@ -1,8 +1,9 @@
 #include "tervalectl/ProfileCommands.h"
 
+#include "Base/Overloaded.h"
 #include "Profiles/JSONCoding.h"
 #include "Profiles/Validation.h"
-#include "tervalectl/Agent.h"
+#include "tervalectl/AgentConnection.h"
 #include "tervalectl/Files.h"
 #include "tervalectl/ProfileFile.h"
 #include "tervalectl/Table.h"
@@ -68,7 +69,7 @@ std::string kindText(const Profile& profile) {
 } // namespace
 
 ExitStatus perform(const ctl::ListProfiles&, Context& context) {
-    const BridgeState state = Agent(context).state();
+    const BridgeState state = AgentConnection(context).state();
     if (context.json) {
         context.out << encode(state.profiles) << '\n';
         return ExitStatus::done;
@@ -81,7 +82,7 @@ ExitStatus perform(const ctl::ListProfiles&, Context& context) {
 }
 
 ExitStatus perform(const ctl::ExportProfiles& command, Context& context) {
-    const BridgeState state = Agent(context).state();
+    const BridgeState state = AgentConnection(context).state();
     files::write(command.file, encode(state.profiles) + '\n', context);
     return ExitStatus::done;
 }
@@ -95,7 +96,7 @@ ExitStatus perform(const ctl::ImportProfiles& command, Context& context) {
     }
     if (!line.empty())
         throw refusal(line);
-    Agent agent(context);
+    AgentConnection agent(context);
     const auto confirms = [&](const BridgeState& state) { return state.profiles == profiles; };
     printConfirmation(agent.carryOut(command::SaveProfiles{profiles}, confirms), context);
     return ExitStatus::done;

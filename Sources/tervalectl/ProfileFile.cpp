@@ -1,6 +1,7 @@
 #include "tervalectl/ProfileFile.h"
 
-#include "Profiles/JSON.h"
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 #include "tervalectl/Files.h"
 
 namespace tervale {

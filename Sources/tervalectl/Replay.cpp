@@ -1,5 +1,6 @@
 #include "tervalectl/Replay.h"
 
+#include "Base/Overloaded.h"
 #include "Profiles/Controller.h"
 #include "Profiles/DisplayText.h"
 #include "Profiles/JSONCoding.h"

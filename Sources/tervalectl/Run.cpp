@@ -1,6 +1,7 @@
 #include "tervalectl/Run.h"
 
-#include "Profiles/JSON.h"
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 #include "SMC/SMC.h"
 #include "tervalectl/AgentCommands.h"
 #include "tervalectl/MachineCommands.h"

@@ -1,6 +1,6 @@
 #include "tervalectl/SpeedText.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <cmath>
 

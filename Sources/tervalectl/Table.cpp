@@ -1,6 +1,6 @@
 #include "tervalectl/Table.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <QString>
 

@@ -1,3 +1,4 @@
+#include "Base/Overloaded.h"
 #include "Platform/Platform.h"
 #include "tervalectl/CommandLine.h"
 #include "tervalectl/Run.h"

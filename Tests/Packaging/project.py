@@ -11,7 +11,7 @@ LINUX = SOURCES / "packaging/linux"
 ICONS = SOURCES / "packaging/icon"
 PROGRAMS = {
     "tervale-window": BUILD / "Sources/TervaleWindow/Shell/tervale-window",
-    "tervale-simulator": BUILD / "Sources/Simulator/tervale-simulator",
+    "tervale-simulator": BUILD / "Sources/tervale-simulator/tervale-simulator",
     "tervalectl": BUILD / "Sources/tervalectl/tervalectl",
 }
 ID = "com.velnor.tervale.window"

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Profiles/JSON.h"
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,4 +1,5 @@
-#include "Profiles/JSON.h"
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 #include "Support/TemporaryFolder.h"
 #include "tervalectl/CommandRunner.h"
 

@@ -1,6 +1,6 @@
 #include "Platform/Linux/TerminationSignals.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <array>
 #include <atomic>

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Controls/Card.h"
 
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Controls/FigureLabel.h"
 
 #include "TervaleWindow/Appearance/FigureText.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QHelpEvent>
 #include <QPainter>

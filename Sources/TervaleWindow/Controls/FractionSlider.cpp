@@ -1,8 +1,8 @@
 #include "TervaleWindow/Controls/FractionSlider.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "TervaleWindow/Controls/AccessibleFractionSlider.h"
-#include "TervaleWindow/Controls/SliderPainting.h"
+#include "TervaleWindow/Style/SliderPainting.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

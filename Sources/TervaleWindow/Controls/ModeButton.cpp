@@ -3,7 +3,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/AccessibleControls.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QKeyEvent>
 

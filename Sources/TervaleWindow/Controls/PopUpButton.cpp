@@ -1,7 +1,7 @@
 #include "TervaleWindow/Controls/PopUpButton.h"
 
 #include "TervaleWindow/Controls/AccessibleControls.h"
-#include "TervaleWindow/Controls/MenuRowDelegate.h"
+#include "TervaleWindow/Style/MenuRowDelegate.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>

@@ -2,8 +2,8 @@
 
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Symbol.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
-#include "TervaleWindow/Controls/FieldPainting.h"
+#include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FieldPainting.h"
 
 #include <QAction>
 #include <QEvent>

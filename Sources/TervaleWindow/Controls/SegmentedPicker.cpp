@@ -1,8 +1,8 @@
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 
-#include "SMC/Precondition.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
+#include "Base/Precondition.h"
 #include "TervaleWindow/Controls/SegmentButton.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "TervaleWindow/Controls/SliderGesture.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 namespace tervale {
 

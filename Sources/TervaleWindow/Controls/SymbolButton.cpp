@@ -1,6 +1,6 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 
-#include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QKeyEvent>
 

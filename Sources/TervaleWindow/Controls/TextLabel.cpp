@@ -1,6 +1,6 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 
-#include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QPainter>
 #include <QStyle>

@@ -1,6 +1,6 @@
 #include "TervaleWindow/Controls/TextStyle.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 
 namespace tervale {

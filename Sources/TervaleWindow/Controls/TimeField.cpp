@@ -1,6 +1,6 @@
 #include "TervaleWindow/Controls/TimeField.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "TervaleWindow/Appearance/Format.h"
 
 #include <QKeyEvent>

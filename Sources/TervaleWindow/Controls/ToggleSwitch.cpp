@@ -2,7 +2,7 @@
 
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/AccessibleControls.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QStyle>
 

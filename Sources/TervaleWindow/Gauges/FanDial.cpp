@@ -1,6 +1,6 @@
 #include "TervaleWindow/Gauges/FanDial.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "TervaleWindow/Gauges/GaugeMath.h"
 
 #include <QLocale>

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Model/Model.h"
 
+#include "Base/Precondition.h"
 #include "Profiles/DisplayText.h"
-#include "SMC/Precondition.h"
 
 #include <QThread>
 

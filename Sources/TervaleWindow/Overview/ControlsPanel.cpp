@@ -2,7 +2,6 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
@@ -13,6 +12,7 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QMenu>
 #include <QPushButton>

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Overview/FanChoices.h"
 
+#include "Base/Overloaded.h"
 #include "TervaleWindow/Appearance/Format.h"
 
 #include <QDateTime>

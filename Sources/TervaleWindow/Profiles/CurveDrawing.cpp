@@ -1,6 +1,6 @@
 #include "TervaleWindow/Profiles/CurveDrawing.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "TervaleWindow/Profiles/CurveEditing.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <algorithm>
 #include <cmath>

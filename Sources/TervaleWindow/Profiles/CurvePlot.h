@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Base/ClosedRange.h"
 #include "Profiles/Profile.h"
-#include "SMC/ClosedRange.h"
 
 #include <cstddef>
 #include <optional>

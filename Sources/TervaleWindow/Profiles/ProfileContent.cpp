@@ -1,5 +1,6 @@
 #include "TervaleWindow/Profiles/ProfileContent.h"
 
+#include "Base/Overloaded.h"
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Profiles/CurveEditor.h"

@@ -3,8 +3,8 @@
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Symbol.h"
-#include "TervaleWindow/Controls/ListRowPainting.h"
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
+#include "TervaleWindow/Style/ListRowPainting.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>

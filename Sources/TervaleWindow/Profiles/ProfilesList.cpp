@@ -1,12 +1,12 @@
 #include "TervaleWindow/Profiles/ProfilesList.h"
 
-#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ProfileRowDelegate.h"
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 #include "TervaleWindow/Profiles/ScheduleTargets.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QListView>
 #include <QMenu>

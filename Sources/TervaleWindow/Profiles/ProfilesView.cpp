@@ -1,7 +1,6 @@
 #include "TervaleWindow/Profiles/ProfilesView.h"
 
 #include "Profiles/Validation.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
@@ -10,6 +9,7 @@
 #include "TervaleWindow/Profiles/FocusOrder.h"
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 #include "TervaleWindow/Profiles/ProfilesList.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>

@@ -1,6 +1,7 @@
 #include "TervaleWindow/Profiles/ScheduleEditing.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Overloaded.h"
+#include "Base/Precondition.h"
 
 #include <cmath>
 

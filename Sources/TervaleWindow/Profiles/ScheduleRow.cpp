@@ -1,5 +1,6 @@
 #include "TervaleWindow/Profiles/ScheduleRow.h"
 
+#include "Base/Overloaded.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/Divider.h"

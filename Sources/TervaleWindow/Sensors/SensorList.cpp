@@ -1,6 +1,6 @@
 #include "TervaleWindow/Sensors/SensorList.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Sensors/SensorSectionCard.h"

@@ -4,9 +4,9 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/TextStyle.h"
 #include "TervaleWindow/Gauges/BarLayerView.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QStyle>
 

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Shell/ContentView.h"
 
+#include "Base/Precondition.h"
 #include "Platform/Platform.h"
-#include "SMC/Precondition.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Sensors/SensorsView.h"

@@ -3,7 +3,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/ListRowPainting.h"
+#include "TervaleWindow/Style/ListRowPainting.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #include "TervaleWindow/Shell/SidebarSummary.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"

@@ -4,7 +4,7 @@
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QApplication>
 #include <QOperatingSystemVersion>

@@ -1,6 +1,6 @@
 #include "TervaleWindow/Shell/WindowDelegate.h"
 
-#include "SMC/Precondition.h"
+#include "Base/Precondition.h"
 
 #include <QApplication>
 #include <QThread>

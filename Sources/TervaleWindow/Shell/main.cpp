@@ -1,3 +1,4 @@
+#include "Base/Overloaded.h"
 #include "TervaleWindow/Shell/ApplicationIcon.h"
 #include "TervaleWindow/Shell/CommandLine.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "ControlsFixture.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
-#include "TervaleWindow/Controls/SliderPainting.h"
+#include "TervaleWindow/Style/SliderPainting.h"
 
 #include <QSignalSpy>
 #include <QWheelEvent>

@@ -15,7 +15,7 @@
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

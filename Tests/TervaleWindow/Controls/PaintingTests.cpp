@@ -1,7 +1,7 @@
-#include "TervaleWindow/Controls/ButtonPainting.h"
-#include "TervaleWindow/Controls/MenuPainting.h"
-#include "TervaleWindow/Controls/ScrollBarPainting.h"
-#include "TervaleWindow/Controls/SliderPainting.h"
+#include "TervaleWindow/Style/ButtonPainting.h"
+#include "TervaleWindow/Style/MenuPainting.h"
+#include "TervaleWindow/Style/ScrollBarPainting.h"
+#include "TervaleWindow/Style/SliderPainting.h"
 
 #include <gtest/gtest.h>
 

@@ -2,12 +2,12 @@
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
 #include "TervaleWindow/Overview/OverviewView.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QAccessible>

@@ -3,10 +3,10 @@
 
 #include "Profiles/InProcessNotificationCenter.h"
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QApplication>

@@ -1,4 +1,3 @@
-#include "TervaleWindow/Controls/ControlPainting.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
@@ -11,6 +10,7 @@
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QLabel>

@@ -1,5 +1,5 @@
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QApplication>
 

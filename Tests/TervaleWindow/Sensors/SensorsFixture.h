@@ -1,10 +1,10 @@
 #pragma once
 
 #include "TervaleWindow/Controls/SearchField.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
 #include "TervaleWindow/Sensors/SensorList.h"
 #include "TervaleWindow/Sensors/SensorSectionCard.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QApplication>

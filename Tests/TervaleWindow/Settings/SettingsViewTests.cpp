@@ -1,6 +1,6 @@
 #include "TervaleWindow/Controls/ToggleSwitch.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
 #include "TervaleWindow/Settings/SettingsView.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QAccessible>

@@ -4,9 +4,9 @@
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/Settable.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/WindowStyle.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QApplication>
 #include <QLabel>

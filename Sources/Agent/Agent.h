@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Agent/FanDriver.h"
+#include "Profiles/Bridge.h"
+#include "Profiles/Clock.h"
+#include "Profiles/Controller.h"
+#include "Profiles/LoadReading.h"
+#include "Profiles/NotificationCenter.h"
+#include "Profiles/Preferences.h"
+#include "Profiles/ProfileStore.h"
+#include "Profiles/SensorSampler.h"
+#include "SMC/SMC.h"
+
+#include <optional>
+#include <string>
+
+namespace tervale {
+
+/// Stands in for the menu-bar agent: owns the fans, answers the window's commands and publishes
+/// what it does. It knows only the seams, so it drives a real controller just as it drives a
+/// simulated one.
+///
+/// A running timer's action comes before the selection, and the safety latch before both. Every
+/// command is answered by exactly one published state, which confirms it; what happens by itself is
+/// published as it happens. Main thread.
+class Agent {
+  public:
+    /// What the agent works with; all of it outlives the agent.
+    struct Surroundings {
+        SMC& smc;
+        NotificationCenter& center;
+        Preferences& preferences;
+        const Clock& clock;
+        LoadReading load;
+    };
+
+    static constexpr double longestTimer = 24 * 60 * 60;
+    /// How long the answer to an update check is shown, in seconds.
+    static constexpr double noticeDuration = 6;
+
+    /// Takes up the stored profiles and selection, drives the fans for the first time and
+    /// publishes its state.
+    explicit Agent(Surroundings surroundings);
+    Agent(const Agent&) = delete;
+    Agent& operator=(const Agent&) = delete;
+
+    /// One control tick. Called once a second.
+    void tick();
+    /// Gives all fans back to automatic control, as the last thing before the agent goes. Tells
+    /// why if that fails.
+    std::optional<std::string> handBack();
+
+    const BridgeState& currentState() const { return state; }
+
+  private:
+    struct Notice {
+        std::string text;
+        Date until;
+    };
+
+    void handle(const BridgeCommand& command);
+    void startTimer(const command::StartTimer& timer);
+    void endTimer();
+    void notify(const char* text);
+    /// Evaluates what is in force, drives the fans and renews the status.
+    void control();
+    Target evaluate();
+    void findSensors();
+    bool storedLaunchAtLogin() const;
+    void publish();
+
+    Surroundings world;
+    Bridge bridge;
+    ProfileStore store;
+    Controller controller;
+    /// Nothing until the sensors could be listed.
+    std::optional<SensorSampler> sampler;
+    FanDriver fans;
+    BridgeState state;
+    std::optional<BridgeState> published;
+    std::optional<Notice> notice;
+    ObserverToken commandObserver;
+};
+
+} // namespace tervale

@@ -1,0 +1,104 @@
+#include "Agent/FanDriver.h"
+
+#include "Base/Overloaded.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tervale {
+
+namespace {
+
+/// A difference in target that nobody hears, in revolutions per minute.
+constexpr double inaudible = 10.0;
+
+/// A controller that counts more fans than this is not to be believed.
+constexpr std::int64_t mostFans = 100;
+
+/// Calls `attempt`; the message if it fails.
+template <class Attempt>
+std::optional<std::string> errorOf(Attempt attempt) {
+    try {
+        attempt();
+        return std::nullopt;
+    } catch (const SMCError& error) {
+        return error.description;
+    }
+}
+
+} // namespace
+
+std::optional<std::string> FanDriver::apply(const Target& target) {
+    return std::visit(
+        overloaded{[this](const target::Automatic&) { return releaseAll(); },
+                   [this](const target::Speed& speed) { return driveAll(speed.fraction); }},
+        target);
+}
+
+FanDriver::Error FanDriver::driveAll(double fraction) {
+    // A speed that is no number is as good as none.
+    if (std::isnan(fraction))
+        return releaseAll();
+    Error first;
+    const Error counting = errorOf([&] {
+        const std::int64_t count = fanCount();
+        for (std::int64_t fan = 0; fan < count; ++fan) {
+            const Error error = errorOf([&] { drive(fan, std::clamp(fraction, 0.0, 1.0)); });
+            first = first ? first : error;
+        }
+    });
+    return first ? first : counting;
+}
+
+void FanDriver::drive(std::int64_t index, double fraction) {
+    const Fan fan = smc.fan(index);
+    if (!std::isfinite(fan.min) || !std::isfinite(fan.max) || fan.min > fan.max)
+        throw SMCError("fan " + std::to_string(index) + " has no limits");
+    // Rounding must not carry the speed past a limit.
+    const double rpm =
+        std::max(fan.min, std::min(fan.max, fan.min + (fan.max - fan.min) * fraction));
+    const bool atLimit = rpm == fan.min || rpm == fan.max;
+    if (fan.manual && std::abs(fan.target - rpm) < (atLimit ? 0.5 : inaudible))
+        return;
+    // A fan without a mode can never be taken, and so need not be given back.
+    holding = holding || smc.exists(smc.modeKey(index));
+    smc.setSpeed(index, rpm);
+}
+
+FanDriver::Error FanDriver::releaseAll() {
+    return errorOf([this] {
+        if (!holding && !anyManual())
+            return;
+        const Error error = errorOf([this] { smc.setAuto(); });
+        if (!error) {
+            holding = false;
+            return;
+        }
+        // The first fan that fails keeps the rest from being handed back together.
+        const std::int64_t count = fanCount();
+        for (std::int64_t fan = 0; fan < count; ++fan)
+            errorOf([&] { smc.setAuto(std::vector{fan}); });
+        throw SMCError(*error);
+    });
+}
+
+std::int64_t FanDriver::fanCount() {
+    const std::int64_t count = smc.fanCount();
+    if (count > mostFans)
+        throw SMCError("FNum: " + std::to_string(count) + " fans");
+    return count;
+}
+
+bool FanDriver::anyManual() {
+    const std::int64_t count = fanCount();
+    for (std::int64_t fan = 0; fan < count; ++fan) {
+        double mode = 0;
+        // A fan without a mode is never manual.
+        errorOf([&] { mode = smc.read(smc.modeKey(fan)); });
+        if (mode != 0.0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace tervale

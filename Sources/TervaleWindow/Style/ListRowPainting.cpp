@@ -1,0 +1,59 @@
+#include "TervaleWindow/Style/ListRowPainting.h"
+
+#include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Appearance/Theme.h"
+
+#include <QStyle>
+
+namespace tervale {
+
+namespace {
+
+constexpr qreal cornerRadius = 7;
+constexpr qreal ringWidth = 2;
+constexpr float ringOpacity = 0.8f;
+
+bool isChosen(const QStyleOptionViewItem& row) {
+    return row.state.testFlag(QStyle::State_Selected);
+}
+
+/// Whether the keyboard brought the focus here, rather than the pointer.
+bool hasKeyboardFocus(const QStyleOptionViewItem& row) {
+    const auto flags = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    return (row.state & flags) == flags;
+}
+
+} // namespace
+
+void paintListRowGround(QPainter& painter, const QRect& ground, const QStyleOptionViewItem& row) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isChosen(row)) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Theme::accent());
+        painter.drawRoundedRect(ground, cornerRadius, cornerRadius);
+    }
+    if (!hasKeyboardFocus(row))
+        return;
+    QColor ring = listRowInk(row, Theme::accent());
+    ring.setAlphaF(ringOpacity);
+    painter.setPen(QPen(ring, ringWidth));
+    painter.setBrush(Qt::NoBrush);
+    // Within the row, since the next row begins right behind it.
+    painter.drawRoundedRect(QRectF(ground).adjusted(ringWidth, ringWidth, -ringWidth, -ringWidth),
+                            cornerRadius - ringWidth, cornerRadius - ringWidth);
+}
+
+QColor listRowInk(const QStyleOptionViewItem& row, const QColor& usual) {
+    return isChosen(row) ? QColor(Qt::white) : usual;
+}
+
+void paintListRowText(QPainter& painter, const QRect& bounds, const QString& text,
+                      const QFont& font, const QStyleOptionViewItem& row) {
+    painter.setFont(font);
+    painter.setPen(listRowInk(row, Colors::of(row.palette).label));
+    const auto alignment = Qt::AlignVCenter | QStyle::visualAlignment(row.direction, Qt::AlignLeft);
+    painter.drawText(bounds, static_cast<int>(alignment) | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(text, Qt::ElideRight, bounds.width()));
+}
+
+} // namespace tervale

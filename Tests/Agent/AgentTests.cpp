@@ -1,0 +1,307 @@
+#include "Agent/Agent.h"
+#include "Agent/StarterProfiles.h"
+#include "Profiles/InMemoryPreferences.h"
+#include "Profiles/InProcessNotificationCenter.h"
+#include "Simulation/Simulation.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tervale {
+namespace {
+
+constexpr std::int64_t noon = 720;
+const Curve flatAt70{{{0, 0.7}, {100, 0.7}}};
+
+Profile profileNamed(const std::string& name, ProfileKind kind) {
+    return {UUID::random(), name, std::move(kind)};
+}
+
+/// An agent on a simulated Mac at noon in virtual time, and what a window would hear of it.
+class AgentTest : public testing::Test {
+  protected:
+    explicit AgentTest(Scenario scenario = Scenario::idle) : scenario(scenario) { start(); }
+
+    void start() {
+        simulation.reset();
+        simulation =
+            std::make_unique<Simulation>(SimulatedMacOptions{.scenario = scenario, .fillers = 50},
+                                         center, preferences, Date{12 * 3600.0});
+    }
+    void send(const BridgeCommand& command) { Bridge(center).send(command); }
+    const BridgeState& last() const { return heard.back(); }
+    /// What the command makes the agent publish.
+    std::size_t answersTo(const BridgeCommand& command) {
+        const std::size_t before = heard.size();
+        send(command);
+        return heard.size() - before;
+    }
+    Fan fan(std::int64_t index) { return SMC(simulation->mac()).fan(index); }
+
+    Scenario scenario;
+    InProcessNotificationCenter center;
+    InMemoryPreferences preferences;
+    std::vector<BridgeState> heard;
+    ObserverToken token =
+        Bridge(center).onState([this](const BridgeState& state) { heard.push_back(state); });
+    std::unique_ptr<Simulation> simulation;
+};
+
+TEST_F(AgentTest, PublishesItsStateOnceWhenItStarts) {
+    ASSERT_EQ(heard.size(), 1U);
+    BridgeState expected;
+    expected.profiles = starterProfiles();
+    EXPECT_EQ(last(), expected);
+}
+
+TEST_F(AgentTest, StaysSilentWhileNothingChanges) {
+    simulation->advance(20);
+    EXPECT_EQ(heard.size(), 1U);
+}
+
+TEST_F(AgentTest, PublishesOnRequest) {
+    EXPECT_EQ(answersTo(command::RequestState{}), 1U);
+    EXPECT_EQ(heard[0], heard[1]);
+}
+
+TEST_F(AgentTest, RunsASelectedFixedSpeedOnEveryFansOwnRange) {
+    EXPECT_EQ(answersTo(command::Select{action::Fixed{0.5}}), 1U);
+    EXPECT_EQ(last().selection, Action(action::Fixed{0.5}));
+    EXPECT_EQ(last().status, std::nullopt);
+    EXPECT_NEAR(fan(0).target, 1200 + 0.5 * 4577, 0.01);
+    EXPECT_NEAR(fan(1).target, 1300 + 0.5 * 4941, 0.01);
+    EXPECT_EQ(answersTo(command::Select{action::Automatic{}}), 1U);
+    EXPECT_FALSE(fan(0).manual || fan(1).manual);
+}
+
+TEST_F(AgentTest, TakesASpeedOutsideTheRangeForTheNearerEnd) {
+    send(command::Select{action::Fixed{7}});
+    EXPECT_EQ(last().selection, Action(action::Fixed{1}));
+    send(command::StartTimer{action::Fixed{-1}, 60});
+    EXPECT_EQ(last().timerAction, Action(action::Fixed{0}));
+}
+
+TEST_F(AgentTest, FollowsASelectedProfile) {
+    const Profile steady = profileNamed(
+        "Steady", kind::Temperature{TemperatureInput::averageOf(SensorGroup::cpu), flatAt70});
+    EXPECT_EQ(answersTo(command::SaveProfiles{{steady}}), 1U);
+    EXPECT_EQ(last().profiles, std::vector{steady});
+    EXPECT_EQ(answersTo(command::Select{action::Profile{steady.id}}), 1U);
+    EXPECT_NEAR(fan(0).target, 1200 + 0.7 * 4577, 0.01);
+    send(command::SaveProfiles{{}});
+    EXPECT_FALSE(fan(0).manual) << "a profile that is gone leaves the fans to the system";
+}
+
+TEST_F(AgentTest, FollowsTheProcessorsLoad) {
+    const Profile load = profileNamed("Load", kind::Load{{{{0, 0.2}, {100, 1}}}});
+    send(command::SaveProfiles{{load}});
+    send(command::Select{action::Profile{load.id}});
+    const double percent = simulation->mac().load();
+    EXPECT_NEAR(fan(0).target, 1200 + (0.2 + 0.008 * percent) * 4577, 1);
+}
+
+TEST_F(AgentTest, RunsAScheduleByTheClocksMinute) {
+    const Profile day =
+        profileNamed("Day", kind::Schedule{{{noon, noon + 1, action::Fixed{1}},
+                                            {noon + 1, noon + 60, action::Fixed{0}}}});
+    send(command::SaveProfiles{{day}});
+    send(command::Select{action::Profile{day.id}});
+    EXPECT_EQ(fan(0).target, 5777);
+    simulation->advance(59);
+    EXPECT_EQ(fan(0).target, 5777);
+    simulation->advance(1);
+    EXPECT_EQ(fan(0).target, 1200);
+}
+
+TEST_F(AgentTest, RunsATimersActionAndThenReturnsToTheSelection) {
+    send(command::Select{action::Fixed{0}});
+    EXPECT_EQ(answersTo(command::StartTimer{action::Fixed{1}, 900}), 1U);
+    EXPECT_EQ(last().timerAction, Action(action::Fixed{1}));
+    EXPECT_EQ(last().timerEnds, Date{12 * 3600.0 + 900});
+    EXPECT_EQ(last().selection, Action(action::Fixed{0}));
+    EXPECT_EQ(fan(0).target, 5777);
+    simulation->advance(899);
+    EXPECT_EQ(fan(0).target, 5777);
+    const std::size_t before = heard.size();
+    simulation->advance(1);
+    EXPECT_EQ(heard.size(), before + 1);
+    EXPECT_EQ(last().timerAction, std::nullopt);
+    EXPECT_EQ(last().timerEnds, std::nullopt);
+    EXPECT_EQ(fan(0).target, 1200);
+}
+
+TEST_F(AgentTest, EndsATimerEarly) {
+    send(command::StartTimer{action::Fixed{1}, 900});
+    EXPECT_EQ(answersTo(command::CancelTimer{}), 1U);
+    EXPECT_EQ(last().timerAction, std::nullopt);
+    EXPECT_FALSE(fan(0).manual);
+    EXPECT_EQ(answersTo(command::CancelTimer{}), 1U) << "without a timer it still answers";
+}
+
+TEST_F(AgentTest, KeepsATimerRunningWhenTheSelectionChanges) {
+    send(command::StartTimer{action::Fixed{1}, 900});
+    send(command::Select{action::Fixed{0.25}});
+    EXPECT_EQ(last().timerAction, Action(action::Fixed{1}));
+    EXPECT_EQ(fan(0).target, 5777);
+}
+
+TEST_F(AgentTest, ReplacesATimerByANewOne) {
+    send(command::StartTimer{action::Fixed{1}, 900});
+    send(command::StartTimer{action::Fixed{0}, 60});
+    EXPECT_EQ(last().timerEnds, Date{12 * 3600.0 + 60});
+    EXPECT_EQ(fan(0).target, 1200);
+}
+
+TEST_F(AgentTest, RefusesATimerThatNobodyCanMean) {
+    for (const double duration : {0.0, -900.0, 90000.0, 1e300}) {
+        EXPECT_EQ(answersTo(command::StartTimer{action::Fixed{1}, duration}), 1U);
+        EXPECT_EQ(last().timerAction, std::nullopt) << duration;
+        EXPECT_EQ(last().timerEnds, std::nullopt);
+        EXPECT_EQ(last().status, "That timer was not set: it must end within 24 hours.");
+    }
+    EXPECT_FALSE(fan(0).manual);
+}
+
+TEST_F(AgentTest, AnswersAnUpdateCheckForAFewSeconds) {
+    EXPECT_EQ(answersTo(command::CheckForUpdates{}), 1U);
+    EXPECT_EQ(last().status, "Tervale is up to date.");
+    simulation->advance(5);
+    EXPECT_EQ(last().status, "Tervale is up to date.");
+    simulation->advance(1);
+    EXPECT_EQ(last().status, std::nullopt);
+}
+
+TEST_F(AgentTest, DropsTheAnswerToAnUpdateCheckAtTheNextSelection) {
+    send(command::CheckForUpdates{});
+    send(command::Select{action::Fixed{0.5}});
+    EXPECT_EQ(last().status, std::nullopt);
+}
+
+TEST_F(AgentTest, RemembersEverythingButTheTimerWhenItIsStartedAgain) {
+    const Profile profile = profileNamed("Mine", kind::Load{flatAt70});
+    send(command::SaveProfiles{{profile}});
+    send(command::Select{action::Profile{profile.id}});
+    EXPECT_EQ(answersTo(command::SetLaunchAtLogin{true}), 1U);
+    send(command::StartTimer{action::Fixed{1}, 900});
+    start();
+    BridgeState expected;
+    expected.selection = action::Profile{profile.id};
+    expected.launchAtLogin = true;
+    expected.profiles = {profile};
+    EXPECT_EQ(last(), expected);
+    EXPECT_NEAR(fan(0).target, 1200 + 0.7 * 4577, 0.01);
+    send(command::SetLaunchAtLogin{false});
+    start();
+    EXPECT_FALSE(last().launchAtLogin);
+}
+
+TEST_F(AgentTest, DoesNotOfferProfilesAgainToWhoHasDeletedThem) {
+    send(command::SaveProfiles{{}});
+    start();
+    EXPECT_TRUE(last().profiles.empty());
+}
+
+TEST_F(AgentTest, HandsTheFansBack) {
+    send(command::Select{action::Fixed{1}});
+    EXPECT_EQ(simulation->agent().handBack(), std::nullopt);
+    EXPECT_FALSE(fan(0).manual || fan(1).manual);
+}
+
+TEST_F(AgentTest, LeavesTheFansAsTheyAreWhenItJustGoes) {
+    send(command::Select{action::Fixed{1}});
+    SimulatedMac mac({.scenario = Scenario::idle, .fillers = 0});
+    SMC smc(mac);
+    SimulatedClock clock;
+    {
+        Agent agent({smc, center, preferences, clock, {}});
+        EXPECT_TRUE(smc.fan(0).manual);
+    }
+    EXPECT_TRUE(smc.fan(0).manual);
+    EXPECT_EQ(answersTo(command::RequestState{}), 1U) << "the other agent alone answers";
+}
+
+TEST_F(AgentTest, KeepsAnsweringWhileTheControllerFails) {
+    simulation->mac().failEveryCall(static_cast<IORegistry::Status>(0xe00002d8));
+    EXPECT_EQ(answersTo(command::Select{action::Fixed{0.5}}), 1U);
+    EXPECT_EQ(last().selection, Action(action::Fixed{0.5}));
+    EXPECT_EQ(last().status, "FNum: IOKit error 0xe00002d8");
+    simulation->advance(5);
+    simulation->mac().failEveryCall(std::nullopt);
+    simulation->advance(1);
+    EXPECT_EQ(last().status, std::nullopt);
+    EXPECT_NEAR(fan(0).target, 1200 + 0.5 * 4577, 0.01);
+}
+
+TEST_F(AgentTest, FindsTheSensorsLaterWhenNoneAnsweredAtFirst) {
+    SimulatedMac mac({.scenario = Scenario::idle, .fillers = 0});
+    SMC smc(mac);
+    const auto sensors = smc.temperatureSensors();
+    for (const TemperatureSensor& sensor : sensors)
+        mac.inject(sensor.key, fault::RefusedValue{132});
+    SimulatedClock clock;
+    const Profile steady = profileNamed(
+        "Steady", kind::Temperature{TemperatureInput::hottestOf(SensorGroup::gpu), flatAt70});
+    ProfileStore(preferences).setProfiles({steady});
+    ProfileStore(preferences).setSelection(action::Profile{steady.id});
+    Agent agent({smc, center, preferences, clock, {}});
+    EXPECT_FALSE(smc.fan(0).manual);
+    for (const TemperatureSensor& sensor : sensors)
+        mac.heal(sensor.key);
+    agent.tick();
+    EXPECT_TRUE(smc.fan(0).manual);
+}
+
+TEST_F(AgentTest, FindsTheSensorsLaterWhenItCouldNotAtFirst) {
+    SimulatedMac mac({.scenario = Scenario::idle, .fillers = 0});
+    SMC smc(mac);
+    mac.inject("#KEY", fault::Refused{132});
+    SimulatedClock clock;
+    const Profile steady = profileNamed(
+        "Steady", kind::Temperature{TemperatureInput::hottestOf(SensorGroup::gpu), flatAt70});
+    ProfileStore(preferences).setProfiles({steady});
+    ProfileStore(preferences).setSelection(action::Profile{steady.id});
+    Agent agent({smc, center, preferences, clock, {}});
+    EXPECT_FALSE(smc.fan(0).manual);
+    mac.heal("#KEY");
+    agent.tick();
+    EXPECT_TRUE(smc.fan(0).manual);
+}
+
+class AgentInAHeatwave : public AgentTest {
+  protected:
+    AgentInAHeatwave() : AgentTest(Scenario::heatwave) {}
+
+    /// Seconds until the status is as wanted, or the most.
+    int secondsUntil(bool tooHot, int most) {
+        int seconds = 0;
+        while (last().status.has_value() != tooHot && seconds < most) {
+            simulation->advance(1);
+            ++seconds;
+        }
+        return seconds;
+    }
+};
+
+TEST_F(AgentInAHeatwave, RunsTheFansAtTheirMaximumUntilTheHeatIsOver) {
+    ASSERT_LT(secondsUntil(true, 900), 900);
+    EXPECT_EQ(last().status, "Too hot: Max until every CPU and GPU sensor is below 85 °C.");
+    EXPECT_EQ(last().selection, Action(action::Automatic{}));
+    EXPECT_EQ(fan(0).target, 5777);
+    EXPECT_EQ(fan(1).target, 6241);
+    const int cooling = secondsUntil(false, 900);
+    EXPECT_GT(cooling, 10) << "a machine does not cool at once";
+    ASSERT_LT(cooling, 900);
+    EXPECT_FALSE(fan(0).manual);
+    ASSERT_LT(secondsUntil(true, 900), 900) << "and it gets hot again";
+}
+
+TEST_F(AgentInAHeatwave, IsCalmWithTheFansAtTheirMaximumFromTheStart) {
+    send(command::Select{action::Fixed{1}});
+    EXPECT_EQ(secondsUntil(true, 600), 600);
+}
+
+} // namespace
+} // namespace tervale

@@ -1,0 +1,153 @@
+#include "Agent/FanDriver.h"
+#include "SMC/ScriptedRegistry.h"
+#include "Simulation/SimulatedMac.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace tervale {
+namespace {
+
+class FanDriving : public testing::Test {
+  protected:
+    SimulatedMac mac{{.scenario = Scenario::idle, .fillers = 0}};
+    SMC smc{mac};
+    FanDriver driver{smc};
+};
+
+TEST_F(FanDriving, MapsAFractionOntoEveryFansOwnRange) {
+    EXPECT_EQ(driver.apply(target::Speed{0.5}), std::nullopt);
+    const auto fans = smc.fans();
+    EXPECT_TRUE(fans[0].manual && fans[1].manual);
+    EXPECT_NEAR(fans[0].target, 1200 + 0.5 * 4577, 0.01);
+    EXPECT_NEAR(fans[1].target, 1300 + 0.5 * 4941, 0.01);
+}
+
+TEST_F(FanDriving, ReachesBothEndsExactly) {
+    EXPECT_EQ(driver.apply(target::Speed{1}), std::nullopt);
+    EXPECT_EQ(smc.fan(0).target, 5777);
+    EXPECT_EQ(smc.fan(1).target, 6241);
+    EXPECT_EQ(driver.apply(target::Speed{0}), std::nullopt);
+    EXPECT_EQ(smc.fan(0).target, 1200);
+}
+
+TEST_F(FanDriving, TakesAFractionOutsideTheRangeForTheNearerEnd) {
+    EXPECT_EQ(driver.apply(target::Speed{1.5}), std::nullopt);
+    EXPECT_EQ(smc.fan(0).target, 5777);
+    EXPECT_EQ(driver.apply(target::Speed{-3}), std::nullopt);
+    EXPECT_EQ(smc.fan(0).target, 1200);
+}
+
+TEST_F(FanDriving, LeavesTheFansToTheFirmwareWhenTheFractionIsNoNumber) {
+    driver.apply(target::Speed{0.5});
+    EXPECT_EQ(driver.apply(target::Speed{std::numeric_limits<double>::quiet_NaN()}), std::nullopt);
+    EXPECT_FALSE(smc.fan(0).manual);
+}
+
+TEST_F(FanDriving, WritesNothingWhileNothingChanges) {
+    driver.apply(target::Automatic{});
+    EXPECT_EQ(mac.calls().writes, 0U);
+    driver.apply(target::Speed{0.5});
+    EXPECT_EQ(mac.calls().writes, 6U);
+    driver.apply(target::Speed{0.5});
+    driver.apply(target::Speed{0.501});
+    EXPECT_EQ(mac.calls().writes, 6U) << "nobody hears five revolutions per minute";
+    driver.apply(target::Speed{0.51});
+    EXPECT_EQ(mac.calls().writes, 12U);
+    driver.apply(target::Automatic{});
+    driver.apply(target::Automatic{});
+    EXPECT_EQ(mac.calls().writes, 15U);
+}
+
+TEST_F(FanDriving, SetsAFanRightThatSomethingElseHasChanged) {
+    driver.apply(target::Speed{0.5});
+    smc.setAuto(std::vector<std::int64_t>{1});
+    driver.apply(target::Speed{0.5});
+    EXPECT_TRUE(smc.fan(1).manual);
+    driver.apply(target::Automatic{});
+    smc.setSpeed(0, 3000);
+    driver.apply(target::Automatic{});
+    EXPECT_FALSE(smc.fan(0).manual);
+}
+
+TEST_F(FanDriving, DrivesTheOtherFansWhenOneFails) {
+    mac.inject("F0md", fault::RefusedValue{133});
+    EXPECT_EQ(driver.apply(target::Speed{1}), "F0md: SMC error 133");
+    EXPECT_FALSE(smc.fan(0).manual);
+    EXPECT_EQ(smc.fan(1).target, 6241);
+    mac.heal("F0md");
+    EXPECT_EQ(driver.apply(target::Speed{1}), std::nullopt);
+    EXPECT_EQ(smc.fan(0).target, 5777);
+}
+
+TEST_F(FanDriving, HandsTheOtherFansBackWhenOneFails) {
+    driver.apply(target::Speed{1});
+    mac.inject("F0md", fault::RefusedValue{133});
+    EXPECT_EQ(driver.apply(target::Automatic{}), "F0md: SMC error 133");
+    EXPECT_FALSE(smc.fan(1).manual);
+    mac.heal("F0md");
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_FALSE(smc.fan(0).manual);
+    EXPECT_EQ(smc.read("Ftst"), 0);
+}
+
+TEST_F(FanDriving, TellsTheErrorWhenTheControllerIsGone) {
+    mac.failEveryCall(static_cast<IORegistry::Status>(0xe00002d8));
+    EXPECT_EQ(driver.apply(target::Speed{1}), "FNum: IOKit error 0xe00002d8");
+    EXPECT_EQ(driver.apply(target::Automatic{}), "FNum: IOKit error 0xe00002d8");
+}
+
+TEST_F(FanDriving, NeedsTheFansUnlocked) {
+    mac.inject("Ftst", fault::Refused{132});
+    EXPECT_EQ(driver.apply(target::Speed{1}), "F0md: SMC error 134");
+}
+
+TEST(FanDriver, HasNothingToDoWithoutFans) {
+    SimulatedMac mac({.scenario = Scenario::idle, .fans = 0, .fillers = 0});
+    SMC smc(mac);
+    FanDriver driver(smc);
+    EXPECT_EQ(driver.apply(target::Speed{1}), std::nullopt);
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_EQ(mac.calls().writes, 0U);
+}
+
+/// A controller with one fan and whatever a test makes of its keys.
+class OddController : public testing::Test {
+  protected:
+    OddController() {
+        registry.setByte("FNum", 1);
+        registry.setFloat("F0Ac", 1200);
+        registry.setFloat("F0Tg", 1200);
+        registry.setFloat("F0Mn", 1200);
+        registry.setFloat("F0Mx", 6000);
+        registry.setByte("Ftst", 0);
+    }
+
+    test::ScriptedRegistry registry;
+    SMC smc{registry};
+    FanDriver driver{smc};
+};
+
+TEST_F(OddController, HasNoSpeedBetweenLimitsThatAreReversedOrNone) {
+    registry.setByte("F0md", 0);
+    for (const float lowest : {1e30F, 7000.0F, std::numeric_limits<float>::infinity(),
+                               std::numeric_limits<float>::quiet_NaN()}) {
+        registry.setFloat("F0Mn", lowest);
+        EXPECT_EQ(driver.apply(target::Speed{0.5}), "fan 0 has no limits");
+    }
+}
+
+TEST_F(OddController, IsNotBelievedToHaveBillionsOfFans) {
+    registry.set("FNum", {"ui32", test::bytesOf({255, 255, 255, 255}), std::nullopt});
+    EXPECT_EQ(driver.apply(target::Speed{0.5}), "FNum: 4294967295 fans");
+    EXPECT_EQ(driver.apply(target::Automatic{}), "FNum: 4294967295 fans");
+}
+
+TEST_F(OddController, HasNothingToGiveBackWhenItsFanHasNoMode) {
+    EXPECT_NE(driver.apply(target::Speed{0.5}), std::nullopt);
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+}
+
+} // namespace
+} // namespace tervale
