@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <tervale/Version.h>
 
 using namespace tervale;
 
@@ -56,21 +57,20 @@ int simulate(const SimulatorCommandLine::Run& run) {
 
 int main(int count, char** arguments) {
     const QCoreApplication application(count, arguments);
-    return std::visit(overloaded{
-                          [](const SimulatorCommandLine::Run& run) { return simulate(run); },
-                          [](const SimulatorCommandLine::ShowHelp&) {
-                              return print(stdout, SimulatorCommandLine::help(), 0);
-                          },
-                          [](const SimulatorCommandLine::ShowVersion&) {
-                              return print(stdout,
-                                           QStringLiteral("tervale-simulator " TERVALE_VERSION
-                                                          " (" TERVALE_BUILD ")\n"),
-                                           0);
-                          },
-                          [](const SimulatorCommandLine::Refuse& refusal) {
-                              return complain(refusal.line + QStringLiteral(" See --help."),
-                                              wrongUsage);
-                          },
-                      },
-                      SimulatorCommandLine::parse(QCoreApplication::arguments()));
+    return std::visit(
+        overloaded{
+            [](const SimulatorCommandLine::Run& run) { return simulate(run); },
+            [](const SimulatorCommandLine::ShowHelp&) {
+                return print(stdout, SimulatorCommandLine::help(), 0);
+            },
+            [](const SimulatorCommandLine::ShowVersion&) {
+                return print(
+                    stdout,
+                    QStringLiteral("tervale-simulator %1\n").arg(QLatin1String(version::text)), 0);
+            },
+            [](const SimulatorCommandLine::Refuse& refusal) {
+                return complain(refusal.line + QStringLiteral(" See --help."), wrongUsage);
+            },
+        },
+        SimulatorCommandLine::parse(QCoreApplication::arguments()));
 }

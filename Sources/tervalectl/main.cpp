@@ -7,6 +7,7 @@
 
 #include <clocale>
 #include <iostream>
+#include <tervale/Version.h>
 
 using namespace tervale;
 
@@ -41,7 +42,7 @@ int main(int count, char** arguments) {
                        [](const ctl::CommandLine::Run& chosen) { return run(chosen); },
                        [](const ctl::CommandLine::Print& help) { return print(help.text); },
                        [](const ctl::CommandLine::ShowVersion&) {
-                           return print("tervalectl " TERVALE_VERSION " (" TERVALE_BUILD ")\n");
+                           return print(std::string("tervalectl ") + version::text + "\n");
                        },
                        [](const ctl::CommandLine::Refuse& refusal) {
                            complain(std::cerr, refusal.line + " See --help.");

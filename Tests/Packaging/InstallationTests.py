@@ -47,6 +47,19 @@ class Installation(unittest.TestCase):
                 self.assertNotRegex(path.read_text("utf-8"), rf"(?<![0-9.]){re.escape(version())}(?![0-9.])",
                                     str(path))
 
+    def test_has_the_changes_of_its_version_under_a_heading_of_their_own(self):
+        changes = (SOURCES / "CHANGELOG.md").read_text("utf-8")
+        headings = re.findall(r"^## (.*)$", changes, re.MULTILINE)
+        self.assertEqual(headings[0], "[Unreleased]")
+        self.assertRegex(headings[1], rf"^\[{re.escape(version())}\] - \d{{4}}-\d\d-\d\d$")
+
+    def test_has_its_version_from_one_header_in_the_programs(self):
+        for path in [*(SOURCES / "Sources").rglob("*.*"), *(SOURCES / "Sources").rglob("CMakeLists.txt")]:
+            text = path.read_text("utf-8")
+            self.assertNotIn("TERVALE_VERSION", text, str(path))
+            if path.name != "Version.h.in":
+                self.assertNotIn("PROJECT_VERSION", text, str(path))
+
     def test_starts_a_program_that_is_there_from_the_desktop_with_an_icon_that_is_there(self):
         entry = (self.root / f"usr/share/applications/{ID}.desktop").read_text("utf-8")
         for program in re.findall(r"^(?:Try)?Exec=(\S+)", entry, re.MULTILINE):

@@ -1,12 +1,14 @@
 #include "TervaleWindow/Shell/BuildMetadata.h"
 
+#include <tervale/Version.h>
+
 namespace tervale {
 
 std::optional<ApplicationMetadata::Value> BuildMetadata::value(const std::string& key) const {
     if (key == "CFBundleShortVersionString")
-        return TERVALE_VERSION;
+        return version::number;
     if (key == "CFBundleVersion")
-        return TERVALE_BUILD;
+        return version::build;
     return std::nullopt;
 }
 

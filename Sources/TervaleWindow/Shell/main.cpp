@@ -8,6 +8,7 @@
 
 #include <clocale>
 #include <cstdio>
+#include <tervale/Version.h>
 #include <utility>
 
 using namespace tervale;
@@ -49,7 +50,7 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     // everywhere, and what people read is written by the toolkit.
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(QStringLiteral("Tervale"));
-    QApplication::setApplicationVersion(QStringLiteral(TERVALE_VERSION));
+    QApplication::setApplicationVersion(QString::fromLatin1(version::number));
     QApplication::setDesktopFileName(QString::fromLatin1(desktopEntry));
     // A bundle brings its own.
     if (const QIcon icon = applicationIcon(); !icon.isNull())
@@ -72,8 +73,8 @@ int main(int count, char** arguments) {
             [](const CommandLine::ShowHelp&) { return print(stdout, CommandLine::help(), 0); },
             [](const CommandLine::ShowVersion&) {
                 return print(
-                    stdout,
-                    QStringLiteral("tervale-window " TERVALE_VERSION " (" TERVALE_BUILD ")\n"), 0);
+                    stdout, QStringLiteral("tervale-window %1\n").arg(QLatin1String(version::text)),
+                    0);
             },
             [](const CommandLine::Refuse& refusal) {
                 return complain(refusal.line + QStringLiteral(" See --help."), wrongUsage);
