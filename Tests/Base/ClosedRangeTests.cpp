@@ -18,7 +18,8 @@ TEST(ClosedRange, ContainsBothItsEnds) {
 
 TEST(ClosedRange, NeverContainsNaN) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_FALSE((ClosedRange{-INFINITY, INFINITY}.contains(nan)));
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_FALSE((ClosedRange{-infinity, infinity}.contains(nan)));
     EXPECT_FALSE((ClosedRange{nan, 10}.contains(5)));
     EXPECT_FALSE((ClosedRange{0, nan}.contains(5)));
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace tervale {
@@ -64,7 +65,7 @@ TEST_F(BridgeTest, SendsNothingThatCannotBeEncoded) {
     EXPECT_TRUE(commands.empty());
     const auto& states = posted(Bridge::stateName);
     BridgeState state;
-    state.timerEnds = Date{INFINITY};
+    state.timerEnds = Date{std::numeric_limits<double>::infinity()};
     bridge.publish(state);
     EXPECT_TRUE(states.empty());
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace tervale {
 
@@ -85,7 +86,7 @@ TEST_F(ProfileStoreTest, KeepsTheOldValueWhenTheNewOneCannotBeEncoded) {
     store.setProfiles({load("b", std::nan(""))});
     EXPECT_EQ(store.profiles(), profiles);
     store.setSelection(action::Fixed{0.5});
-    store.setSelection(action::Fixed{INFINITY});
+    store.setSelection(action::Fixed{std::numeric_limits<double>::infinity()});
     EXPECT_EQ(store.selection(), Action(action::Fixed{0.5}));
 }
 

@@ -37,8 +37,7 @@ class ControlsFixture : public testing::Test {
 inline void present(QWidget& window) {
     window.show();
     window.activateWindow();
-    QApplication::setActiveWindow(&window);
-    QApplication::processEvents();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
 inline QColor pixel(QWidget& widget, const QPoint& place) {
