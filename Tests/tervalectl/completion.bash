@@ -35,7 +35,7 @@ expect 'tervalectl replay --s' '--selection'
 expect 'tervalectl profiles validate --' '--json --help'
 
 # Every command, with all the options that it takes.
-names=$("$program" --help | sed -n 's/^  \([a-z-]*\( [a-z]*\)\?\) .*/\1/p' | sed 's/ *$//')
+names=$("$program" --help | sed -n 's/^  \([a-z-]*\( [a-z]*\)\{0,1\}\) .*/\1/p' | sed 's/ *$//')
 [[ $names == *'launch-at-login'* && $names == *'profiles import'* ]] || failures=$((failures + 1))
 while read -r name; do
     options=$("$program" $name --help | sed -n 's/^  \(--[a-z]*\).*/\1/p' | sort | tr '\n' ' ')
