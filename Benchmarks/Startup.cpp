@@ -55,7 +55,7 @@ int main(int argumentCount, char** arguments) {
     int count = 1;
     QApplication application(count, arguments);
     useSystemAppearance(application);
-    TervaleWindowApp app(Backend::simulation());
+    TervaleWindowApp app(makeMachine(machineChoice::Simulated{}));
     app.launch(Pane::overview);
     FirstPaint watch;
     app.window().installEventFilter(&watch);

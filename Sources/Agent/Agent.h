@@ -16,9 +16,8 @@
 
 namespace tervale {
 
-/// Stands in for the menu-bar agent: owns the fans, answers the window's commands and publishes
-/// what it does. It knows only the seams, so it drives a real controller just as it drives a
-/// simulated one.
+/// Owns the fans, answers the window's commands and publishes what it does. It knows only the
+/// seams, and so drives whatever controller stands behind them.
 ///
 /// A running timer's action comes before the selection, and the safety latch before both. Every
 /// command is answered by exactly one published state, which confirms it; what happens by itself is

@@ -1,49 +1,75 @@
 #include "Machine/Machine.h"
 
-#include "Machine/SimulatedBackend.h"
+#include "Base/Overloaded.h"
+#include "Machine/SimulationTimer.h"
 #include "Platform/Platform.h"
+#include "Profiles/Clock.h"
+#include "Profiles/InProcessNotificationCenter.h"
+#include "Profiles/Preferences.h"
+#include "Simulation/Simulation.h"
 
 #include <QCoreApplication>
 
+#include <chrono>
 #include <utility>
 
 namespace tervale {
 
 namespace {
 
-class SystemBackend final : public Backend {
-  public:
-    explicit SystemBackend(Platform platform) : platform(std::move(platform)) {}
+using namespace std::chrono_literals;
 
-    IORegistry& registry() override { return *platform.registry; }
-    NotificationCenter& notificationCenter() override { return *platform.notificationCenter; }
-    std::optional<double> processorLoad() override { return load(); }
+SimulatedMacOptions asBusyAsTheHost() {
+    SimulatedMacOptions options;
+    options.scenario = Scenario::host;
+    options.hostLoad = makeProcessorLoad();
+    return options;
+}
 
-  private:
-    Platform platform;
-    std::function<std::optional<double>()> load = makeProcessorLoad();
+/// A simulated Mac and its agent in real time, and what they live on. What the agent stores is
+/// there again on the next start.
+struct SimulationInProcess {
+    SystemClock clock;
+    InProcessNotificationCenter center{&runOnMainThread};
+    std::unique_ptr<Preferences> preferences = makePreferences("tervale-simulation");
+    Simulation simulation{asBusyAsTheHost(), center, *preferences, clock};
+    SimulationTimer timer{simulation, 1s};
 };
+
+Machine simulatedMachine() {
+    const auto shared = std::make_shared<SimulationInProcess>();
+    SimulatedMac& mac = shared->simulation.mac();
+    return {std::shared_ptr<IORegistry>(shared, &mac),
+            std::shared_ptr<NotificationCenter>(shared, &shared->center),
+            [shared, &mac] { return mac.load(); }};
+}
+
+/// With the agent of the user's session, or none where there is no channel to other programs.
+Machine machineWith(std::shared_ptr<IORegistry> registry) {
+    std::shared_ptr<NotificationCenter> center = makeNotificationCenter();
+    if (!center)
+        center = std::make_shared<InProcessNotificationCenter>(&runOnMainThread);
+    return {std::move(registry), std::move(center), makeProcessorLoad()};
+}
 
 } // namespace
 
-std::unique_ptr<Backend> Backend::system() {
-    return std::make_unique<SystemBackend>(makePlatform(&runOnMainThread));
+Machine makeMachine(const MachineChoice& choice) {
+    return std::visit(
+        overloaded{
+            [](const machineChoice::System&) { return machineWith(makeRegistry()); },
+            [](const machineChoice::Remote& remote) {
+                std::shared_ptr<IORegistry> registry = makeRemoteRegistry(remote.socket);
+                if (!registry)
+                    throw NoSuchMachine("This system serves no controllers on sockets.");
+                return machineWith(std::move(registry));
+            },
+            [](const machineChoice::Simulated&) { return simulatedMachine(); },
+        },
+        choice);
 }
 
-std::unique_ptr<Backend> Backend::lentController(const std::filesystem::path& socket) {
-    auto registry = makeLentRegistry(socket);
-    if (!registry)
-        return nullptr;
-    Platform platform = makePlatform(&runOnMainThread);
-    platform.registry = std::move(registry);
-    return std::make_unique<SystemBackend>(std::move(platform));
-}
-
-std::unique_ptr<Backend> Backend::simulation() {
-    return std::make_unique<SimulatedBackend>();
-}
-
-void Backend::runOnMainThread(std::function<void()> task) {
+void runOnMainThread(std::function<void()> task) {
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
 }
 

@@ -1,37 +1,35 @@
 #pragma once
 
+#include "Machine/MachineChoice.h"
+#include "Profiles/LoadReading.h"
 #include "Profiles/NotificationCenter.h"
 #include "SMC/IORegistry.h"
 
-#include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
+#include <stdexcept>
 
 namespace tervale {
 
-/// The machine that a program shows, and the channel to the agent that drives its fans. Needs an
-/// application object of the toolkit. Main thread.
-class Backend {
-  public:
-    virtual ~Backend() = default;
-
-    virtual IORegistry& registry() = 0;
-    virtual NotificationCenter& notificationCenter() = 0;
-    /// Percent of the machine's processors in use since this was last asked, 0 to 100; nothing
-    /// when it is not known, as at the first time.
-    virtual std::optional<double> processorLoad() = 0;
-
-    /// The machine that this process runs on.
-    static std::unique_ptr<Backend> system();
-    /// The same with the controller that another process lends on this socket; null on a system
-    /// where no controllers are lent.
-    static std::unique_ptr<Backend> lentController(const std::filesystem::path& socket);
-    /// A simulated Mac whose load is this machine's own, with an agent, within this process.
-    static std::unique_ptr<Backend> simulation();
-
-    /// Runs the task from the main thread's event loop. May be called from any thread.
-    static void runOnMainThread(std::function<void()> task);
+/// The machine that a program shows, and the channel to the agent that drives its fans. A plain
+/// value: its members share whatever stands behind them, and keep it alive. Main thread.
+struct Machine {
+    std::shared_ptr<IORegistry> registry;
+    std::shared_ptr<NotificationCenter> notificationCenter;
+    /// Over the time since it was last asked; nothing the first time.
+    LoadReading load;
 };
+
+/// Thrown for a machine that cannot be had on this system. `what()` is one line for people.
+struct NoSuchMachine : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// The machine of the choice. Needs an application object of the toolkit, whose event loop delivers
+/// notifications and lets time pass on a simulated Mac. Throws `NoSuchMachine`.
+Machine makeMachine(const MachineChoice& choice);
+
+/// Runs the task from the main thread's event loop. May be called from any thread.
+void runOnMainThread(std::function<void()> task);
 
 } // namespace tervale

@@ -21,19 +21,15 @@ namespace tervale {
 
 #ifdef __APPLE__
 
-namespace {
-
 std::unique_ptr<IORegistry> makeRegistry() {
     return std::make_unique<IOKitRegistry>();
 }
-
-} // namespace
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter() {
     return std::make_unique<DistributedNotificationCenter>();
 }
 
-std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path&) {
+std::unique_ptr<IORegistry> makeRemoteRegistry(const std::filesystem::path&) {
     return nullptr;
 }
 
@@ -58,19 +54,15 @@ void prepareEventLoop() {
 
 #else
 
-namespace {
-
 std::unique_ptr<IORegistry> makeRegistry() {
     return std::make_unique<SocketRegistry>(controllerSocket::defaultPath());
 }
-
-} // namespace
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter() {
     return DBusNotificationCenter::onSessionBus();
 }
 
-std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path& socket) {
+std::unique_ptr<IORegistry> makeRemoteRegistry(const std::filesystem::path& socket) {
     return std::make_unique<SocketRegistry>(socket);
 }
 
@@ -90,15 +82,7 @@ void prepareEventLoop() {}
 
 #endif
 
-Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch) {
-    Platform platform{makeRegistry(), makeNotificationCenter()};
-    if (!platform.notificationCenter)
-        platform.notificationCenter =
-            std::make_unique<InProcessNotificationCenter>(std::move(dispatch));
-    return platform;
-}
-
-std::function<std::optional<double>()> makeProcessorLoad() {
+LoadReading makeProcessorLoad() {
     return [load = ProcessorLoad()]() mutable { return load.read(); };
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Platform/SymbolMask.h"
-#include "Profiles/InProcessNotificationCenter.h"
+#include "Profiles/LoadReading.h"
+#include "Profiles/NotificationCenter.h"
 #include "Profiles/Preferences.h"
 #include "SMC/IORegistry.h"
 
@@ -13,30 +14,26 @@
 
 namespace tervale {
 
-/// What the running operating system offers behind the seams. The one place where the system's
-/// adapters are chosen.
-struct Platform {
-    std::unique_ptr<IORegistry> registry;
-    std::unique_ptr<NotificationCenter> notificationCenter;
-};
+// What the running operating system offers behind the seams. The one place where the system's
+// adapters are chosen.
+
+/// The registry of this machine's kernel services; on Linux that of a simulated Mac served at the
+/// usual place.
+std::unique_ptr<IORegistry> makeRegistry();
+
+/// The controller that another process serves on a socket; null where none are served.
+std::unique_ptr<IORegistry> makeRemoteRegistry(const std::filesystem::path& socket);
 
 /// The channel to the other programs of the user's session; null where there is none. Needs an
 /// application object of the toolkit, whose event loop delivers.
 std::unique_ptr<NotificationCenter> makeNotificationCenter();
-
-/// Where there is no channel to other programs, notifications stay within this one: `dispatch` runs
-/// what it is given on the main thread.
-Platform makePlatform(InProcessNotificationCenter::Dispatch dispatch);
-
-/// The controller that another process lends on a socket; null where none are lent.
-std::unique_ptr<IORegistry> makeLentRegistry(const std::filesystem::path& socket);
 
 /// The user's preferences of a domain, such as "tervale".
 std::unique_ptr<Preferences> makePreferences(const std::string& domain);
 
 /// Tells this machine's processor load since it was last asked: percent, 0 to 100; nothing when it
 /// is not known.
-std::function<std::optional<double>()> makeProcessorLoad();
+LoadReading makeProcessorLoad();
 
 /// Tells the text under a key of the information dictionary of the program's bundle, such as
 /// "CFBundleVersion"; nothing for a key that is missing or holds something else. Null for a program

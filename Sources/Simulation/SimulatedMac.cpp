@@ -43,8 +43,8 @@ std::uint8_t codeOf(SMCCommand command) {
 } // namespace
 
 SimulatedMac::SimulatedMac(const SimulatedMacOptions& options)
-    : machine(options.seed, options.scenario, options.hostLoad, options.fans, options.sensors),
-      keys(options.fans, options.modeSpelling, machine.sensors(), options.fillers, options.seed) {}
+    : hardware(options.seed, options.scenario, options.hostLoad, options.fans, options.sensors),
+      keys(options.fans, options.modeSpelling, hardware.sensors(), options.fillers, options.seed) {}
 
 void SimulatedMac::inject(const std::string& key, Fault fault) {
     const SimulatedKey* found = keys.find(SMCCodec::fourCC(key));
@@ -154,20 +154,20 @@ std::vector<std::byte> SimulatedMac::value(const SimulatedKey& key) const {
                                      return keyBytes(key.type, static_cast<double>(keys.size()));
                                  },
                                  [&](const keySource::Unlock&) {
-                                     return keyBytes(key.type, machine.isUnlocked() ? 1 : 0);
+                                     return keyBytes(key.type, hardware.isUnlocked() ? 1 : 0);
                                  },
                                  [&](const keySource::FanValue& source) {
                                      return keyBytes(key.type, fanValue(source));
                                  },
                                  [&](const keySource::Sensor& source) {
                                      return keyBytes(key.type,
-                                                     machine.sensors().reading(source.index));
+                                                     hardware.sensors().reading(source.index));
                                  }},
                       key.source);
 }
 
 double SimulatedMac::fanValue(const keySource::FanValue& source) const {
-    const SimulatedFan& fan = machine.fans().at(source.fan);
+    const SimulatedFan& fan = hardware.fans().at(source.fan);
     switch (source.value) {
     case keySource::FanValue::actual:
         return fan.actual;
@@ -227,9 +227,9 @@ SimulatedMac::Result SimulatedMac::write(const SimulatedKey& key, const SMCStruc
     if (!std::holds_alternative<keySource::Unlock>(key.source))
         return notWritable;
     if (bytes[0] != std::byte{0})
-        machine.unlock();
+        hardware.unlock();
     else
-        machine.lock();
+        hardware.lock();
     return succeeded;
 }
 
@@ -237,14 +237,14 @@ SimulatedMac::Result SimulatedMac::writeFan(const keySource::FanValue& source,
                                             std::span<const std::byte> bytes) {
     if (source.value == keySource::FanValue::mode) {
         const auto mode = std::to_integer<std::uint8_t>(bytes[0]);
-        return machine.setFanMode(source.fan, mode) ? succeeded : notWritable;
+        return hardware.setFanMode(source.fan, mode) ? succeeded : notWritable;
     }
     if (source.value != keySource::FanValue::target)
         return notWritable;
     const float rpm = floatIn(bytes);
     if (!std::isfinite(rpm))
         return badValue;
-    machine.setFanTarget(source.fan, static_cast<double>(rpm));
+    hardware.setFanTarget(source.fan, static_cast<double>(rpm));
     return succeeded;
 }
 

@@ -4,7 +4,7 @@
 #include "SMC/SMCStructure.h"
 #include "Simulation/Fault.h"
 #include "Simulation/KeyTable.h"
-#include "Simulation/SimulatedMachine.h"
+#include "Simulation/SimulatedHardware.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -48,9 +48,9 @@ class SimulatedMac final : public IORegistry {
 
     explicit SimulatedMac(const SimulatedMacOptions& options = {});
 
-    void advance(double seconds) { machine.advance(seconds); }
+    void advance(double seconds) { hardware.advance(seconds); }
     /// Percent of the processor in use.
-    double load() const { return machine.workload().processor * 100; }
+    double load() const { return hardware.workload().processor * 100; }
     std::size_t keyCount() const { return keys.size(); }
 
     /// Gives the key a fault, in place of one that it had. The key exists.
@@ -96,7 +96,7 @@ class SimulatedMac final : public IORegistry {
     Result write(const SimulatedKey& key, const SMCStructure& request);
     Result writeFan(const keySource::FanValue& source, std::span<const std::byte> bytes);
 
-    SimulatedMachine machine;
+    SimulatedHardware hardware;
     KeyTable keys;
     std::unordered_map<std::string, InjectedFault> faults;
     std::optional<Status> everyCall;

@@ -1,23 +1,42 @@
 #include "Simulation/Simulation.h"
 
+#include "Base/Precondition.h"
+
 #include <algorithm>
 
 namespace tervale {
 
-Simulation::Simulation(const SimulatedMacOptions& options, NotificationCenter& center,
-                       Preferences& preferences, Date start)
+Simulation::Simulation(const SimulatedMacOptions& options, Date start)
     : simulatedMac(options),
       virtualClock(start),
-      agentClock(virtualClock),
-      smc(simulatedMac),
-      simulatedAgent({smc, center, preferences, agentClock, [this] { return mac().load(); }}) {}
+      smc(simulatedMac) {}
+
+Simulation::Simulation(const SimulatedMacOptions& options, NotificationCenter& center,
+                       Preferences& preferences, Date start)
+    : Simulation(options, start) {
+    startAgent(center, preferences, virtualClock);
+}
 
 Simulation::Simulation(const SimulatedMacOptions& options, NotificationCenter& center,
                        Preferences& preferences, const Clock& clock)
-    : simulatedMac(options),
-      agentClock(clock),
-      smc(simulatedMac),
-      simulatedAgent({smc, center, preferences, agentClock, [this] { return mac().load(); }}) {}
+    : Simulation(options) {
+    startAgent(center, preferences, clock);
+}
+
+void Simulation::startAgent(NotificationCenter& center, Preferences& preferences,
+                            const Clock& clock) {
+    precondition(!driver, "a simulated Mac has one agent");
+    driver.emplace(Agent::Surroundings{smc, center, preferences, clock,
+                                       [this] { return simulatedMac.load(); }});
+}
+
+std::optional<std::string> Simulation::endAgent() {
+    if (!driver)
+        return std::nullopt;
+    std::optional<std::string> error = driver->handBack();
+    driver.reset();
+    return error;
+}
 
 void Simulation::advance(double seconds) {
     // Portions such as tenths do not add up to a second exactly.
@@ -31,7 +50,8 @@ void Simulation::advance(double seconds) {
         if (pending < 1.0 - rounding)
             return;
         pending = 0;
-        simulatedAgent.tick();
+        if (driver)
+            driver->tick();
     }
 }
 

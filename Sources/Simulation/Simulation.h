@@ -8,12 +8,17 @@
 #include "Simulation/SimulatedClock.h"
 #include "Simulation/SimulatedMac.h"
 
+#include <optional>
+#include <string>
+
 namespace tervale {
 
-/// A simulated Mac with an agent that drives its fans, both moved on together by the owner's
-/// timer. Main thread.
+/// A simulated Mac and, if one is started, the agent that drives its fans: the one loop that moves
+/// both on. Whoever owns it says how much time passes. Main thread.
 class Simulation {
   public:
+    /// Without an agent: the firmware drives the fans.
+    explicit Simulation(const SimulatedMacOptions& options, Date start = {});
     /// In virtual time altogether: the agent's clock moves with the Mac. `center` and
     /// `preferences` outlive the object, here and below.
     Simulation(const SimulatedMacOptions& options, NotificationCenter& center,
@@ -24,22 +29,28 @@ class Simulation {
     Simulation(const Simulation&) = delete;
     Simulation& operator=(const Simulation&) = delete;
 
-    /// Lets virtual time pass on the Mac. At the end of every whole second the agent has its
-    /// tick.
+    /// Must not be called while there is an agent.
+    void startAgent(NotificationCenter& center, Preferences& preferences, const Clock& clock);
+    /// The agent, if there is one, gives the fans back and goes. Tells why if it could not.
+    std::optional<std::string> endAgent();
+
+    /// Lets virtual time pass on the Mac, in seconds. At the end of every whole one the agent has
+    /// its tick.
     void advance(double seconds);
 
     /// For the window's own connection, and for faults.
     SimulatedMac& mac() { return simulatedMac; }
-    Agent& agent() { return simulatedAgent; }
-    const Clock& clock() const { return agentClock; }
+    /// Null without one.
+    Agent* agent() { return driver ? &*driver : nullptr; }
+    /// Virtual time, which moves with the Mac.
+    const Clock& clock() const { return virtualClock; }
 
   private:
     SimulatedMac simulatedMac;
     SimulatedClock virtualClock;
-    const Clock& agentClock;
     SMC smc;
-    Agent simulatedAgent;
-    /// Since the last tick.
+    std::optional<Agent> driver;
+    /// Since the last whole second.
     double pending = 0;
 };
 

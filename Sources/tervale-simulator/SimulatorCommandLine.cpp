@@ -145,7 +145,7 @@ QString SimulatorCommandLine::help() {
                .arg(usual.mac.sensors) +
            QStringLiteral("  --no-agent       no agent: the firmware drives the fans\n"
                           "  --no-smc         no controller: other programs see no fans\n"
-                          "  --socket PATH    lend the controller here, where no window looks\n"
+                          "  --socket PATH    serve the controller here, where no window looks\n"
                           "  --help           show this help\n"
                           "  --version        show the version\n");
 }

@@ -18,9 +18,9 @@ struct SimulatorCommandLine {
         double speed = 1;
         /// Whether an agent drives the fans and answers windows.
         bool agent = true;
-        /// Whether the controller is lent to other processes.
+        /// Whether the controller is served to other processes.
         bool controller = true;
-        /// Where it is lent, unless at the usual place.
+        /// Where it is served, unless at the usual place.
         std::optional<std::filesystem::path> socket;
     };
     struct ShowHelp {};

@@ -1,7 +1,8 @@
 #include "Base/Overloaded.h"
 #include "Platform/Linux/TerminationSignals.h"
 #include "Platform/Platform.h"
-#include "tervale-simulator/SimulatorProcess.h"
+#include "Profiles/InProcessNotificationCenter.h"
+#include "tervale-simulator/Simulator.h"
 
 #include <QCoreApplication>
 
@@ -25,9 +26,9 @@ int complain(const QString& line, int status) {
 }
 
 /// What is there now. Whoever started the program may wait for these lines.
-void announce(const SimulatorCommandLine::Run& run, const SimulatorProcess& process) {
-    if (process.socketPath())
-        std::printf("Controller on %s\n", process.socketPath()->c_str());
+void announce(const SimulatorCommandLine::Run& run, const Simulator& simulator) {
+    if (simulator.socketPath())
+        std::printf("Controller on %s\n", simulator.socketPath()->c_str());
     if (run.agent)
         std::printf("Agent on the session bus\n");
     std::fflush(stdout);
@@ -45,8 +46,8 @@ int simulate(const SimulatorCommandLine::Run& run) {
         center = std::make_unique<InProcessNotificationCenter>();
     const auto preferences = makePreferences("tervale-simulation");
     try {
-        const SimulatorProcess process(run, *center, *preferences);
-        announce(run, process);
+        const Simulator simulator(run, *center, *preferences);
+        announce(run, simulator);
         return QCoreApplication::exec();
     } catch (const SocketServer::Refused& refusal) {
         return complain(QString::fromLocal8Bit(refusal.what()), failure);

@@ -22,8 +22,8 @@ std::chrono::milliseconds milliseconds(double seconds) {
 } // namespace
 
 AgentConnection::AgentConnection(const Context& context)
-    : backend(context.makeBackend()),
-      bridge(backend->notificationCenter()),
+    : machine(context.makeMachine()),
+      bridge(*machine.notificationCenter),
       timeout(context.timeout),
       states(bridge.onState([this](const BridgeState& state) {
           if (!awaited || confirmed)

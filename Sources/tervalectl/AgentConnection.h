@@ -17,7 +17,7 @@ class AgentConnection {
     /// Whether a state shows that a command was carried out.
     using Confirms = std::function<bool(const BridgeState&)>;
 
-    /// The agent of the machine that the context makes. Throws `Failure`.
+    /// The agent of the machine that the context makes. Throws `NoSuchMachine`.
     explicit AgentConnection(const Context& context);
 
     /// What the agent does now. Throws `Failure` if it does not answer.
@@ -29,7 +29,7 @@ class AgentConnection {
   private:
     Failure noAnswer() const;
 
-    std::unique_ptr<Backend> backend;
+    Machine machine;
     Bridge bridge;
     /// In seconds, for each answer.
     double timeout;

@@ -169,6 +169,16 @@ Command takeArguments(std::string_view name, Words& words) {
     return takeReplay(words);
 }
 
+MachineChoice takeMachine(const Words& words) {
+    std::optional<std::string> socket;
+    if (words.has("socket"))
+        socket = words.path("socket");
+    const auto machine = chooseMachine(words.has("simulate"), socket);
+    if (const auto* fault = std::get_if<MachineChoiceFault>(&machine))
+        throw misuse(fault->line);
+    return std::get<MachineChoice>(machine);
+}
+
 CommandLine::Run takeRun(const CommandDescription& description, Words& words) {
     refuseOptionsNotTaken(description, words);
     CommandLine::Run run{takeArguments(description.name, words)};
@@ -176,12 +186,7 @@ CommandLine::Run takeRun(const CommandDescription& description, Words& words) {
         throw misuse("Unexpected argument '" + words.first() + "'.");
     run.json = words.has("json");
     run.timeout = seconds(words, "timeout", run.timeout);
-    run.simulate = words.has("simulate");
-    run.socket = words.path("socket");
-    if (words.has("socket") && run.socket.empty())
-        throw misuse("--socket takes a path.");
-    if (run.simulate && words.has("socket"))
-        throw misuse("--simulate and --socket exclude each other.");
+    run.machine = takeMachine(words);
     return run;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Machine/MachineChoice.h"
 #include "tervalectl/Command.h"
 
 #include <QStringList>
@@ -17,10 +18,7 @@ struct CommandLine {
         bool json = false;
         /// How long to wait for the agent, in seconds.
         double timeout = 2;
-        /// On a simulated Mac with its own agent, all within this process.
-        bool simulate = false;
-        /// On the controller that another process lends on this socket; empty for the machine's.
-        std::string socket{};
+        MachineChoice machine{};
         bool operator==(const Run&) const = default;
     };
     struct Print {

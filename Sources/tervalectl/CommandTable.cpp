@@ -68,7 +68,7 @@ constexpr std::array options{
     OptionDescription{"timeout", "S", "how long to wait for the agent, in seconds (2)"},
     OptionDescription{"simulate", "",
                       "use a simulated Mac whose agent lives as long as the command"},
-    OptionDescription{"socket", "PATH", "use the controller that is lent on this socket"},
+    OptionDescription{"socket", "PATH", "use the controller that is served on this socket"},
     OptionDescription{"help", "", "show this help"},
     OptionDescription{"version", "", "show the version"},
 };

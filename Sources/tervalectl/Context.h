@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <istream>
-#include <memory>
 #include <ostream>
 
 namespace tervale {
@@ -20,8 +19,8 @@ struct Context {
     bool json = false;
     /// How long to wait for the agent, in seconds.
     double timeout = 2;
-    /// The machine, for those who need one. Throws `Failure`.
-    std::function<std::unique_ptr<Backend>()> makeBackend;
+    /// The machine, for those who need one. Throws `NoSuchMachine`.
+    std::function<Machine()> makeMachine;
 };
 
 } // namespace tervale

@@ -63,8 +63,8 @@ void printJSON(const std::vector<Value>& values, Context& context) {
 } // namespace
 
 ExitStatus perform(const ctl::Fans&, Context& context) {
-    const auto backend = context.makeBackend();
-    const std::vector<Fan> fans = SMC(backend->registry()).fans();
+    const Machine machine = context.makeMachine();
+    const std::vector<Fan> fans = SMC(*machine.registry).fans();
     if (context.json) {
         printJSON(fans, context);
         return ExitStatus::done;
@@ -79,8 +79,8 @@ ExitStatus perform(const ctl::Fans&, Context& context) {
 }
 
 ExitStatus perform(const ctl::Sensors& command, Context& context) {
-    const auto backend = context.makeBackend();
-    SMC smc(backend->registry());
+    const Machine machine = context.makeMachine();
+    SMC smc(*machine.registry);
     const std::vector<Reading> found = readings(smc, command);
     if (context.json) {
         printJSON(found, context);

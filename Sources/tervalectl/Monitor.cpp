@@ -31,14 +31,14 @@ void wait(std::chrono::milliseconds time) {
 }
 
 /// The controller, what it has, and what remembers its readings.
-struct Machine {
-    explicit Machine(IORegistry& registry)
+struct Sensing {
+    explicit Sensing(IORegistry& registry)
         : smc(registry),
           sensors(smc.temperatureSensors()),
           sampler(sensors,
                   [this](const TemperatureSensor& sensor) { return smc.temperature(sensor); }) {}
-    Machine(const Machine&) = delete;
-    Machine& operator=(const Machine&) = delete;
+    Sensing(const Sensing&) = delete;
+    Sensing& operator=(const Sensing&) = delete;
 
     SMC smc;
     std::vector<TemperatureSensor> sensors;
@@ -48,9 +48,9 @@ struct Machine {
 /// Reads one machine again and again, and finds its controller again after it was away.
 class Source {
   public:
-    Source(Backend& backend, const Clock& clock) : backend(backend), clock(clock) {
+    Source(const Machine& machine, const Clock& clock) : machine(machine), clock(clock) {
         open();
-        backend.processorLoad();
+        machine.load();
     }
 
     MachineReading read() {
@@ -62,12 +62,12 @@ class Source {
             now = clock.now();
         } while (reading.minute != clock.minuteOfDay());
         reading.time = now.sinceReference + Date::referenceSinceUnixEpoch;
-        reading.load = backend.processorLoad();
+        reading.load = machine.load();
         try {
-            if (!machine || machine->sensors.empty())
+            if (!sensing || sensing->sensors.empty())
                 open();
-            reading.temperatures = machine->sampler.sample(everyInput, now);
-            reading.fans = machine->smc.fans();
+            reading.temperatures = sensing->sampler.sample(everyInput, now);
+            reading.fans = sensing->smc.fans();
         } catch (const SMCError&) {
             // The line tells what could not be read by leaving it out.
             letGoIfGone();
@@ -75,18 +75,18 @@ class Source {
         return reading;
     }
     bool has(SensorGroup group) const {
-        return std::ranges::find(machine->sensors, group, &TemperatureSensor::group) !=
-               machine->sensors.end();
+        return std::ranges::find(sensing->sensors, group, &TemperatureSensor::group) !=
+               sensing->sensors.end();
     }
 
   private:
-    void open() { machine = std::make_unique<Machine>(backend.registry()); }
+    void open() { sensing = std::make_unique<Sensing>(*machine.registry); }
     void letGoIfGone() {
         try {
-            if (machine)
-                machine->smc.keyCount();
+            if (sensing)
+                sensing->smc.keyCount();
         } catch (const SMCError&) {
-            machine.reset();
+            sensing.reset();
         }
     }
 
@@ -97,9 +97,9 @@ class Source {
         return inputs;
     }();
 
-    Backend& backend;
+    const Machine& machine;
     const Clock& clock;
-    std::unique_ptr<Machine> machine;
+    std::unique_ptr<Sensing> sensing;
 };
 
 /// Prints readings for eyes. The columns are those of what was there at the beginning.
@@ -163,8 +163,8 @@ std::chrono::milliseconds untilNext(const QElapsedTimer& start, double interval)
 } // namespace
 
 ExitStatus perform(const ctl::Monitor& command, Context& context) {
-    const auto backend = context.makeBackend();
-    Source source(*backend, context.clock);
+    const Machine machine = context.makeMachine();
+    Source source(machine, context.clock);
     if (command.count == 0)
         return ExitStatus::done;
     wait(firstLoad);

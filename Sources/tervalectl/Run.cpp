@@ -21,17 +21,6 @@ ExitStatus fail(std::ostream& errors, const std::string& line, ExitStatus status
 
 } // namespace
 
-std::unique_ptr<Backend> makeBackend(const ctl::CommandLine::Run& run) {
-    if (run.simulate)
-        return Backend::simulation();
-    if (run.socket.empty())
-        return Backend::system();
-    auto backend = Backend::lentController(run.socket);
-    if (!backend)
-        throw refusal("This system lends no controllers on sockets.");
-    return backend;
-}
-
 ExitStatus carryOut(const ctl::Command& command, Context& context, std::ostream& errors) {
     try {
         const ExitStatus status =

@@ -7,9 +7,6 @@
 
 namespace tervale {
 
-/// The machine that the command line chose. Throws `Failure`.
-std::unique_ptr<Backend> makeBackend(const ctl::CommandLine::Run& run);
-
 /// Carries a command out. What goes wrong is one line on `errors`.
 ExitStatus carryOut(const ctl::Command& command, Context& context, std::ostream& errors);
 

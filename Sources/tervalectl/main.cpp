@@ -16,7 +16,7 @@ namespace {
 ExitStatus run(const ctl::CommandLine::Run& run) {
     const SystemClock clock;
     Context context{std::cin, std::cout,   clock,
-                    run.json, run.timeout, [&run] { return makeBackend(run); }};
+                    run.json, run.timeout, [&run] { return makeMachine(run.machine); }};
     return carryOut(run.command, context, std::cerr);
 }
 

@@ -206,7 +206,7 @@ TEST_F(AgentTest, DoesNotOfferProfilesAgainToWhoHasDeletedThem) {
 
 TEST_F(AgentTest, HandsTheFansBack) {
     send(command::Select{action::Fixed{1}});
-    EXPECT_EQ(simulation->agent().handBack(), std::nullopt);
+    EXPECT_EQ(simulation->agent()->handBack(), std::nullopt);
     EXPECT_FALSE(fan(0).manual || fan(1).manual);
 }
 

@@ -59,9 +59,11 @@ TEST(CtlCommandLine, ReadsEveryCommand) {
 
 TEST(CtlCommandLine, ReadsTheOptionsOfAllCommands) {
     const auto request = parse({"--json", "fans", "--socket", "/run/mac"});
-    EXPECT_EQ(request, CommandLine::Request(CommandLine::Run{Fans{}, true, 2, false, "/run/mac"}));
+    EXPECT_EQ(request, CommandLine::Request(
+                           CommandLine::Run{Fans{}, true, 2, machineChoice::Remote{"/run/mac"}}));
     const auto other = parse({"state", "--timeout", "0.25", "--simulate"});
-    EXPECT_EQ(other, CommandLine::Request(CommandLine::Run{State{}, false, 0.25, true, ""}));
+    EXPECT_EQ(other, CommandLine::Request(
+                         CommandLine::Run{State{}, false, 0.25, machineChoice::Simulated{}}));
 }
 
 TEST(CtlCommandLine, HasHelpForTheProgramAndForEachCommand) {

@@ -11,24 +11,6 @@
 
 namespace tervale {
 
-/// Lends what belongs to the test.
-class LentBackend final : public Backend {
-  public:
-    LentBackend(IORegistry& registry, NotificationCenter& center, const SimulatedMac& mac)
-        : machine(registry),
-          center(center),
-          mac(mac) {}
-
-    IORegistry& registry() override { return machine; }
-    NotificationCenter& notificationCenter() override { return center; }
-    std::optional<double> processorLoad() override { return mac.load(); }
-
-  private:
-    IORegistry& machine;
-    NotificationCenter& center;
-    const SimulatedMac& mac;
-};
-
 /// Runs command lines on a simulated Mac that stands still.
 class CommandRunner {
   public:
@@ -38,10 +20,7 @@ class CommandRunner {
         std::ostringstream err;
         const auto request = ctl::CommandLine::parse(QStringList{"tervalectl"} + arguments);
         const auto& chosen = std::get<ctl::CommandLine::Run>(request);
-        Context context{
-            in,      out,
-            clock,   chosen.json,
-            timeout, [this] { return std::make_unique<LentBackend>(*registry, center, mac); }};
+        Context context{in, out, clock, chosen.json, timeout, [this] { return machine(); }};
         const ExitStatus status = carryOut(chosen.command, context, err);
         output = out.str();
         errors = err.str();
@@ -51,7 +30,14 @@ class CommandRunner {
     SimulatedMac mac{{.scenario = Scenario::idle, .sensors = 12, .fillers = 20}};
     IORegistry* registry = &mac;
     SimulatedClock clock{{12 * 3600.0}};
-    InProcessNotificationCenter center{&Backend::runOnMainThread};
+    InProcessNotificationCenter center{&runOnMainThread};
+    /// What it shares belongs to the test.
+    Machine machine() {
+        const std::shared_ptr<void> nobody;
+        return {std::shared_ptr<IORegistry>(nobody, registry),
+                std::shared_ptr<NotificationCenter>(nobody, &center),
+                [this] { return std::optional(mac.load()); }};
+    }
     /// In seconds, for the agent; in place of the option.
     double timeout = 10;
     std::string output;

@@ -11,7 +11,7 @@
 
 namespace tervale {
 
-/// The socket through which a simulated Mac lends its controller to other processes of the same
+/// The socket through which a simulated Mac serves its controller to other processes of the same
 /// user: a Unix socket of type SOCK_SEQPACKET, so that every packet is one whole frame. A client
 /// sends a request and waits for the reply before it sends the next. Hanging up closes what the
 /// client has opened, and a packet that is no request is answered by hanging up.

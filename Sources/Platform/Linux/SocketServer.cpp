@@ -142,8 +142,8 @@ class SocketServer::Client {
     std::optional<IORegistry::Connection> connection;
 };
 
-SocketServer::SocketServer(IORegistry& lent, const std::filesystem::path& socketPath)
-    : registry(lent),
+SocketServer::SocketServer(IORegistry& served, const std::filesystem::path& socketPath)
+    : registry(served),
       path(std::filesystem::absolute(socketPath)),
       socket(::socket(AF_UNIX, socketType, 0)) {
     if (!socket)

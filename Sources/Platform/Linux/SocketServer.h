@@ -16,7 +16,7 @@
 
 namespace tervale {
 
-/// Lends a registry to other processes through a socket, which only this user can connect to. What
+/// Serves a registry to other processes through a socket, which only this user can connect to. What
 /// a client has opened is closed when it hangs up; one that sends rubbish, or does not take its
 /// replies, is hung up on. Served from the event loop of the thread that made the object.
 class SocketServer final : public QObject {

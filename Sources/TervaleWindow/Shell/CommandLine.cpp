@@ -2,6 +2,9 @@
 
 #include <QCommandLineParser>
 
+#include <optional>
+#include <string>
+
 namespace tervale {
 
 CommandLine::Request CommandLine::parse(const QStringList& arguments) {
@@ -21,11 +24,13 @@ CommandLine::Request CommandLine::parse(const QStringList& arguments) {
         return ShowHelp{};
     if (parser.isSet(version))
         return ShowVersion{};
-    OpenWindow request{parser.isSet(simulate), parser.value(socket)};
-    if (parser.isSet(socket) && request.socket.isEmpty())
-        return Refuse{QStringLiteral("--socket takes a path.")};
-    if (parser.isSet(socket) && request.simulate)
-        return Refuse{QStringLiteral("--simulate and --socket exclude each other.")};
+    std::optional<std::string> path;
+    if (parser.isSet(socket))
+        path = parser.value(socket).toLocal8Bit().toStdString();
+    const auto machine = chooseMachine(parser.isSet(simulate), path);
+    if (const auto* fault = std::get_if<MachineChoiceFault>(&machine))
+        return Refuse{QString::fromStdString(fault->line)};
+    OpenWindow request{std::get<MachineChoice>(machine)};
     if (parser.isSet(pane)) {
         const auto chosen = paneTitled(parser.value(pane));
         if (!chosen)
@@ -44,7 +49,7 @@ QString CommandLine::help() {
                "Shows the fans and temperatures of this machine and what drives its fans.\n"
                "\n"
                "  --simulate     run on a simulated Mac with an agent of its own\n"
-               "  --socket PATH  show the simulated Mac that lends its controller there\n"
+               "  --socket PATH  show the simulated Mac that serves its controller there\n"
                "  --pane NAME    open with this pane: %1\n"
                "  --help         show this help\n"
                "  --version      show the version\n")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Machine/MachineChoice.h"
 #include "TervaleWindow/Shell/Pane.h"
 
 #include <QStringList>
@@ -11,10 +12,7 @@ namespace tervale {
 /// What the program's arguments ask for.
 struct CommandLine {
     struct OpenWindow {
-        /// On a simulated Mac with its own agent, all within this process.
-        bool simulate = false;
-        /// On the controller that another process lends on this socket.
-        QString socket;
+        MachineChoice machine{};
         Pane pane = Pane::overview;
         bool operator==(const OpenWindow&) const = default;
     };

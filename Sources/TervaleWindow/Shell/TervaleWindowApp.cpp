@@ -1,13 +1,15 @@
 #include "TervaleWindow/Shell/TervaleWindowApp.h"
 
+#include <utility>
+
 namespace tervale {
 
-TervaleWindowApp::TervaleWindowApp(std::unique_ptr<Backend> machine)
-    : backend(std::move(machine)),
-      bridge(backend->notificationCenter()) {}
+TervaleWindowApp::TervaleWindowApp(Machine chosen)
+    : machine(std::move(chosen)),
+      bridge(*machine.notificationCenter) {}
 
 void TervaleWindowApp::launch(Pane pane) {
-    model = std::make_unique<Model>(backend->registry(), bridge, clock, visibility);
+    model = std::make_unique<Model>(*machine.registry, bridge, clock, visibility);
     content = std::make_unique<ContentView>(*model, bridge);
     content->setObjectName(QStringLiteral("main"));
     content->setWindowTitle(QStringLiteral("Tervale"));

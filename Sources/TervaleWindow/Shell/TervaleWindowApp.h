@@ -20,7 +20,7 @@ class TervaleWindowApp {
     static constexpr int defaultWidth = 980;
     static constexpr int defaultHeight = 680;
 
-    explicit TervaleWindowApp(std::unique_ptr<Backend> backend);
+    explicit TervaleWindowApp(Machine machine);
 
     /// Opens the window with this pane.
     void launch(Pane pane);
@@ -29,7 +29,7 @@ class TervaleWindowApp {
 
   private:
     // In the order of who uses whom.
-    std::unique_ptr<Backend> backend;
+    Machine machine;
     Bridge bridge;
     SystemClock clock;
     WindowVisibility visibility;

@@ -9,7 +9,7 @@
 #include <clocale>
 #include <cstdio>
 #include <tervale/Version.h>
-#include <utility>
+#include <variant>
 
 using namespace tervale;
 
@@ -34,14 +34,6 @@ int complain(const QString& line, int status) {
     return print(stderr, QStringLiteral("tervale-window: %1\n").arg(line), status);
 }
 
-std::unique_ptr<Backend> makeBackend(const CommandLine::OpenWindow& request) {
-    if (request.simulate)
-        return Backend::simulation();
-    if (!request.socket.isEmpty())
-        return Backend::lentController(request.socket.toLocal8Bit().toStdString());
-    return Backend::system();
-}
-
 int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     // Only the program's name: the toolkit has options of its own, which are not ours to offer.
     int count = 1;
@@ -56,12 +48,13 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     if (const QIcon icon = applicationIcon(); !icon.isNull())
         QApplication::setWindowIcon(icon);
     useSystemAppearance(application);
-    auto backend = makeBackend(request);
-    if (!backend)
-        return complain(QStringLiteral("This system lends no controllers on sockets."), failure);
-    TervaleWindowApp app(std::move(backend));
-    app.launch(request.pane);
-    return QApplication::exec();
+    try {
+        TervaleWindowApp app(makeMachine(request.machine));
+        app.launch(request.pane);
+        return QApplication::exec();
+    } catch (const NoSuchMachine& error) {
+        return complain(QString::fromUtf8(error.what()), failure);
+    }
 }
 
 } // namespace

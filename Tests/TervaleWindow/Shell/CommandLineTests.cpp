@@ -23,13 +23,13 @@ TEST(CommandLine, OpensTheOverviewOnThisMachineWithoutArguments) {
 }
 
 TEST(CommandLine, TakesThePaneInAnyCase) {
-    const CommandLine::OpenWindow expected{true, {}, Pane::settings};
+    const CommandLine::OpenWindow expected{machineChoice::Simulated{}, Pane::settings};
     EXPECT_EQ(parse({"--simulate", "--pane", "settings"}), CommandLine::Request(expected));
     EXPECT_EQ(parse({"--pane=Settings", "--simulate"}), CommandLine::Request(expected));
 }
 
-TEST(CommandLine, TakesTheSocketThatLendsTheController) {
-    const CommandLine::OpenWindow expected{false, "/run/mac", Pane::overview};
+TEST(CommandLine, TakesTheSocketThatServesTheController) {
+    const CommandLine::OpenWindow expected{machineChoice::Remote{"/run/mac"}, Pane::overview};
     EXPECT_EQ(parse({"--socket", "/run/mac"}), CommandLine::Request(expected));
     EXPECT_TRUE(refusal({"--socket", ""}).contains("socket"));
     EXPECT_TRUE(refusal({"--socket", "/run/mac", "--simulate"}).contains("socket"));

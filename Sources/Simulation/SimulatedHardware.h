@@ -14,10 +14,10 @@ namespace tervale {
 
 /// The physical side of a simulated Mac, in virtual time: its work, its heat, its sensors and its
 /// fans. The same seed and calls give the same values to the bit.
-class SimulatedMachine {
+class SimulatedHardware {
   public:
-    SimulatedMachine(std::uint64_t seed, Scenario scenario, LoadReading hostLoad,
-                     std::size_t fanCount, std::size_t sensorCount);
+    SimulatedHardware(std::uint64_t seed, Scenario scenario, LoadReading hostLoad,
+                      std::size_t fanCount, std::size_t sensorCount);
 
     /// Lets virtual time pass. In how many portions makes no difference.
     void advance(double seconds);

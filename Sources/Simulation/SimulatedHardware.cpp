@@ -1,4 +1,4 @@
-#include "Simulation/SimulatedMachine.h"
+#include "Simulation/SimulatedHardware.h"
 
 #include "Base/Precondition.h"
 
@@ -27,8 +27,8 @@ std::vector<SimulatedFan> makeFans(std::size_t count) {
 
 } // namespace
 
-SimulatedMachine::SimulatedMachine(std::uint64_t seed, Scenario scenario, LoadReading hostLoad,
-                                   std::size_t fanCount, std::size_t sensorCount)
+SimulatedHardware::SimulatedHardware(std::uint64_t seed, Scenario scenario, LoadReading hostLoad,
+                                     std::size_t fanCount, std::size_t sensorCount)
     : random(seed),
       scenario(scenario),
       workloads(scenario, std::move(hostLoad)),
@@ -38,7 +38,7 @@ SimulatedMachine::SimulatedMachine(std::uint64_t seed, Scenario scenario, LoadRe
     settle();
 }
 
-void SimulatedMachine::settle() {
+void SimulatedHardware::settle() {
     // A heat wave is worth watching from its beginning.
     const WorkloadSource before(scenario == Scenario::heatwave ? Scenario::idle : scenario, {});
     constexpr int twentyMinutes = 20 * 60 * stepsPerSecond;
@@ -48,7 +48,7 @@ void SimulatedMachine::settle() {
     sensorBank.settle(heat);
 }
 
-void SimulatedMachine::advance(double seconds) {
+void SimulatedHardware::advance(double seconds) {
     precondition(std::isfinite(seconds) && seconds >= 0, "time was to pass backwards");
     elapsed += seconds;
     // Many small portions must not lose a step to rounding.
@@ -57,7 +57,7 @@ void SimulatedMachine::advance(double seconds) {
         step();
 }
 
-void SimulatedMachine::step() {
+void SimulatedHardware::step() {
     if (steps % stepsPerSecond == 0)
         workloads.advanceSecond(random);
     stepHeat(workloads.current(), sensorBank.hottest());
@@ -69,7 +69,7 @@ void SimulatedMachine::step() {
     }
 }
 
-void SimulatedMachine::stepHeat(const Workload& workload, double hottest) {
+void SimulatedHardware::stepHeat(const Workload& workload, double hottest) {
     double airflow = 0;
     for (SimulatedFan& fan : fanList) {
         fan.regulate(hottest);
@@ -79,20 +79,20 @@ void SimulatedMachine::stepHeat(const Workload& workload, double hottest) {
     heat.advance(stepSeconds, workload, airflow);
 }
 
-void SimulatedMachine::lock() {
+void SimulatedHardware::lock() {
     unlocked = false;
     for (SimulatedFan& fan : fanList)
         fan.mode = 0;
 }
 
-bool SimulatedMachine::setFanMode(std::size_t fan, std::uint8_t mode) {
+bool SimulatedHardware::setFanMode(std::size_t fan, std::uint8_t mode) {
     if (mode != 0 && !unlocked)
         return false;
     fanList.at(fan).mode = mode;
     return true;
 }
 
-void SimulatedMachine::setFanTarget(std::size_t fan, double rpm) {
+void SimulatedHardware::setFanTarget(std::size_t fan, double rpm) {
     const ClosedRange limits = fanList.at(fan).limits;
     fanList.at(fan).target = std::clamp(rpm, limits.lower, limits.upper);
 }
