@@ -160,6 +160,8 @@ void Model::apply(const BridgeState& state) {
         emit launchAtLoginChanged();
     if (profiles)
         emit profilesChanged();
+    if (connects || selects || timerActs || timerMoves || tells || launches || profiles)
+        emit stateChanged();
 }
 
 QString Model::nameOf(const Action& action) const {

@@ -97,6 +97,8 @@ class Model final : public QObject {
     void statusChanged();
     void launchAtLoginChanged();
     void profilesChanged();
+    /// A state of the agent changed any of what it publishes; after the signals of the fields.
+    void stateChanged();
 
   private:
     void open(IORegistry& registry);

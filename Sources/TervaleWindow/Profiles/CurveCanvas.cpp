@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QToolTip>
 
 namespace tervale {
@@ -57,8 +58,12 @@ CurveCanvas::CurveCanvas(ClosedRange range, const QString& unit, PlotInsets inse
 void CurveCanvas::setCurve(const Curve& curve) {
     if (curve == editing.curve)
         return;
-    editing.replace(curve);
-    endGesture();
+    if (asking) {
+        editing.follow(curve);
+    } else {
+        editing.replace(curve);
+        endGesture();
+    }
     tellPosition();
     update();
 }
@@ -134,14 +139,19 @@ void CurveCanvas::mouseReleaseEvent(QMouseEvent* event) {
     endGesture();
     if (tapped) {
         edit([this, event](CurveEditing& state) {
-            state.removePoint(toPlotPoint(event->position()), plot());
+            return state.removePoint(toPlotPoint(event->position()), plot());
         });
     }
 }
 
 void CurveCanvas::dragTo(QPointF location) {
+    if (!editing.dragging) {
+        edit([this](CurveEditing& state) {
+            return state.takeHold(toPlotPoint(gesture->start), plot());
+        });
+    }
     edit([this, location](CurveEditing& state) {
-        state.drag(toPlotPoint(gesture->start), toPlotPoint(location), plot());
+        return state.drag(toPlotPoint(location), plot());
     });
     if (editing.dragging)
         showPosition();
@@ -165,24 +175,24 @@ bool CurveCanvas::editByKey(const QKeyEvent& event) {
     const double size = event.modifiers().testFlag(Qt::ShiftModifier) ? largeStep : smallStep;
     const auto step = stepOf(event.key(), size);
     if (step && event.modifiers().testFlag(Qt::AltModifier)) {
-        edit([&step](CurveEditing& state) { state.moveChosen(step->units, step->percent); });
+        edit([&step](CurveEditing& state) { return state.moveChosen(step->units, step->percent); });
         showPosition();
         return true;
     }
     switch (event.key()) {
     case Qt::Key_Left:
-        edit([](CurveEditing& state) { state.choose(CurveEditing::Direction::left); });
+        choose(CurveEditing::Direction::left);
         return true;
     case Qt::Key_Right:
-        edit([](CurveEditing& state) { state.choose(CurveEditing::Direction::right); });
+        choose(CurveEditing::Direction::right);
         return true;
     case Qt::Key_Insert:
     case Qt::Key_Plus:
-        edit([](CurveEditing& state) { state.insertAfterChosen(); });
+        edit([](CurveEditing& state) { return state.insertAfterChosen(); });
         return true;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        edit([](CurveEditing& state) { state.removeChosen(); });
+        edit([](CurveEditing& state) { return state.removeChosen(); });
         return true;
     default:
         return false;
@@ -192,7 +202,7 @@ bool CurveCanvas::editByKey(const QKeyEvent& event) {
 void CurveCanvas::focusInEvent(QFocusEvent* event) {
     const bool byPointer = event->reason() == Qt::MouseFocusReason;
     if (!editing.chosen && !byPointer)
-        edit([](CurveEditing& state) { state.choose(CurveEditing::Direction::right); });
+        choose(CurveEditing::Direction::right);
     QWidget::focusInEvent(event);
 }
 
@@ -206,19 +216,30 @@ void CurveCanvas::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
-void CurveCanvas::edit(const std::function<void(CurveEditing&)>& change) {
+void CurveCanvas::choose(CurveEditing::Direction direction) {
+    edit([direction](CurveEditing& state) {
+        state.choose(direction);
+        return std::nullopt;
+    });
+}
+
+void CurveCanvas::edit(const std::function<std::optional<CurveEdit>(CurveEditing&)>& step) {
     // A position that is still shown may be another point's by now.
     if (!gesture)
         QToolTip::hideText();
-    const CurveEditing before = editing;
-    change(editing);
-    const bool moved = editing.curve != before.curve;
-    if (moved || editing.chosen != before.chosen || editing.dragging != before.dragging) {
+    const auto chosen = editing.chosen;
+    const auto dragging = editing.dragging;
+    const std::optional<CurveEdit> wanted = step(editing);
+    if (wanted) {
+        const QScopedValueRollback guard(asking, true);
+        emit edited(*wanted);
+    }
+    // The owner may have done otherwise.
+    editing.holdWhatIsThere();
+    if (editing.chosen != chosen || editing.dragging != dragging) {
         update();
         tellPosition();
     }
-    if (moved)
-        emit curveChanged(editing.curve);
 }
 
 void CurveCanvas::tellPosition() {

@@ -12,7 +12,8 @@
 
 namespace tervale {
 
-/// The plot of a curve, edited by pointer and keys. Pressing takes hold of a point or adds one, a
+/// The plot of a curve, edited by pointer and keys. It shows the curve that it was given and asks
+/// for what is to be done to it. Pressing takes hold of a point or adds one, a
 /// double click removes one. Left and Right choose a point; arrows with Alt move it by one unit or
 /// one percent, with Shift as well by ten; Insert or + adds one after it; Delete removes it.
 class CurveCanvas final : public QWidget {
@@ -26,7 +27,8 @@ class CurveCanvas final : public QWidget {
                 QWidget* parent = nullptr);
 
     const CurveEditing& state() const { return editing; }
-    /// Shows another curve without any signal. One that differs ends the gesture.
+    /// Shows another curve without any signal. One that differs ends the gesture, unless it comes
+    /// as the answer to `edited`.
     void setCurve(const Curve& curve);
     /// The current input value, if it is known.
     void setMarker(std::optional<double> value);
@@ -39,8 +41,8 @@ class CurveCanvas final : public QWidget {
     QSize minimumSizeHint() const override;
 
   signals:
-    /// The user changed it.
-    void curveChanged(const tervale::Curve& curve);
+    /// The user wants this done to the curve, whose owner shows what came of it by `setCurve`.
+    void edited(const tervale::CurveEdit& edit);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -64,8 +66,9 @@ class CurveCanvas final : public QWidget {
     void dragTo(QPointF location);
     void endGesture();
     bool editByKey(const QKeyEvent& event);
-    /// Runs an edit, and tells everybody what it changed.
-    void edit(const std::function<void(CurveEditing&)>& change);
+    /// Runs one step of the state machine, and tells everybody what it changed.
+    void edit(const std::function<std::optional<CurveEdit>(CurveEditing&)>& step);
+    void choose(CurveEditing::Direction direction);
     void tellPosition();
     void showPosition();
 
@@ -74,6 +77,8 @@ class CurveCanvas final : public QWidget {
     PlotInsets insets;
     std::optional<double> marker;
     std::optional<Gesture> gesture;
+    /// What comes by `setCurve` is the answer to an edit.
+    bool asking = false;
 };
 
 } // namespace tervale

@@ -20,7 +20,7 @@ CurveEditor::CurveEditor(ClosedRange range, const QString& unit, PlotInsets inse
     : QWidget(parent) {
     // Made in the order in which they are read.
     auto* speedCaption = caption(tr("Fan speed"), this);
-    canvas = new CurveCanvas(range, unit, inset, this);
+    plot = new CurveCanvas(range, unit, inset, this);
     auto* unitCaption =
         caption(isLoadUnit(unit.toStdString()) ? tr("Load") : tr("Temperature"), this);
     auto* help = caption(tr("Drag a point to move it. Click empty space to add one, double-click a "
@@ -33,24 +33,11 @@ CurveEditor::CurveEditor(ClosedRange range, const QString& unit, PlotInsets inse
     layout->setSpacing(0);
     layout->addWidget(speedCaption);
     layout->addSpacing(5);
-    layout->addWidget(canvas);
+    layout->addWidget(plot);
     layout->addSpacing(4);
     layout->addWidget(unitCaption, 0, Qt::AlignRight);
     layout->addSpacing(6);
     layout->addWidget(help);
-    connect(canvas, &CurveCanvas::curveChanged, this, &CurveEditor::curveChanged);
-}
-
-const Curve& CurveEditor::curve() const {
-    return canvas->state().curve;
-}
-
-void CurveEditor::setCurve(const Curve& curve) {
-    canvas->setCurve(curve);
-}
-
-void CurveEditor::setMarker(std::optional<double> value) {
-    canvas->setMarker(value);
 }
 
 } // namespace tervale

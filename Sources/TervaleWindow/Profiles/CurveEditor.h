@@ -5,13 +5,11 @@
 #include <QString>
 #include <QWidget>
 
-#include <optional>
-
 namespace tervale {
 
 class CurveCanvas;
 
-/// Edits a curve: its plot, the captions of the axes and a line of help.
+/// The plot of a curve with the captions of its axes and a line of help.
 class CurveEditor final : public QWidget {
     Q_OBJECT
 
@@ -20,18 +18,10 @@ class CurveEditor final : public QWidget {
     CurveEditor(ClosedRange range, const QString& unit, PlotInsets inset,
                 QWidget* parent = nullptr);
 
-    const Curve& curve() const;
-    /// Shows another curve without any signal.
-    void setCurve(const Curve& curve);
-    /// The current input value, if it is known.
-    void setMarker(std::optional<double> value);
-
-  signals:
-    /// The user changed it.
-    void curveChanged(const tervale::Curve& curve);
+    CurveCanvas& canvas() const { return *plot; }
 
   private:
-    CurveCanvas* canvas;
+    CurveCanvas* plot;
 };
 
 } // namespace tervale

@@ -26,6 +26,7 @@ struct PlotRect {
 
     double right() const { return left + width; }
     double bottom() const { return top + height; }
+    bool isEmpty() const { return width <= 0 || height <= 0; }
 
     bool operator==(const PlotRect&) const = default;
 };

@@ -3,6 +3,7 @@
 #include "Base/Overloaded.h"
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/CurveEditor.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
 #include "TervaleWindow/Profiles/ScheduleRow.h"
@@ -32,8 +33,8 @@ QVBoxLayout* columnOf(QWidget* widget) {
 
 class LoadContent final : public ProfileContent {
   public:
-    explicit LoadContent(QWidget* parent)
-        : ProfileContent(parent),
+    LoadContent(DraftModel& draft, QWidget* parent)
+        : ProfileContent(draft, parent),
           editor(new CurveEditor({0, 100}, QStringLiteral("%"), curveInsets)) {
         auto* note = new TextLabel(tr("Follows CPU or GPU load, whichever is higher."),
                                    TextStyle::body(), TextColor::secondary);
@@ -41,12 +42,16 @@ class LoadContent final : public ProfileContent {
         Card* card = cardAround(note, this);
         card->layout()->addWidget(editor);
         columnOf(this)->addWidget(card);
-        connect(editor, &CurveEditor::curveChanged, this,
-                [this](const Curve& curve) { emit kindChanged(kind::Load{curve}); });
+        connect(&editor->canvas(), &CurveCanvas::edited, this, &LoadContent::perform);
+        display();
     }
 
-    void display(const Profile& profile, std::span<const Profile>) override {
-        editor->setCurve(std::get<kind::Load>(profile.kind).curve);
+    void display() override { editor->canvas().setCurve(shown<kind::Load>().curve); }
+
+  protected:
+    void followEdit(const ProfileEdit& edit) override {
+        if (std::holds_alternative<CurveEdit>(edit))
+            display();
     }
 
   private:
@@ -55,18 +60,24 @@ class LoadContent final : public ProfileContent {
 
 class ScheduleContent final : public ProfileContent {
   public:
-    explicit ScheduleContent(QWidget* parent) : ProfileContent(parent), editor(new ScheduleEditor) {
+    ScheduleContent(DraftModel& draft, QWidget* parent)
+        : ProfileContent(draft, parent),
+          editor(new ScheduleEditor) {
         Card* card = cardAround(editor, this);
         card->setContentsMargins(card->contentsMargins() - ScheduleRow::overhang());
         columnOf(this)->addWidget(card);
-        connect(editor, &ScheduleEditor::windowsChanged, this,
-                [this](const std::vector<Window>& windows) {
-                    emit kindChanged(kind::Schedule{windows});
-                });
+        connect(editor, &ScheduleEditor::edited, this, &ScheduleContent::perform);
+        display();
     }
 
-    void display(const Profile& profile, std::span<const Profile> all) override {
-        editor->display(std::get<kind::Schedule>(profile.kind).windows, all);
+    void display() override { editor->display(shown<kind::Schedule>().windows, draft.profiles()); }
+
+  protected:
+    void followEdit(const ProfileEdit& edit) override {
+        // Its name too: a schedule that runs itself names itself.
+        if (std::holds_alternative<WindowEdit>(edit) ||
+            std::holds_alternative<profileEdit::Rename>(edit))
+            display();
     }
 
   private:
@@ -75,16 +86,32 @@ class ScheduleContent final : public ProfileContent {
 
 } // namespace
 
-ProfileContent* ProfileContent::make(Model& model, const Profile& profile, QWidget* parent) {
+ProfileContent::ProfileContent(DraftModel& draftShown, QWidget* parent)
+    : QWidget(parent),
+      draft(draftShown) {
+    connect(&draft, &DraftModel::edited, this, [this](const ProfileEdit& edit) {
+        if (!retired)
+            followEdit(edit);
+    });
+}
+
+void ProfileContent::perform(const ProfileEdit& edit) {
+    if (!retired)
+        draft.perform(edit);
+}
+
+ProfileContent* ProfileContent::make(Model& model, DraftModel& draft, QWidget* parent) {
     return std::visit(
         overloaded{
             [&](const kind::Temperature&) -> ProfileContent* {
-                return new TemperatureContent(model, parent);
+                return new TemperatureContent(model, draft, parent);
             },
-            [&](const kind::Load&) -> ProfileContent* { return new LoadContent(parent); },
-            [&](const kind::Schedule&) -> ProfileContent* { return new ScheduleContent(parent); },
+            [&](const kind::Load&) -> ProfileContent* { return new LoadContent(draft, parent); },
+            [&](const kind::Schedule&) -> ProfileContent* {
+                return new ScheduleContent(draft, parent);
+            },
         },
-        profile.kind);
+        draft.selected()->kind);
 }
 
 } // namespace tervale

@@ -1,31 +1,43 @@
 #pragma once
 
-#include "Profiles/Profile.h"
 #include "TervaleWindow/Model/Model.h"
+#include "TervaleWindow/Profiles/DraftModel.h"
 
 #include <QWidget>
 
-#include <span>
+#include <variant>
 
 namespace tervale {
 
-/// The part of a profile's form that depends on its kind, which never changes.
+/// The part of a profile's form that depends on its kind, which never changes. It shows the
+/// selected profile of the draft.
 class ProfileContent : public QWidget {
     Q_OBJECT
 
   public:
-    /// The form for profiles of this one's kind. `model` outlives it.
-    static ProfileContent* make(Model& model, const Profile& profile, QWidget* parent);
+    /// The form for the profile that is selected now. Both outlive it.
+    static ProfileContent* make(Model& model, DraftModel& draft, QWidget* parent);
 
-    /// Shows a profile of the same kind without any signal; `all` is the whole draft.
-    virtual void display(const Profile& profile, std::span<const Profile> all) = 0;
-
-  signals:
-    /// The user changed it.
-    void kindChanged(const tervale::ProfileKind& kind);
+    /// Shows the profile anew, which is of the same kind.
+    virtual void display() = 0;
+    /// The profile is no longer selected: whatever a field tells as it goes away is not meant.
+    void retire() { retired = true; }
 
   protected:
-    using QWidget::QWidget;
+    ProfileContent(DraftModel& draft, QWidget* parent);
+
+    virtual void followEdit(const ProfileEdit& edit) = 0;
+    void perform(const ProfileEdit& edit);
+    /// Of the kind that this form is for.
+    template <class Kind>
+    const Kind& shown() const {
+        return std::get<Kind>(draft.selected()->kind);
+    }
+
+    DraftModel& draft;
+
+  private:
+    bool retired = false;
 };
 
 } // namespace tervale

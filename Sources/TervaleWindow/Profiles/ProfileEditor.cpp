@@ -27,15 +27,17 @@ void setMargins(QWidget& form, int side) {
 
 } // namespace
 
-ProfileEditor::ProfileEditor(Model& model, const Profile& profile, QWidget* parent)
+ProfileEditor::ProfileEditor(Model& model, DraftModel& draftShown, QWidget* parent)
     : QWidget(parent),
-      profile(profile) {
+      draft(draftShown),
+      id(draft.selected()->id),
+      kind(draft.selected()->kind.index()) {
     // Made in the order in which they are read.
     auto* nameCard = new Card(this);
     name = new QLineEdit(nameCard);
     // A name may have any length; the usual limit would cut it.
     name->setMaxLength(std::numeric_limits<int>::max());
-    content = ProfileContent::make(model, profile, this);
+    content = ProfileContent::make(model, draft, this);
     problemsCard = new Card(this);
     QGridLayout* form = makeForm(nameCard);
     addFormRow(*form, tr("Name"), name, RowWidth::whole);
@@ -54,23 +56,33 @@ ProfileEditor::ProfileEditor(Model& model, const Profile& profile, QWidget* pare
     column->addStretch(1);
 
     connect(name, &QLineEdit::textEdited, this, [this](const QString& text) {
-        this->profile.name = text.toStdString();
-        emit profileChanged(this->profile);
+        if (!retired)
+            draft.perform(profileEdit::Rename{text.toStdString()});
     });
-    connect(content, &ProfileContent::kindChanged, this, [this](const ProfileKind& kind) {
-        this->profile.kind = kind;
-        emit profileChanged(this->profile);
+    connect(&draft, &DraftModel::problemsChanged, this, [this] {
+        if (!retired)
+            showProblems();
     });
+    showName();
+    showProblems();
 }
 
-void ProfileEditor::display(const Profile& changed, std::span<const Profile> all,
-                            const std::vector<std::string>& problems) {
-    profile = changed;
+void ProfileEditor::display() {
+    showName();
+    content->display();
+    showProblems();
+}
+
+void ProfileEditor::retire() {
+    retired = true;
+    content->retire();
+}
+
+void ProfileEditor::showName() {
     // Setting the text would move the cursor.
-    if (name->text() != QString::fromStdString(profile.name))
-        name->setText(QString::fromStdString(profile.name));
-    content->display(profile, all);
-    showProblems(problems);
+    const QString text = QString::fromStdString(draft.selected()->name);
+    if (name->text() != text)
+        name->setText(text);
 }
 
 void ProfileEditor::resizeEvent(QResizeEvent* event) {
@@ -79,10 +91,11 @@ void ProfileEditor::resizeEvent(QResizeEvent* event) {
 }
 
 bool ProfileEditor::isFor(const Profile& other) const {
-    return other.id == profile.id && other.kind.index() == profile.kind.index();
+    return other.id == id && other.kind.index() == kind;
 }
 
-void ProfileEditor::showProblems(const std::vector<std::string>& found) {
+void ProfileEditor::showProblems() {
+    const DraftModel::Problems found = draft.problemsOfSelected();
     if (found == problemsShown)
         return;
     problemsShown = found;

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "Profiles/Profile.h"
 #include "TervaleWindow/Model/Model.h"
+#include "TervaleWindow/Profiles/DraftModel.h"
 
 #include <QWidget>
 
-#include <span>
-#include <string>
-#include <vector>
+#include <cstddef>
 
 class QLineEdit;
 
@@ -16,38 +14,37 @@ namespace tervale {
 class Card;
 class ProfileContent;
 
-/// The form of one profile: its name, what depends on its kind, and its problems. It shows what it
-/// is told and says what the user changed; controls that show it already keep cursor and focus.
+/// The form of one profile of the draft while it is selected: its name, what depends on its kind,
+/// and its problems. Controls that show what is told already keep cursor and focus.
 class ProfileEditor final : public QWidget {
     Q_OBJECT
 
   public:
-    /// For this profile and no other, which it does not show yet. `model` outlives the form.
-    ProfileEditor(Model& model, const Profile& profile, QWidget* parent = nullptr);
+    /// For the profile that is selected now and no other. Both outlive the form.
+    ProfileEditor(Model& model, DraftModel& draft, QWidget* parent = nullptr);
 
-    const UUID& id() const { return profile.id; }
-    /// Shows the profile as it is now, of the same id and kind, and its problems, without any
-    /// signal. `all` is the whole draft.
-    void display(const Profile& changed, std::span<const Profile> all,
-                 const std::vector<std::string>& problems);
-    /// Whether `display` can show it.
+    /// Whether this form is for that profile.
     bool isFor(const Profile& other) const;
-
-  signals:
-    /// The user changed it.
-    void profileChanged(const tervale::Profile& profile);
+    /// Shows the profile anew.
+    void display();
+    /// The profile is no longer selected; the form edits nothing from now on.
+    void retire();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void showProblems(const std::vector<std::string>& found);
+    void showName();
+    void showProblems();
 
-    Profile profile;
+    DraftModel& draft;
+    UUID id;
+    std::size_t kind;
+    bool retired = false;
     QLineEdit* name;
     ProfileContent* content;
     Card* problemsCard;
-    std::vector<std::string> problemsShown;
+    DraftModel::Problems problemsShown;
 };
 
 } // namespace tervale

@@ -1,7 +1,5 @@
 #include "TervaleWindow/Profiles/ProfilesDraft.h"
 
-#include "Profiles/Validation.h"
-
 #include <algorithm>
 
 namespace tervale {
@@ -15,12 +13,6 @@ auto findById(Profiles& profiles, const std::optional<UUID>& id) {
 }
 
 } // namespace
-
-bool ProfilesDraft::invalid() const {
-    return std::any_of(profiles.begin(), profiles.end(), [this](const Profile& profile) {
-        return !problems(profile, profiles).empty();
-    });
-}
 
 const Profile* ProfilesDraft::selected() const {
     const auto found = findById(profiles, selection);
@@ -67,10 +59,11 @@ void ProfilesDraft::remove() {
         selection.reset();
 }
 
-void ProfilesDraft::replace(const Profile& edited) {
-    const auto found = findById(profiles, edited.id);
-    if (found != profiles.end())
-        *found = edited;
+std::optional<std::size_t> ProfilesDraft::perform(const ProfileEdit& edit) {
+    const auto found = findById(profiles, selection);
+    if (found == profiles.end() || !tervale::perform(edit, *found))
+        return std::nullopt;
+    return static_cast<std::size_t>(found - profiles.begin());
 }
 
 void ProfilesDraft::revert() {

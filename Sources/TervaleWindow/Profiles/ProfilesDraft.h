@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Profiles/Profile.h"
+#include "TervaleWindow/Profiles/ProfileEdit.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,10 +22,7 @@ struct ProfilesDraft {
     /// The agent's list as it was last heard.
     std::vector<Profile> saved;
 
-    /// Whether any profile has problems.
-    bool invalid() const;
     bool canRevert() const { return loaded && profiles != saved; }
-    bool canSave() const { return canRevert() && !invalid(); }
     /// The first profile with the selected id, or null.
     const Profile* selected() const;
 
@@ -35,8 +33,9 @@ struct ProfilesDraft {
     void duplicate();
     /// Removes the selected profile and selects the next, or else the last.
     void remove();
-    /// Puts an edited profile in the place of the first one with its id.
-    void replace(const Profile& edited);
+    /// Edits the first profile with the selected id, in its place. Gives its index if it is another
+    /// now.
+    std::optional<std::size_t> perform(const ProfileEdit& edit);
     void revert();
 
     /// To be called when the draft is first shown and whenever the agent's state changed; `list` is

@@ -4,7 +4,6 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ProfileRowDelegate.h"
-#include "TervaleWindow/Profiles/ProfilesListModel.h"
 #include "TervaleWindow/Profiles/ScheduleTargets.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 
@@ -18,8 +17,9 @@
 
 namespace tervale {
 
-ProfilesList::ProfilesList(QWidget* parent)
+ProfilesList::ProfilesList(DraftModel& draftShown, QWidget* parent)
     : QWidget(parent),
+      draft(draftShown),
       rows(new ProfilesListModel(this)),
       list(new QListView(this)),
       addButton(new SymbolButton(Symbol::plus, tr("Add profile"), this)),
@@ -33,6 +33,14 @@ ProfilesList::ProfilesList(QWidget* parent)
     column->addWidget(list, 1);
     column->addWidget(new Divider(Qt::Horizontal, this));
     column->addWidget(makeToolbar());
+    connect(&draft, &DraftModel::listChanged, this, &ProfilesList::showRows);
+    connect(&draft, &DraftModel::selectionChanged, this, &ProfilesList::showSelection);
+    connect(&draft, &DraftModel::problemsChanged, this, &ProfilesList::showRow);
+    connect(&draft, &DraftModel::edited, this, [this](const ProfileEdit& edit, std::size_t index) {
+        if (std::holds_alternative<profileEdit::Rename>(edit))
+            showRow(index);
+    });
+    showRows();
 }
 
 void ProfilesList::makeList() {
@@ -49,14 +57,14 @@ void ProfilesList::makeList() {
     list->viewport()->setAutoFillBackground(false);
     connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!displaying)
-            emit selectionChanged(selectedId());
+            draft.select(selectedId());
     });
     for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Backspace}) {
         auto* shortcut = new QShortcut(key, list);
         shortcut->setContext(Qt::WidgetShortcut);
         // A key that is held down must not empty the list.
         shortcut->setAutoRepeat(false);
-        connect(shortcut, &QShortcut::activated, this, &ProfilesList::removeRequested);
+        connect(shortcut, &QShortcut::activated, &draft, &DraftModel::remove);
     }
 }
 
@@ -65,7 +73,7 @@ QWidget* ProfilesList::makeToolbar() {
     const auto offer = [this, menu](const QString& title, const QString& name,
                                     const ProfileKind& kind) {
         connect(menu->addAction(title), &QAction::triggered, this,
-                [this, name, kind] { emit addRequested(name, kind); });
+                [this, name, kind] { draft.add(name.toStdString(), kind); });
     };
     offer(tr("Temperature curve"), tr("Temperature"),
           kind::Temperature{TemperatureInput::hottestOf(SensorGroup::cpu),
@@ -73,8 +81,8 @@ QWidget* ProfilesList::makeToolbar() {
     offer(tr("Load curve"), tr("Load"), kind::Load{ProfileDefaults::loadCurve()});
     offer(tr("Schedule"), tr("Schedule"), kind::Schedule{ProfileDefaults::schedule()});
     addButton->setMenu(menu);
-    connect(duplicateButton, &SymbolButton::clicked, this, &ProfilesList::duplicateRequested);
-    connect(removeButton, &SymbolButton::clicked, this, &ProfilesList::removeRequested);
+    connect(duplicateButton, &SymbolButton::clicked, &draft, &DraftModel::duplicate);
+    connect(removeButton, &SymbolButton::clicked, &draft, &DraftModel::remove);
 
     auto* toolbar = new QWidget(this);
     toolbar->setFixedHeight(35);
@@ -87,19 +95,24 @@ QWidget* ProfilesList::makeToolbar() {
     return toolbar;
 }
 
-void ProfilesList::display(const ProfilesDraft& draft, const std::vector<bool>& marks) {
-    const QScopedValueRollback guard(displaying, true);
-    std::vector<ProfilesListModel::Row> shown;
-    for (std::size_t index = 0; index < draft.profiles.size(); ++index)
-        shown.push_back(
-            {draft.profiles[index].id, displayName(draft.profiles[index]), marks[index]});
-    rows->setRows(std::move(shown));
-    showSelection(draft.selection);
-    // A profile that is added before the agent has answered would be lost with its answer.
-    addButton->setEnabled(draft.loaded);
-    keepFocus(draft);
-    duplicateButton->setEnabled(draft.selected() != nullptr);
-    removeButton->setEnabled(draft.selected() != nullptr);
+ProfilesListModel::Row ProfilesList::rowOf(std::size_t index) const {
+    const Profile& profile = draft.profiles()[index];
+    return {profile.id, displayName(profile), !draft.problemsAt(index).empty()};
+}
+
+void ProfilesList::showRows() {
+    {
+        const QScopedValueRollback guard(displaying, true);
+        std::vector<ProfilesListModel::Row> shown;
+        for (std::size_t index = 0; index < draft.profiles().size(); ++index)
+            shown.push_back(rowOf(index));
+        rows->setRows(std::move(shown));
+    }
+    showSelection();
+}
+
+void ProfilesList::showRow(std::size_t index) {
+    rows->setRow(index, rowOf(index));
 }
 
 QWidget& ProfilesList::focusTarget() {
@@ -108,22 +121,32 @@ QWidget& ProfilesList::focusTarget() {
     return *list;
 }
 
-void ProfilesList::keepFocus(const ProfilesDraft& draft) {
+void ProfilesList::keepFocus() {
     // A control that is disabled hands the focus on, out of this column; and a list without rows
     // has nothing to show it on.
     const bool fromButton =
         !draft.selected() && (duplicateButton->hasFocus() || removeButton->hasFocus());
-    const bool fromList = draft.profiles.empty() && list->hasFocus();
+    const bool fromList = draft.profiles().empty() && list->hasFocus();
     const bool keyboard =
         fromList || hasKeyboardFocus(*duplicateButton) || hasKeyboardFocus(*removeButton);
     if (fromButton || fromList)
         addButton->setFocus(keyboard ? Qt::TabFocusReason : Qt::OtherFocusReason);
-    list->setFocusPolicy(draft.profiles.empty() ? Qt::NoFocus : Qt::StrongFocus);
+    list->setFocusPolicy(draft.profiles().empty() ? Qt::NoFocus : Qt::StrongFocus);
 }
 
-void ProfilesList::showSelection(const std::optional<UUID>& id) {
+void ProfilesList::showSelection() {
+    selectRow(draft.draft().selection);
+    // A profile that is added before the agent has answered would be lost with its answer.
+    addButton->setEnabled(draft.draft().loaded);
+    keepFocus();
+    duplicateButton->setEnabled(draft.selected() != nullptr);
+    removeButton->setEnabled(draft.selected() != nullptr);
+}
+
+void ProfilesList::selectRow(const std::optional<UUID>& id) {
     if (selectedId() == id)
         return;
+    const QScopedValueRollback guard(displaying, true);
     const auto found = std::find_if(rows->rows().begin(), rows->rows().end(),
                                     [&id](const auto& row) { return row.id == id; });
     if (found == rows->rows().end()) {

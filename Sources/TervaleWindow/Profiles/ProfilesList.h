@@ -1,6 +1,7 @@
 #pragma once
 
-#include "TervaleWindow/Profiles/ProfilesDraft.h"
+#include "TervaleWindow/Profiles/DraftModel.h"
+#include "TervaleWindow/Profiles/ProfilesListModel.h"
 
 #include <QWidget>
 
@@ -8,38 +9,34 @@ class QListView;
 
 namespace tervale {
 
-class ProfilesListModel;
 class SymbolButton;
 
-/// The left column of the profiles pane: the list of profiles, and the buttons that add, duplicate
-/// and remove one.
+/// The left column of the profiles pane: the list of the draft's profiles, and the buttons that
+/// add, duplicate and remove one.
 class ProfilesList final : public QWidget {
     Q_OBJECT
 
   public:
     static constexpr int columnWidth = 219;
 
-    explicit ProfilesList(QWidget* parent = nullptr);
-
-    /// Shows the draft without any signal. `marks` says of each profile whether it has problems.
-    void display(const ProfilesDraft& draft, const std::vector<bool>& marks);
+    /// `draft` outlives the list.
+    explicit ProfilesList(DraftModel& draft, QWidget* parent = nullptr);
 
     /// What takes the focus of this column: the list, or without profiles what adds one.
     QWidget& focusTarget();
 
-  signals:
-    void selectionChanged(const std::optional<tervale::UUID>& id);
-    void addRequested(const QString& name, const tervale::ProfileKind& kind);
-    void duplicateRequested();
-    void removeRequested();
-
   private:
     void makeList();
     QWidget* makeToolbar();
-    void keepFocus(const ProfilesDraft& draft);
-    void showSelection(const std::optional<UUID>& id);
+    ProfilesListModel::Row rowOf(std::size_t index) const;
+    void showRows();
+    void showRow(std::size_t index);
+    void showSelection();
+    void selectRow(const std::optional<UUID>& id);
+    void keepFocus();
     std::optional<UUID> selectedId() const;
 
+    DraftModel& draft;
     ProfilesListModel* rows;
     QListView* list;
     SymbolButton* addButton;

@@ -1,6 +1,7 @@
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tervale {
 
@@ -33,13 +34,16 @@ void ProfilesListModel::setRows(std::vector<Row> rows) {
         shown.insert(shown.begin() + first, newStart, newEnd.base());
         endInsertRows();
     }
-    for (std::size_t row = 0; row < shown.size(); ++row) {
-        if (shown[row] == rows[row])
-            continue;
-        shown[row] = rows[row];
-        const QModelIndex changed = index(static_cast<int>(row));
-        emit dataChanged(changed, changed);
-    }
+    for (std::size_t row = 0; row < shown.size(); ++row)
+        setRow(row, std::move(rows[row]));
+}
+
+void ProfilesListModel::setRow(std::size_t place, Row row) {
+    if (shown[place] == row)
+        return;
+    shown[place] = std::move(row);
+    const QModelIndex changed = index(static_cast<int>(place));
+    emit dataChanged(changed, changed);
 }
 
 int ProfilesListModel::rowCount(const QModelIndex& parent) const {

@@ -5,6 +5,7 @@
 #include <QAbstractListModel>
 #include <QString>
 
+#include <cstddef>
 #include <vector>
 
 namespace tervale {
@@ -29,6 +30,8 @@ class ProfilesListModel final : public QAbstractListModel {
 
     const std::vector<Row>& rows() const { return shown; }
     void setRows(std::vector<Row> rows);
+    /// Tells nobody of a row that it has already.
+    void setRow(std::size_t place, Row row);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

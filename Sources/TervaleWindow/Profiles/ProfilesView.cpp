@@ -1,6 +1,5 @@
 #include "TervaleWindow/Profiles/ProfilesView.h"
 
-#include "Profiles/Validation.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
@@ -19,7 +18,6 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace tervale {
@@ -37,24 +35,15 @@ Layout* tightLayout(QWidget* widget) {
     return layout;
 }
 
-using Problems = std::vector<std::string>;
-
-/// Those of each profile, in their order.
-std::vector<Problems> problemsOf(const std::vector<Profile>& profiles) {
-    std::vector<Problems> found;
-    found.reserve(profiles.size());
-    for (const Profile& profile : profiles)
-        found.push_back(problems(profile, profiles));
-    return found;
-}
-
 } // namespace
 
-ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent)
+ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent,
+                           DraftModel::Validator validator)
     : QWidget(parent),
       model(model),
       bridge(bridge),
-      list(new ProfilesList(this)) {
+      draft(std::move(validator)),
+      list(new ProfilesList(draft, this)) {
     auto* columns = new QHBoxLayout;
     columns->setSpacing(0);
     columns->addWidget(list);
@@ -65,21 +54,27 @@ ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent)
     page->addWidget(new Divider(Qt::Horizontal, this));
     page->addLayout(columns, 1);
 
-    connectList();
+    connect(&draft, &DraftModel::listChanged, this, &ProfilesView::showEditor);
+    connect(&draft, &DraftModel::selectionChanged, this, &ProfilesView::showEditor);
+    connect(&draft, &DraftModel::changed, this, &ProfilesView::showButtons);
     connect(revertButton, &QPushButton::clicked, this, &ProfilesView::revert);
     connect(saveButton, &QPushButton::clicked, this, &ProfilesView::save);
     auto* saveShortcut = new QShortcut(QKeySequence::Save, this);
     saveShortcut->setAutoRepeat(false);
     connect(saveShortcut, &QShortcut::activated, this, &ProfilesView::save);
-    connect(&model, &Model::connectedChanged, this, &ProfilesView::followModel);
-    connect(&model, &Model::profilesChanged, this, &ProfilesView::followModel);
+    connect(&model, &Model::stateChanged, this, &ProfilesView::followModel);
     followModel();
+    showButtons();
 }
 
 ProfilesView::~ProfilesView() {
     // A field that loses the focus with the view tells of what was typed into it.
     if (editor)
-        editor->disconnect(this);
+        editor->retire();
+    // The widgets go after the draft, which they must not hear by then.
+    draft.disconnect();
+    delete list;
+    delete editor;
 }
 
 QWidget* ProfilesView::makeHeader() {
@@ -153,44 +148,14 @@ QWidget* ProfilesView::makeBottomBar() {
     return bar;
 }
 
-void ProfilesView::connectList() {
-    connect(list, &ProfilesList::selectionChanged, this, [this](const std::optional<UUID>& id) {
-        edit([&id](ProfilesDraft& changed) { changed.selection = id; });
-    });
-    connect(list, &ProfilesList::addRequested, this,
-            [this](const QString& name, const ProfileKind& kind) {
-                edit([&](ProfilesDraft& changed) { changed.add(name.toStdString(), kind); });
-            });
-    connect(list, &ProfilesList::duplicateRequested, this,
-            [this] { edit([](ProfilesDraft& changed) { changed.duplicate(); }); });
-    connect(list, &ProfilesList::removeRequested, this,
-            [this] { edit([](ProfilesDraft& changed) { changed.remove(); }); });
-}
-
 void ProfilesView::followModel() {
-    edit([this](ProfilesDraft& changed) { changed.follow(model.connected(), model.profiles()); });
+    draft.follow(model.connected(), model.profiles());
 }
 
-template <class Change>
-void ProfilesView::edit(Change&& change) {
-    change(draft);
-    showDraft();
-}
-
-void ProfilesView::showDraft() {
-    const std::vector<Problems> found = problemsOf(draft.profiles);
-    std::vector<bool> marks;
-    marks.reserve(found.size());
-    for (const Problems& each : found)
-        marks.push_back(!each.empty());
-    const bool invalid = std::find(marks.begin(), marks.end(), true) != marks.end();
-    list->display(draft, marks);
-    const Profile* selected = draft.selected();
-    showEditor(selected ? found[static_cast<std::size_t>(selected - draft.profiles.data())]
-                        : Problems());
-    notice->setVisible(invalid);
+void ProfilesView::showButtons() {
+    notice->setVisible(draft.invalid());
     enable(*revertButton, draft.canRevert());
-    enable(*saveButton, draft.canRevert() && !invalid);
+    enable(*saveButton, draft.canSave());
 }
 
 void ProfilesView::enable(QPushButton& button, bool enabled) {
@@ -199,15 +164,15 @@ void ProfilesView::enable(QPushButton& button, bool enabled) {
     button.setEnabled(enabled);
 }
 
-void ProfilesView::showEditor(const Problems& problems) {
+void ProfilesView::showEditor() {
     const Profile* selected = draft.selected();
     if (editor && selected && editor->isFor(*selected)) {
-        editor->display(*selected, draft.profiles, problems);
+        editor->display();
         return;
     }
     if (ProfileEditor* old = std::exchange(editor, nullptr)) {
         // A field that loses the focus with it tells of what was typed; nobody is to hear that.
-        old->disconnect(this);
+        old->retire();
         scrollArea->takeWidget();
         // It may be in the middle of telling of a change.
         old->deleteLater();
@@ -215,11 +180,7 @@ void ProfilesView::showEditor(const Problems& problems) {
     detail->setCurrentIndex(selected ? 1 : 0);
     if (!selected)
         return;
-    editor = new ProfileEditor(model, *selected);
-    editor->display(*selected, draft.profiles, problems);
-    connect(editor, &ProfileEditor::profileChanged, this, [this](const Profile& changed) {
-        edit([&changed](ProfilesDraft& working) { working.replace(changed); });
-    });
+    editor = new ProfileEditor(model, draft);
     scrollArea->setWidget(editor);
     // A scroll area fills its widget's ground.
     editor->setAutoFillBackground(false);
@@ -239,11 +200,11 @@ void ProfilesView::save() {
     if (field && isAncestorOf(field))
         field->interpretText();
     if (draft.canSave())
-        bridge.send(command::SaveProfiles{draft.profiles});
+        bridge.send(command::SaveProfiles{draft.profiles()});
 }
 
 void ProfilesView::revert() {
-    edit([](ProfilesDraft& changed) { changed.revert(); });
+    draft.revert();
 }
 
 } // namespace tervale

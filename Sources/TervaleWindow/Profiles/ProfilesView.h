@@ -1,8 +1,9 @@
 #pragma once
 
 #include "Profiles/Bridge.h"
+#include "Profiles/Validation.h"
 #include "TervaleWindow/Model/Model.h"
-#include "TervaleWindow/Profiles/ProfilesDraft.h"
+#include "TervaleWindow/Profiles/DraftModel.h"
 
 #include <QWidget>
 
@@ -22,8 +23,9 @@ class ProfilesView final : public QWidget {
     Q_OBJECT
 
   public:
-    /// Both outlive the view.
-    ProfilesView(Model& model, Bridge& bridge, QWidget* parent = nullptr);
+    /// The model and the bridge outlive the view.
+    ProfilesView(Model& model, Bridge& bridge, QWidget* parent = nullptr,
+                 DraftModel::Validator validator = problems);
     ~ProfilesView() override;
 
     /// Sends the draft, if it differs from what is saved and has no problems.
@@ -39,19 +41,14 @@ class ProfilesView final : public QWidget {
     QWidget* makeDetail();
     QWidget* makeEmptyState();
     QWidget* makeBottomBar();
-    void connectList();
     void followModel();
-    /// Changes the draft and shows what came of it.
-    template <class Change>
-    void edit(Change&& change);
     void enable(QPushButton& button, bool enabled);
-    void showDraft();
-    /// `problems` are those of the profile that is selected.
-    void showEditor(const std::vector<std::string>& problems);
+    void showEditor();
+    void showButtons();
 
     Model& model;
     Bridge& bridge;
-    ProfilesDraft draft;
+    DraftModel draft;
     ProfilesList* list;
     QStackedWidget* detail;
     QScrollArea* scrollArea;

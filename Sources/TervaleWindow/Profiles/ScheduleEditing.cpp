@@ -4,6 +4,7 @@
 #include "Base/Precondition.h"
 
 #include <cmath>
+#include <utility>
 
 namespace tervale {
 
@@ -73,6 +74,52 @@ void ScheduleEditing::add() {
 void ScheduleEditing::remove(std::size_t index) {
     windowAt(windows, index);
     windows.erase(windows.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+namespace {
+
+/// Changes one window, and tells whether it is another then.
+template <class Change>
+bool change(ScheduleEditing& editing, std::size_t index, const Change& change) {
+    const Window before = windowAt(editing.windows, index);
+    change();
+    return editing.windows[index] != before;
+}
+
+bool perform(const WindowEdit& edit, ScheduleEditing& editing) {
+    return std::visit(overloaded{
+                          [&editing](const windowEdit::Add&) {
+                              editing.add();
+                              return true;
+                          },
+                          [&editing](const windowEdit::Remove& remove) {
+                              editing.remove(remove.index);
+                              return true;
+                          },
+                          [&editing](const windowEdit::SetTime& set) {
+                              return change(editing, set.index, [&] {
+                                  editing.setTime(set.index, set.edge, set.time);
+                              });
+                          },
+                          [&editing](const windowEdit::SetChoice& set) {
+                              return change(editing, set.index,
+                                            [&] { editing.setChoice(set.index, set.choice); });
+                          },
+                          [&editing](const windowEdit::SetSpeed& set) {
+                              return change(editing, set.index,
+                                            [&] { editing.setSpeed(set.index, set.fraction); });
+                          },
+                      },
+                      edit);
+}
+
+} // namespace
+
+bool perform(const WindowEdit& edit, std::vector<Window>& windows) {
+    ScheduleEditing editing{std::move(windows)};
+    const bool changed = perform(edit, editing);
+    windows = std::move(editing.windows);
+    return changed;
 }
 
 } // namespace tervale

@@ -62,6 +62,39 @@ struct ScheduleEditing {
     bool operator==(const ScheduleEditing&) const = default;
 };
 
+/// What is to be done to a schedule's windows. An index beyond them is a programming error.
+namespace windowEdit {
+struct Add {
+    bool operator==(const Add&) const = default;
+};
+struct Remove {
+    std::size_t index = 0;
+    bool operator==(const Remove&) const = default;
+};
+struct SetTime {
+    std::size_t index = 0;
+    ScheduleEditing::Edge edge = ScheduleEditing::Edge::start;
+    ScheduleEditing::ClockTime time;
+    bool operator==(const SetTime&) const = default;
+};
+struct SetChoice {
+    std::size_t index = 0;
+    ScheduleEditing::Choice choice;
+    bool operator==(const SetChoice&) const = default;
+};
+struct SetSpeed {
+    std::size_t index = 0;
+    double fraction = 0;
+    bool operator==(const SetSpeed&) const = default;
+};
+} // namespace windowEdit
+
+using WindowEdit = std::variant<windowEdit::Add, windowEdit::Remove, windowEdit::SetTime,
+                                windowEdit::SetChoice, windowEdit::SetSpeed>;
+
+/// Tells whether the windows are others now.
+bool perform(const WindowEdit& edit, std::vector<Window>& windows);
+
 } // namespace tervale
 
 template <>

@@ -37,7 +37,7 @@ ScheduleEditor::ScheduleEditor(QWidget* parent) : QWidget(parent), rowsLayout(ne
     layout->addWidget(addButton, 0, Qt::AlignLeading);
     layout->addSpacing(10);
     layout->addWidget(note);
-    connect(addButton, &QPushButton::clicked, this, &ScheduleEditor::addWindow);
+    connect(addButton, &QPushButton::clicked, this, [this] { emit edited(windowEdit::Add{}); });
 }
 
 ScheduleEditor::~ScheduleEditor() {
@@ -70,16 +70,13 @@ ScheduleRow* ScheduleEditor::makeRow() {
     auto* row = new ScheduleRow(this);
     connect(row, &ScheduleRow::timeChanged, this,
             [this, row](ScheduleEditing::Edge edge, int minute) {
-                editing.setTime(indexOf(row), edge, {minute / 60, minute % 60});
-                report();
+                emit edited(windowEdit::SetTime{indexOf(row), edge, {minute / 60, minute % 60}});
             });
     connect(row, &ScheduleRow::choiceChanged, this, [this, row](const Choice& choice) {
-        editing.setChoice(indexOf(row), choice);
-        report();
+        emit edited(windowEdit::SetChoice{indexOf(row), choice});
     });
     connect(row, &ScheduleRow::speedChanged, this, [this, row](double fraction) {
-        editing.setSpeed(indexOf(row), fraction);
-        report();
+        emit edited(windowEdit::SetSpeed{indexOf(row), fraction});
     });
     connect(row, &ScheduleRow::removeRequested, this, [this, row] { removeWindow(row); });
     rowsLayout->addWidget(row);
@@ -90,15 +87,9 @@ std::size_t ScheduleEditor::indexOf(const ScheduleRow* row) const {
     return static_cast<std::size_t>(std::find(rows.begin(), rows.end(), row) - rows.begin());
 }
 
-void ScheduleEditor::addWindow() {
-    editing.add();
-    report();
-}
-
 void ScheduleEditor::removeWindow(ScheduleRow* row) {
     const std::size_t index = indexOf(row);
     row->disconnect(this);
-    editing.remove(index);
     // This row goes, not the last one, so that every control keeps the window that it shows. It is
     // in the middle of telling of the click, so it goes later.
     rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(index));
@@ -109,12 +100,7 @@ void ScheduleEditor::removeWindow(ScheduleRow* row) {
         addButton->setFocus(Qt::OtherFocusReason);
     else
         rows[std::min(index, rows.size() - 1)]->focusRemoveButton();
-    report();
-}
-
-void ScheduleEditor::report() {
-    showRows();
-    emit windowsChanged(editing.windows);
+    emit edited(windowEdit::Remove{index});
 }
 
 void ScheduleEditor::resizeEvent(QResizeEvent* event) {

@@ -14,7 +14,8 @@ namespace tervale {
 
 class ScheduleRow;
 
-/// Edits the time windows of a schedule: a row for each, a button to add one, and a note.
+/// Edits the time windows of a schedule: a row for each, a button to add one, and a note. It shows
+/// the windows that it was given and asks for what is to be done to them.
 class ScheduleEditor final : public QWidget {
     Q_OBJECT
 
@@ -30,8 +31,8 @@ class ScheduleEditor final : public QWidget {
     void display(const std::vector<Window>& windows, std::span<const Profile> targets);
 
   signals:
-    /// The user changed them.
-    void windowsChanged(const std::vector<tervale::Window>& windows);
+    /// The user wants this done to the windows, whose owner shows what came of it by `display`.
+    void edited(const tervale::WindowEdit& edit);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -39,11 +40,9 @@ class ScheduleEditor final : public QWidget {
   private:
     ScheduleRow* makeRow();
     std::size_t indexOf(const ScheduleRow* row) const;
-    void addWindow();
     void removeWindow(ScheduleRow* row);
     void showRows();
     void arrange();
-    void report();
 
     ScheduleEditing editing;
     std::vector<Profile> profiles;

@@ -3,10 +3,13 @@
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
+#include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/CurveEditor.h"
 #include "TervaleWindow/Profiles/FormRow.h"
 
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tervale {
 
@@ -27,8 +30,8 @@ QString averageTitle(SensorGroup group) {
 
 } // namespace
 
-TemperatureContent::TemperatureContent(Model& model, QWidget* parent)
-    : ProfileContent(parent),
+TemperatureContent::TemperatureContent(Model& model, DraftModel& draft, QWidget* parent)
+    : ProfileContent(draft, parent),
       model(model),
       follow(new PopUpButton(this)),
       reading(new SegmentedPicker({tr("Hottest sensor"), averageTitle(SensorGroup::cpu)}, this)),
@@ -44,18 +47,15 @@ TemperatureContent::TemperatureContent(Model& model, QWidget* parent)
     column->addWidget(card);
 
     connect(follow, &PopUpButton::activated, this, [this](int entry) {
-        shown.input.group = SensorGroup::allCases[static_cast<std::size_t>(entry)];
-        report();
+        const SensorGroup group = SensorGroup::allCases[static_cast<std::size_t>(entry)];
+        perform(profileEdit::FollowInput{{group, input.average}});
     });
     connect(reading, &SegmentedPicker::chosen, this, [this](int segment) {
-        shown.input.average = segment == averageSegment;
-        report();
+        perform(profileEdit::FollowInput{{input.group, segment == averageSegment}});
     });
-    connect(editor, &CurveEditor::curveChanged, this, [this](const Curve& curve) {
-        shown.curve = curve;
-        report();
-    });
+    connect(&editor->canvas(), &CurveCanvas::edited, this, &TemperatureContent::perform);
     connect(&model, &Model::summaryChanged, this, &TemperatureContent::showMarker);
+    display();
 }
 
 void TemperatureContent::addRows(QGridLayout& form) {
@@ -63,23 +63,34 @@ void TemperatureContent::addRows(QGridLayout& form) {
     addFormRow(form, tr("Reading"), reading, RowWidth::natural);
 }
 
-void TemperatureContent::display(const Profile& profile, std::span<const Profile>) {
-    shown = std::get<kind::Temperature>(profile.kind);
+void TemperatureContent::display() {
+    showInput();
+    showCurve();
+}
+
+void TemperatureContent::followEdit(const ProfileEdit& edit) {
+    if (std::holds_alternative<profileEdit::FollowInput>(edit))
+        showInput();
+    else if (std::holds_alternative<CurveEdit>(edit))
+        showCurve();
+}
+
+void TemperatureContent::showInput() {
+    input = shown<kind::Temperature>().input;
     const auto cases = SensorGroup::allCases;
-    const auto found = std::find(cases.begin(), cases.end(), shown.input.group);
+    const auto found = std::find(cases.begin(), cases.end(), input.group);
     follow->setCurrentIndex(static_cast<int>(found - cases.begin()));
-    reading->setTitle(averageSegment, averageTitle(shown.input.group));
-    reading->setSelected(shown.input.average ? averageSegment : hottestSegment);
-    editor->setCurve(shown.curve);
+    reading->setTitle(averageSegment, averageTitle(input.group));
+    reading->setSelected(input.average ? averageSegment : hottestSegment);
     showMarker();
 }
 
-void TemperatureContent::showMarker() {
-    editor->setMarker(model.summary().at(shown.input));
+void TemperatureContent::showCurve() {
+    editor->canvas().setCurve(shown<kind::Temperature>().curve);
 }
 
-void TemperatureContent::report() {
-    emit kindChanged(shown);
+void TemperatureContent::showMarker() {
+    editor->canvas().setMarker(model.summary().at(input));
 }
 
 } // namespace tervale

@@ -20,21 +20,26 @@ class TemperatureContent final : public ProfileContent {
     Q_OBJECT
 
   public:
-    explicit TemperatureContent(Model& model, QWidget* parent = nullptr);
+    TemperatureContent(Model& model, DraftModel& draft, QWidget* parent = nullptr);
 
     /// The rows of the reading, for the form that the profile's name is in.
     void addRows(QGridLayout& form);
-    void display(const Profile& profile, std::span<const Profile> all) override;
+    void display() override;
+
+  protected:
+    void followEdit(const ProfileEdit& edit) override;
 
   private:
+    void showInput();
+    void showCurve();
     void showMarker();
-    void report();
 
     Model& model;
     PopUpButton* follow;
     SegmentedPicker* reading;
     CurveEditor* editor;
-    kind::Temperature shown;
+    /// The marker's reading, which comes when the profile may be selected no longer.
+    TemperatureInput input;
 };
 
 } // namespace tervale

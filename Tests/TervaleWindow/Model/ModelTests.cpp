@@ -35,7 +35,8 @@ class Notifications {
                  QSignalSpy(&model, &Model::timerEndsChanged),
                  QSignalSpy(&model, &Model::statusChanged),
                  QSignalSpy(&model, &Model::launchAtLoginChanged),
-                 QSignalSpy(&model, &Model::profilesChanged)}} {}
+                 QSignalSpy(&model, &Model::profilesChanged),
+                 QSignalSpy(&model, &Model::stateChanged)}} {}
 
     std::vector<int> counts() const {
         std::vector<int> result;
@@ -45,7 +46,7 @@ class Notifications {
     }
 
   private:
-    std::array<QSignalSpy, 10> spies;
+    std::array<QSignalSpy, 11> spies;
 };
 
 } // namespace
@@ -245,7 +246,7 @@ TEST_F(ModelPoll, CallsNothingWhileHidden) {
     for (int i = 0; i < 10; ++i)
         shown.refresh();
     EXPECT_EQ(controller.calls, 0);
-    EXPECT_EQ(notifications.counts(), std::vector<int>(10, 0));
+    EXPECT_EQ(notifications.counts(), std::vector<int>(11, 0));
 }
 
 TEST_F(ModelPoll, CallsTheControllerOnceForEachValue) {
@@ -329,7 +330,7 @@ TEST_F(ModelAgent, MirrorsEveryFieldAndTellsEachOnce) {
     EXPECT_EQ(shown.status(), busyState().status);
     EXPECT_TRUE(shown.launchAtLogin());
     EXPECT_EQ(shown.profiles(), busyState().profiles);
-    const std::vector once{0, 0, 0, 1, 1, 1, 1, 1, 1, 1};
+    const std::vector once{0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
     EXPECT_EQ(notifications.counts(), once);
     publish(busyState());
     EXPECT_EQ(notifications.counts(), once);
@@ -343,7 +344,7 @@ TEST_F(ModelAgent, TellsOnlyTheFieldThatChanged) {
     state.timerEnds.reset();
     publish(state);
     EXPECT_EQ(shown.timerEnds(), std::nullopt);
-    EXPECT_EQ(notifications.counts(), (std::vector{0, 0, 0, 0, 0, 0, 1, 0, 0, 0}));
+    EXPECT_EQ(notifications.counts(), (std::vector{0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 1}));
 }
 
 TEST_F(ModelAgent, ShowsObserversTheWholeNewState) {

@@ -21,18 +21,46 @@ PlotPoint at(double x, double speed) {
     return CurvePlot{plotRect, temperatures}.position({x, speed});
 }
 
-CurveEditing editingOf(std::vector<CurvePoint> points) {
-    CurveEditing editing;
+/// The state machine with an owner that performs whatever it asks for.
+struct Owned : CurveEditing {
+    void drag(const PlotPoint& start, const PlotPoint& location, const PlotRect& plot) {
+        if (!dragging)
+            perform(takeHold(start, plot));
+        perform(CurveEditing::drag(location, plot));
+    }
+    void removePoint(const PlotPoint& near, const PlotRect& plot) {
+        perform(CurveEditing::removePoint(near, plot));
+    }
+    void moveChosen(double units, double percent) {
+        perform(CurveEditing::moveChosen(units, percent));
+    }
+    void insertAfterChosen() { perform(CurveEditing::insertAfterChosen()); }
+    void removeChosen() { perform(CurveEditing::removeChosen()); }
+
+    bool operator==(const Owned&) const = default;
+
+  private:
+    void perform(const std::optional<CurveEdit>& edit) {
+        if (!edit)
+            return;
+        Curve edited = curve;
+        EXPECT_TRUE(tervale::perform(*edit, edited));
+        follow(edited);
+    }
+};
+
+Owned editingOf(std::vector<CurvePoint> points) {
+    Owned editing;
     editing.curve.points = std::move(points);
     editing.range = temperatures;
     return editing;
 }
 
-CurveEditing usual() {
+Owned usual() {
     return editingOf({{40, 0.1}, {60, 0.35}, {80, 0.75}, {95, 1.0}});
 }
 
-CurveEditing withPoints(int count) {
+Owned withPoints(int count) {
     std::vector<CurvePoint> points;
     for (int index = 0; index < count; ++index)
         points.push_back({25.0 + 10 * index, 0.5});
@@ -40,7 +68,7 @@ CurveEditing withPoints(int count) {
 }
 
 TEST(CurveDrag, MovesThePointThatWasPressed) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.drag(at(60, 0.35), at(65, 0.5), plotRect);
     EXPECT_EQ(editing.dragging, 1U);
     EXPECT_EQ(editing.curve.points[1], (CurvePoint{65, 0.5}));
@@ -49,7 +77,7 @@ TEST(CurveDrag, MovesThePointThatWasPressed) {
 }
 
 TEST(CurveDrag, KeepsItsPointThroughTheWholeGesture) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     const PlotPoint start = at(60, 0.35);
     editing.drag(start, start, plotRect);
     editing.drag(start, at(79, 0.75), plotRect);
@@ -59,14 +87,14 @@ TEST(CurveDrag, KeepsItsPointThroughTheWholeGesture) {
 }
 
 TEST(CurveDrag, PutsAPointThatIsPressedBesideItsMiddleUnderThePointer) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     const PlotPoint beside = at(61, 0.37);
     editing.drag(beside, beside, plotRect);
     EXPECT_EQ(editing.curve.points[1], (CurvePoint{61, 0.37}));
 }
 
 TEST(CurveDrag, StopsOneUnitBesideTheNeighbours) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.drag(at(60, 0.35), at(110, 0.35), plotRect);
     EXPECT_EQ(editing.curve.points[1].x, 79);
     editing.drag(at(60, 0.35), at(20, 0.35), plotRect);
@@ -74,7 +102,7 @@ TEST(CurveDrag, StopsOneUnitBesideTheNeighbours) {
 }
 
 TEST(CurveDrag, StopsTheOuterPointsAtTheEndsOfTheRange) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.drag(at(40, 0.1), {-500, 0}, plotRect);
     EXPECT_EQ(editing.curve.points[0], (CurvePoint{20, 1.0}));
     editing.endDrag();
@@ -83,19 +111,19 @@ TEST(CurveDrag, StopsTheOuterPointsAtTheEndsOfTheRange) {
 }
 
 TEST(CurveDrag, LeavesTheOrderOfSpeedsToTheUser) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.drag(at(80, 0.75), at(80, 0.0), plotRect);
     EXPECT_EQ(editing.curve.points[2], (CurvePoint{80, 0.0}));
 }
 
 TEST(CurveDrag, StaysLeftOfTheNextPointWhereThereIsNoRoom) {
-    CurveEditing editing = editingOf({{40, 0.0}, {40.5, 0.5}, {41, 1.0}});
+    Owned editing = editingOf({{40, 0.0}, {40.5, 0.5}, {41, 1.0}});
     editing.drag(at(40.5, 0.5), at(60, 0.5), plotRect);
     EXPECT_EQ(editing.curve.points[1], (CurvePoint{40, 0.5}));
 }
 
 TEST(CurveAdd, PutsAPointWhereEmptySpaceIsPressed) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     const PlotPoint place = at(70, 0.2);
     editing.drag(place, place, plotRect);
     EXPECT_EQ(xs(editing), (std::vector<double>{40, 60, 70, 80, 95}));
@@ -104,7 +132,7 @@ TEST(CurveAdd, PutsAPointWhereEmptySpaceIsPressed) {
 }
 
 TEST(CurveAdd, MovesTheNewPointWithTheSameGesture) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     const PlotPoint place = at(70, 0.2);
     editing.drag(place, place, plotRect);
     editing.drag(place, at(75, 0.6), plotRect);
@@ -113,81 +141,96 @@ TEST(CurveAdd, MovesTheNewPointWithTheSameGesture) {
 }
 
 TEST(CurveAdd, AddsNothingWhereAPointHasThatX) {
-    CurveEditing editing = usual();
-    const CurveEditing before = editing;
+    Owned editing = usual();
+    const Owned before = editing;
     editing.drag(at(60.3, 0.9), at(70, 0.9), plotRect);
     EXPECT_EQ(editing.curve, before.curve);
     EXPECT_EQ(editing.dragging, std::nullopt);
 }
 
 TEST(CurveAdd, AddsNothingToEightPoints) {
-    CurveEditing editing = withPoints(8);
+    Owned editing = withPoints(8);
     editing.drag(at(30, 0.9), at(30, 0.9), plotRect);
     EXPECT_EQ(editing, withPoints(8));
 }
 
 TEST(CurveAdd, StillMovesOneOfEightPoints) {
-    CurveEditing editing = withPoints(8);
+    Owned editing = withPoints(8);
     editing.drag(at(25, 0.5), at(27, 0.4), plotRect);
     EXPECT_EQ(editing.curve.points[0], (CurvePoint{27, 0.4}));
 }
 
 TEST(CurveAdd, AddsAnEighthPoint) {
-    CurveEditing editing = withPoints(7);
+    Owned editing = withPoints(7);
     editing.drag(at(30, 0.9), at(30, 0.9), plotRect);
     EXPECT_EQ(editing.curve.points.size(), 8U);
 }
 
 TEST(CurveAdd, StartsAnEmptyCurve) {
-    CurveEditing editing = editingOf({});
+    Owned editing = editingOf({});
     editing.drag(at(50, 0.5), at(50, 0.5), plotRect);
     EXPECT_EQ(editing.curve.points, (std::vector<CurvePoint>{{50, 0.5}}));
 }
 
 TEST(CurveAdd, BringsAnUnsortedCurveIntoOrder) {
-    CurveEditing editing = editingOf({{80, 0.8}, {40, 0.1}});
+    Owned editing = editingOf({{80, 0.8}, {40, 0.1}});
     editing.drag(at(60, 0.2), at(60, 0.2), plotRect);
     EXPECT_EQ(xs(editing), (std::vector<double>{40, 60, 80}));
     EXPECT_EQ(editing.dragging, 1U);
 }
 
 TEST(CurveRemove, TakesThePointUnderThePointer) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.removePoint(at(60, 0.35), plotRect);
     EXPECT_EQ(xs(editing), (std::vector<double>{40, 80, 95}));
 }
 
 TEST(CurveRemove, TakesNothingFromEmptySpace) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.removePoint(at(60, 0.9), plotRect);
     EXPECT_EQ(editing, usual());
 }
 
 TEST(CurveRemove, LeavesTwoPoints) {
-    CurveEditing editing = withPoints(3);
+    Owned editing = withPoints(3);
     editing.removePoint(at(25, 0.5), plotRect);
     EXPECT_EQ(xs(editing), (std::vector<double>{35, 45}));
     editing.removePoint(at(35, 0.5), plotRect);
     EXPECT_EQ(xs(editing), (std::vector<double>{35, 45}));
 }
 
-TEST(CurveSetX, BringsThePointsBackIntoOrder) {
+TEST(CurveDrag, LeavesAPointThatIsPressedWithoutRoomAtItsPlaceInTheList) {
+    Owned editing = editingOf({{50, 0.1}, {50.2, 0.5}, {50.4, 0.9}, {80, 1.0}});
+    const PlotPoint second = at(50.2, 0.5);
+    editing.drag(second, second, plotRect);
+    EXPECT_EQ(editing.dragging, 1U);
+    EXPECT_EQ(xs(editing), (std::vector<double>{50, 49.4, 50.4, 80}));
+    EXPECT_EQ(editing.curve.points[1].speed, 0.5);
+}
+
+TEST(CurveDrag, AsksForNothingWhileThePointerStaysWithinAUnit) {
     CurveEditing editing = usual();
-    editing.chosen = 0;
-    editing.setX(0, 85);
-    EXPECT_EQ(xs(editing), (std::vector<double>{60, 80, 85, 95}));
-    EXPECT_EQ(editing.chosen, 2U);
+    EXPECT_EQ(editing.takeHold(at(60, 0.35), plotRect), std::nullopt);
+    EXPECT_EQ(editing.drag(at(60.4, 0.352), plotRect), std::nullopt);
+    EXPECT_EQ(editing.drag(at(61, 0.35), plotRect), CurveEdit(curveEdit::Move{1, {61, 0.35}}));
+}
+
+TEST(CurveSetX, BringsThePointsBackIntoOrder) {
+    Curve curve = usual().curve;
+    setX(curve, 0, 85);
+    EXPECT_EQ(curve.points,
+              (std::vector<CurvePoint>{{60, 0.35}, {80, 0.75}, {85, 0.1}, {95, 1.0}}));
 }
 
 TEST(CurveSetX, LeavesPointsOfTheSameXInTheirOrder) {
-    CurveEditing editing = usual();
-    editing.setX(0, 80);
-    EXPECT_EQ(editing.curve.points[1], (CurvePoint{80, 0.1}));
-    EXPECT_EQ(editing.curve.points[2], (CurvePoint{80, 0.75}));
+    Curve curve = usual().curve;
+    setX(curve, 0, 80);
+    EXPECT_EQ(curve.points[1], (CurvePoint{80, 0.1}));
+    EXPECT_EQ(curve.points[2], (CurvePoint{80, 0.75}));
 }
 
 TEST(CurveReplace, EndsTheGestureOnlyForAnotherCurve) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.drag(at(60, 0.35), at(65, 0.5), plotRect);
     editing.replace(Curve(editing.curve));
     EXPECT_EQ(editing.dragging, 1U);
@@ -197,7 +240,7 @@ TEST(CurveReplace, EndsTheGestureOnlyForAnotherCurve) {
 }
 
 TEST(CurveKeys, ChooseAPointFromEitherEnd) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.choose(CurveEditing::Direction::right);
     EXPECT_EQ(editing.chosen, 0U);
     editing = usual();
@@ -206,7 +249,7 @@ TEST(CurveKeys, ChooseAPointFromEitherEnd) {
 }
 
 TEST(CurveKeys, StopAtTheOuterPoints) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.chosen = 3;
     editing.choose(CurveEditing::Direction::right);
     EXPECT_EQ(editing.chosen, 3U);
@@ -218,7 +261,7 @@ TEST(CurveKeys, StopAtTheOuterPoints) {
 }
 
 TEST(CurveKeys, ChooseNothingOnAnEmptyCurve) {
-    CurveEditing editing = editingOf({});
+    Owned editing = editingOf({});
     editing.choose(CurveEditing::Direction::right);
     editing.moveChosen(1, 1);
     editing.removeChosen();
@@ -226,7 +269,7 @@ TEST(CurveKeys, ChooseNothingOnAnEmptyCurve) {
 }
 
 TEST(CurveKeys, MoveTheChosenPointByUnitsAndPercents) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.chosen = 1;
     editing.moveChosen(1, 0);
     editing.moveChosen(0, -10);
@@ -234,7 +277,7 @@ TEST(CurveKeys, MoveTheChosenPointByUnitsAndPercents) {
 }
 
 TEST(CurveKeys, KeepWholePercentsOverManySteps) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.chosen = 0;
     for (int step = 0; step < 47; ++step)
         editing.moveChosen(0, 1);
@@ -242,7 +285,7 @@ TEST(CurveKeys, KeepWholePercentsOverManySteps) {
 }
 
 TEST(CurveKeys, MoveWithinTheRulesOfDragging) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.chosen = 1;
     editing.moveChosen(100, 0);
     EXPECT_EQ(editing.curve.points[1].x, 79);
@@ -257,7 +300,7 @@ TEST(CurveKeys, MoveWithinTheRulesOfDragging) {
 }
 
 TEST(CurveKeys, InsertMidwayToTheNextPoint) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.chosen = 1;
     editing.insertAfterChosen();
     EXPECT_EQ(editing.curve.points[2], (CurvePoint{70, 0.55}));
@@ -265,7 +308,7 @@ TEST(CurveKeys, InsertMidwayToTheNextPoint) {
 }
 
 TEST(CurveKeys, InsertMidwayToTheEndAfterTheLastPoint) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.chosen = 3;
     editing.insertAfterChosen();
     EXPECT_EQ(editing.curve.points[4], (CurvePoint{103, 1}));
@@ -275,7 +318,7 @@ TEST(CurveKeys, InsertMidwayToTheEndAfterTheLastPoint) {
 }
 
 TEST(CurveKeys, InsertNothingWhereThereIsNoRoom) {
-    CurveEditing editing = editingOf({{40, 0.1}, {41, 0.3}, {43, 0.9}});
+    Owned editing = editingOf({{40, 0.1}, {41, 0.3}, {43, 0.9}});
     editing.chosen = 0;
     editing.insertAfterChosen();
     EXPECT_EQ(editing.curve.points.size(), 3U);
@@ -285,14 +328,14 @@ TEST(CurveKeys, InsertNothingWhereThereIsNoRoom) {
 }
 
 TEST(CurveKeys, InsertNothingIntoEightPoints) {
-    CurveEditing editing = withPoints(8);
+    Owned editing = withPoints(8);
     editing.chosen = 0;
     editing.insertAfterChosen();
     EXPECT_EQ(editing.curve.points.size(), 8U);
 }
 
 TEST(CurveKeys, StartAnEmptyCurve) {
-    CurveEditing editing = editingOf({});
+    Owned editing = editingOf({});
     editing.insertAfterChosen();
     EXPECT_EQ(editing.curve.points, (std::vector<CurvePoint>{{65, 0.5}}));
     editing.insertAfterChosen();
@@ -300,7 +343,7 @@ TEST(CurveKeys, StartAnEmptyCurve) {
 }
 
 TEST(CurveKeys, RemoveTheChosenPointAndChooseTheNext) {
-    CurveEditing editing = usual();
+    Owned editing = usual();
     editing.chosen = 1;
     editing.removeChosen();
     EXPECT_EQ(xs(editing), (std::vector<double>{40, 80, 95}));
@@ -313,7 +356,7 @@ TEST(CurveKeys, RemoveTheChosenPointAndChooseTheNext) {
 }
 
 TEST(CurveKeys, MoveAPointBesideThePlotUpAndDownWhereItIs) {
-    CurveEditing editing = editingOf({{5, 0.1}, {60, 0.35}, {115, 0.5}});
+    Owned editing = editingOf({{5, 0.1}, {60, 0.35}, {115, 0.5}});
     editing.chosen = 2;
     editing.moveChosen(0, 1);
     EXPECT_EQ(editing.curve.points[2], (CurvePoint{115, 0.51}));
@@ -323,14 +366,14 @@ TEST(CurveKeys, MoveAPointBesideThePlotUpAndDownWhereItIs) {
 }
 
 TEST(CurveKeys, MoveAPointWithoutRoomUpAndDownWhereItIs) {
-    CurveEditing editing = editingOf({{40, 0.1}, {40.5, 0.35}, {41, 0.5}});
+    Owned editing = editingOf({{40, 0.1}, {40.5, 0.35}, {41, 0.5}});
     editing.chosen = 1;
     editing.moveChosen(0, 1);
     EXPECT_EQ(editing.curve.points[1], (CurvePoint{40.5, 0.36}));
 }
 
 TEST(CurveKeys, MoveAPointSidewaysAtItsSpeed) {
-    CurveEditing editing = editingOf({{40, 0.123}, {60, 1.5}});
+    Owned editing = editingOf({{40, 0.123}, {60, 1.5}});
     editing.chosen = 0;
     editing.moveChosen(1, 0);
     EXPECT_EQ(editing.curve.points[0], (CurvePoint{41, 0.123}));
@@ -341,7 +384,7 @@ TEST(CurveKeys, MoveAPointSidewaysAtItsSpeed) {
 
 TEST(CurveDrag, ChangesNothingOnAPlotWithoutRoom) {
     for (const PlotRect& flat : {PlotRect{0, 0, 0, 200}, PlotRect{0, 0, 200, 0}}) {
-        CurveEditing editing = usual();
+        Owned editing = usual();
         editing.drag({5, 5}, {7, 7}, flat);
         editing.removePoint({0, 0}, flat);
         EXPECT_EQ(editing, usual());

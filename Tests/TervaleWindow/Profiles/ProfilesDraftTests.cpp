@@ -43,7 +43,8 @@ TEST(ProfileDefaultsOfNewProfiles, AreValid) {
     addTemperature(draft);
     draft.add("Load", kind::Load{ProfileDefaults::loadCurve()});
     draft.add("Schedule", kind::Schedule{ProfileDefaults::schedule()});
-    EXPECT_FALSE(draft.invalid());
+    for (const Profile& profile : draft.profiles)
+        EXPECT_TRUE(problems(profile, draft.profiles).empty()) << profile.name;
 }
 
 TEST(ProfileDefaultsOfNewProfiles, AreTheUsualOnes) {
@@ -57,7 +58,6 @@ TEST(DraftBeforeItIsLoaded, CanNeitherBeSavedNorReverted) {
     ProfilesDraft draft;
     draft.follow(false, threeProfiles);
     EXPECT_FALSE(draft.loaded);
-    EXPECT_FALSE(draft.canSave());
     EXPECT_FALSE(draft.canRevert());
     draft.revert();
     EXPECT_TRUE(draft.profiles.empty());
@@ -146,7 +146,7 @@ TEST(DraftRemove, SelectsNothingOnceTheListIsEmpty) {
     draft.follow(true, {threeProfiles[0]});
     draft.remove();
     EXPECT_EQ(draft.selection, std::nullopt);
-    EXPECT_TRUE(draft.canSave());
+    EXPECT_TRUE(draft.canRevert());
 }
 
 TEST(DraftFollow, WaitsForTheAgent) {
@@ -178,7 +178,7 @@ TEST(DraftFollow, NeverTouchesUnsavedEdits) {
     draft.follow(true, {loadProfile(7, "Seven")});
     EXPECT_EQ(draft.profiles, edited.profiles);
     EXPECT_EQ(draft.selection, edited.selection);
-    EXPECT_TRUE(draft.canSave());
+    EXPECT_TRUE(draft.canRevert());
 }
 
 TEST(DraftFollow, TakesWhatTheAgentSaysWhileNothingIsEdited) {
@@ -194,7 +194,7 @@ TEST(DraftFollow, IsCleanAgainOnceTheAgentHasSaved) {
     addTemperature(draft);
     const std::vector<Profile> edited = draft.profiles;
     draft.follow(true, edited);
-    EXPECT_FALSE(draft.canSave());
+    EXPECT_FALSE(draft.canRevert());
     draft.follow(true, threeProfiles);
     EXPECT_EQ(draft.profiles, threeProfiles);
 }
@@ -235,39 +235,20 @@ TEST(DraftRevert, LeavesTheSelection) {
     EXPECT_EQ(draft.selected(), nullptr);
 }
 
-TEST(DraftSave, WaitsForAChangeAndValidProfiles) {
-    ProfilesDraft draft = loadedDraft();
-    EXPECT_FALSE(draft.canSave());
-    EXPECT_FALSE(draft.canRevert());
-    Profile edited = threeProfiles[0];
-    edited.name = "Uno";
-    draft.replace(edited);
-    EXPECT_TRUE(draft.canSave());
-    EXPECT_TRUE(draft.canRevert());
-    edited.name = "  ";
-    draft.replace(edited);
-    EXPECT_FALSE(draft.canSave());
-    EXPECT_TRUE(draft.canRevert());
-}
-
-TEST(DraftSave, IsRefusedWhileAScheduleRunsARemovedProfile) {
-    ProfilesDraft draft = loadedDraft();
-    draft.add("Schedule", kind::Schedule{{{0, 60, action::Profile{idOf(2)}}}});
-    EXPECT_TRUE(draft.canSave());
-    draft.selection = idOf(2);
-    draft.remove();
-    EXPECT_FALSE(draft.canSave());
-    EXPECT_EQ(problems(draft.profiles.back(), draft.profiles),
-              std::vector<std::string>{"A window runs a profile that no longer exists."});
-}
-
-TEST(DraftReplace, ChangesTheFirstProfileWithThatId) {
+TEST(DraftPerform, EditsTheFirstProfileWithTheSelectedId) {
     ProfilesDraft draft;
     draft.follow(true, {threeProfiles[0], threeProfiles[0]});
-    draft.replace(loadProfile(1, "Uno"));
+    EXPECT_EQ(draft.perform(profileEdit::Rename{"Uno"}), 0U);
     EXPECT_EQ(names(draft), (std::vector<std::string>{"Uno", "One"}));
-    draft.replace(loadProfile(9, "Nine"));
-    EXPECT_EQ(draft.profiles.size(), 2U);
+    EXPECT_TRUE(draft.canRevert());
+}
+
+TEST(DraftPerform, ChangesNothingWithoutAProfileOrADifference) {
+    ProfilesDraft draft = loadedDraft();
+    EXPECT_EQ(draft.perform(profileEdit::Rename{"One"}), std::nullopt);
+    draft.selection = idOf(9);
+    EXPECT_EQ(draft.perform(profileEdit::Rename{"Nine"}), std::nullopt);
+    EXPECT_EQ(draft.profiles, threeProfiles);
 }
 
 } // namespace

@@ -414,6 +414,19 @@ TEST_F(ProfilesViewTest, RevertsToTheAgentsListAndKeepsTheSelection) {
     EXPECT_TRUE(labels().contains("No profile selected"));
 }
 
+TEST_F(ProfilesViewTest, SelectsTheFirstProfileWithWhateverStateComesAfterTheLastWasRemoved) {
+    openWith({loadProfile(1, "One")});
+    click("Remove profile");
+    click("Revert");
+    EXPECT_EQ(selectedName(), QString());
+    BridgeState state;
+    state.profiles = {loadProfile(1, "One")};
+    state.status = "The fans do not answer.";
+    publish(state);
+    EXPECT_EQ(selectedName().toStdString(), "One");
+    EXPECT_EQ(nameField()->text().toStdString(), "One");
+}
+
 TEST_F(ProfilesViewTest, EditsACurveByTheMouse) {
     openWith(threeProfiles);
     const PlotPoint from = CurvePlot{canvas()->plot(), {20, 110}}.position({60, 0.35});

@@ -34,8 +34,12 @@ class ScheduleEditorTest : public testing::Test {
         editor.show();
         editor.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
-        QObject::connect(&editor, &ScheduleEditor::windowsChanged, &editor,
-                         [this](const std::vector<Window>&) { ++reports; });
+        QObject::connect(&editor, &ScheduleEditor::edited, &editor, [this](const WindowEdit& edit) {
+            std::vector<Window> windows = editor.windows();
+            perform(edit, windows);
+            editor.display(windows, targets);
+            ++reports;
+        });
     }
 
     void show(const std::vector<Window>& windows) { editor.display(windows, targets); }
