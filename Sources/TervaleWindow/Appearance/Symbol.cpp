@@ -1,10 +1,11 @@
 #include "TervaleWindow/Appearance/Symbol.h"
 
-#include "TervaleWindow/Appearance/SymbolPath.h"
+#include "TervaleWindow/Appearance/SymbolShape.h"
 
 #include <QIconEngine>
 #include <QPixmap>
 #include <QPixmapCache>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -19,6 +20,9 @@ namespace {
 qreal lineWidth(qreal side, qreal weight) {
     return std::max(1.25, side * 0.055) * weight;
 }
+
+/// In pixels of a device; nothing is drawn larger.
+constexpr qreal largestSide = 4096;
 
 struct Drawing {
     Symbol symbol;
@@ -63,36 +67,64 @@ SymbolShapes& systemShapes() {
     return shapes;
 }
 
-/// How many pixels of the painter's device lie along a side.
-int pixels(const QPainter& painter, qreal side) {
-    const QTransform& transform = painter.deviceTransform();
-    const qreal scale = std::hypot(transform.m11(), transform.m12());
-    return static_cast<int>(std::ceil(std::min(side * scale, 4096.0)));
+/// Where the symbol's square lies on the painter's device.
+struct Place {
+    /// The pixels that it touches.
+    QRect pixels;
+    /// The square, seen from their corner.
+    QRectF square;
+    qreal lineWidth;
+};
+
+Place placeOf(const QRectF& square, qreal lineWidth) {
+    const QPoint corner(qFloor(square.left()), qFloor(square.top()));
+    const QSize size(qCeil(square.right()) - corner.x(), qCeil(square.bottom()) - corner.y());
+    return {{corner, size}, square.translated(-corner), lineWidth};
 }
 
-/// The system's shape in a colour; kept, since the same few are drawn again and again.
-std::optional<QPixmap> systemShape(Symbol symbol, int side, const QColor& color, qreal weight) {
+QImage tinted(QImage shape, const QColor& color) {
+    shape.convertTo(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&shape);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(shape.rect(), color);
+    return shape;
+}
+
+/// The system's shape, moved to whole pixels, so that it stays as sharp as it is.
+std::optional<QImage> systemShape(Symbol symbol, const Place& place, qreal weight) {
     if (!systemShapes())
         return std::nullopt;
-    const QString key = QStringLiteral("tervale symbol %1 %2 %3 %4")
-                            .arg(symbolName(symbol))
-                            .arg(side)
-                            .arg(color.rgba())
-                            .arg(weight);
-    QPixmap shape;
-    if (QPixmapCache::find(key, &shape))
-        return shape;
-    const auto opacity = systemShapes()(symbolName(symbol), side, weight);
-    if (!opacity)
+    const int side = std::max(1, qRound(place.square.width()));
+    const auto shape = systemShapes()(symbolName(symbol), side, weight);
+    if (!shape)
         return std::nullopt;
-    QImage image = opacity->convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage image(place.pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(image.rect(), color);
-    painter.end();
-    shape = QPixmap::fromImage(image);
-    QPixmapCache::insert(key, shape);
-    return shape;
+    painter.drawImage(place.square.topLeft().toPoint(), *shape);
+    return image;
+}
+
+/// The coloured symbol on the pixels that it touches. Kept, since the same few are drawn again and
+/// again.
+QPixmap picture(const Drawing& drawing, const Place& place) {
+    const QString key = QStringLiteral("tervale %1 %2 %3 %4 %5 %6")
+                            .arg(static_cast<int>(drawing.symbol))
+                            .arg(drawing.color.rgba())
+                            .arg(place.square.x())
+                            .arg(place.square.y())
+                            .arg(place.square.width())
+                            .arg(place.lineWidth);
+    QPixmap kept;
+    if (QPixmapCache::find(key, &kept))
+        return kept;
+    QImage shape = systemShape(drawing.symbol, place, drawing.weight).value_or(QImage());
+    if (shape.isNull())
+        shape = symbolShape(drawing.symbol, place.pixels.size(), place.square,
+                            place.lineWidth * symbolBox / place.square.width());
+    kept = QPixmap::fromImage(tinted(std::move(shape), drawing.color));
+    QPixmapCache::insert(key, kept);
+    return kept;
 }
 
 } // namespace
@@ -145,20 +177,18 @@ void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& bounds, const Q
     const qreal side = std::min(bounds.width(), bounds.height());
     if (!(side > 0))
         return;
-    if (const auto shape = systemShape(symbol, pixels(painter, side), color, weight)) {
-        painter.save();
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        const QPointF corner = bounds.center() - QPointF(side / 2, side / 2);
-        painter.drawPixmap(QRectF(corner, QSizeF(side, side)), *shape, shape->rect());
-        painter.restore();
+    const QTransform& device = painter.deviceTransform();
+    // Of a transformation, symbols follow the place and the size.
+    const qreal scale = std::hypot(device.m11(), device.m12());
+    QRectF square(0, 0, std::min(side * scale, largestSide), std::min(side * scale, largestSide));
+    square.moveCenter(device.map(bounds.center()));
+    if (square.isEmpty())
         return;
-    }
-    const qreal scale = side / symbolBox;
+    const Place place = placeOf(square, lineWidth(side, weight) * square.width() / side);
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(bounds.center() - QPointF(side / 2, side / 2));
-    painter.scale(scale, scale);
-    painter.fillPath(symbolPath(symbol, lineWidth(side, weight) / scale), color);
+    // In the pixels of the device, whatever stands between them and the painter.
+    painter.setWorldTransform(device.inverted() * painter.worldTransform());
+    painter.drawPixmap(place.pixels.topLeft(), picture({symbol, color, weight}, place));
     painter.restore();
 }
 

@@ -12,7 +12,7 @@
 
 namespace tervale {
 
-/// The window's symbols, by the names of the system's. They are the window's own vector drawings
+/// The window's symbols, by the names of the system's. They are the window's own drawings
 /// unless the system's shapes are there.
 enum class Symbol {
     fan,                     // "fan"
@@ -35,10 +35,17 @@ enum class Symbol {
 
 QString symbolName(Symbol symbol);
 
+/// How wide the lines of symbols are, as a factor.
+namespace symbolWeight {
+inline constexpr qreal regular = 1;
+inline constexpr qreal medium = 1.15;
+inline constexpr qreal semibold = 1.4;
+} // namespace symbolWeight
+
 /// Draws the symbol into a square centred in `bounds`, as sharp as the painter's device allows.
 /// `weight` scales the width of its lines.
 void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& bounds, const QColor& color,
-                 qreal weight = 1.0);
+                 qreal weight = symbolWeight::regular);
 
 /// Draws a symbol's shape by its name: an image of that many pixels a side, of which only the
 /// opacity counts; nothing for a symbol that it does not know.
@@ -50,6 +57,6 @@ using SymbolShapes =
 void useSymbolShapes(SymbolShapes shapes);
 
 /// The symbol in a colour, drawn anew for each size and scale that is asked for.
-QIcon symbolIcon(Symbol symbol, const QColor& color, qreal weight = 1.0);
+QIcon symbolIcon(Symbol symbol, const QColor& color, qreal weight = symbolWeight::regular);
 
 } // namespace tervale

@@ -88,7 +88,7 @@ void paintFanDial(QPainter& painter, const FanDialLayout& layout, const FanDialT
     };
     painter.setRenderHint(QPainter::Antialiasing);
     if (isExposed(layout.symbol))
-        paintSymbol(painter, Symbol::fan, layout.symbol, colors.secondary);
+        paintSymbol(painter, Symbol::fan, layout.symbol, colors.secondary, symbolWeight::medium);
     painter.setPen(colors.label);
     if (isExposed(layout.number))
         paintFigureText(painter, layout.number, Qt::AlignCenter, numberFont(), texts.number);
