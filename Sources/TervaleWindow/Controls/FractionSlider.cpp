@@ -1,7 +1,6 @@
 #include "TervaleWindow/Controls/FractionSlider.h"
 
 #include "Base/Precondition.h"
-#include "TervaleWindow/Controls/AccessibleFractionSlider.h"
 #include "TervaleWindow/Style/SliderPainting.h"
 
 #include <QKeyEvent>
@@ -50,7 +49,6 @@ std::optional<double> destination(int key, double from, Qt::LayoutDirection dire
 } // namespace
 
 FractionSlider::FractionSlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
-    installAccessibleFractionSlider();
     setRange(0, resolution);
     setSingleStep(resolution / 100);
     setPageStep(resolution / 10);

@@ -2,7 +2,6 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/AccessibleControls.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QKeyEvent>
@@ -17,7 +16,6 @@ constexpr int capsuleHeight = 30;
 } // namespace
 
 ModeButton::ModeButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
-    installAccessibleControls();
     setCheckable(true);
     setFont(systemFont(fontSize::body, QFont::Medium));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -1,6 +1,5 @@
 #include "TervaleWindow/Controls/PopUpButton.h"
 
-#include "TervaleWindow/Controls/AccessibleControls.h"
 #include "TervaleWindow/Style/MenuRowDelegate.h"
 
 #include <QAbstractItemView>
@@ -25,7 +24,6 @@ bool opensTheList(int key) {
 } // namespace
 
 PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
-    installAccessibleControls();
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     // With another policy the box resizes itself a moment after its entries changed, past its

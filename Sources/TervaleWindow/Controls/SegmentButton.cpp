@@ -1,7 +1,6 @@
 #include "TervaleWindow/Controls/SegmentButton.h"
 
 #include "TervaleWindow/Appearance/Fonts.h"
-#include "TervaleWindow/Controls/AccessibleControls.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 
 namespace tervale {
@@ -37,7 +36,6 @@ void paintSelection(QPainter& painter, const QRectF& segment, const Colors& colo
 } // namespace
 
 SegmentButton::SegmentButton(const QString& title, QWidget* parent) : QRadioButton(title, parent) {
-    installAccessibleControls();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setFocusRadius(*this, cornerRadius);
 }

@@ -1,7 +1,6 @@
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/AccessibleControls.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QStyle>
@@ -24,7 +23,6 @@ QRectF knob(const QRectF& track, qreal position, Qt::LayoutDirection direction) 
 } // namespace
 
 ToggleSwitch::ToggleSwitch(const QString& name, QWidget* parent) : QCheckBox(parent) {
-    installAccessibleControls();
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusRadius(*this, switchSize.height() / 2);

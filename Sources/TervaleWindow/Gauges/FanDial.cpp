@@ -6,12 +6,19 @@
 #include <QLocale>
 #include <QPaintEvent>
 
+#include <cmath>
+
 namespace tervale {
 
 namespace {
 
+/// Halves go to the even number, as the platform's own formatters round; the toolkit's rounds up.
+double toWholeNumber(double value) {
+    return std::nearbyint(value);
+}
+
 FanDialTexts textsOf(const FanDial::Value& value) {
-    return {.number = QLocale().toString(value.rpm, 'f', 0),
+    return {.number = QLocale().toString(toWholeNumber(value.rpm), 'f', 0),
             .minimum = QString::number(truncatedToInteger(value.min)),
             .maximum = QString::number(truncatedToInteger(value.max)),
             .capsule = value.manual ? "Set by Tervale" : "Controlled by macOS",
@@ -32,8 +39,6 @@ FanDial::FanDial(QWidget* parent)
     : QWidget(parent),
       writtenTexts(textsOf({})),
       arcView(new ArcLayerView(this)) {
-    // First of all: naming a widget already makes, and keeps, its description.
-    makeGaugesAccessible();
     setAccessibleName("Fan");
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
@@ -45,7 +50,7 @@ void FanDial::set(const Value& value) {
     write(texts);
     arcView->set(value.fill(), value.tickFraction());
     if (changed)
-        announceGaugeValue(*this, value.rpm);
+        announceReading(*this, value.rpm);
 }
 
 // Only what reads differently now is painted again.
@@ -81,12 +86,10 @@ void FanDial::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
 }
 
-QString FanDial::gaugeText() const {
-    return QString("%1 rpm").arg(lastValue.rpm, 0, 'f', 0);
-}
-
-GaugeReading FanDial::gaugeReading() const {
-    return {lastValue.rpm, {lastValue.min, lastValue.max}};
+GaugeReading FanDial::reading() const {
+    return {.value = lastValue.rpm,
+            .range = {lastValue.min, lastValue.max},
+            .text = QString("%1 rpm").arg(toWholeNumber(lastValue.rpm), 0, 'f', 0)};
 }
 
 QSize FanDial::sizeHint() const {

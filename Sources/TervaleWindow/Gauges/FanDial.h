@@ -2,7 +2,7 @@
 
 #include "TervaleWindow/Gauges/ArcLayerView.h"
 #include "TervaleWindow/Gauges/FanDialLayout.h"
-#include "TervaleWindow/Gauges/GaugeAccessibility.h"
+#include "TervaleWindow/Gauges/Gauge.h"
 
 #include <QWidget>
 
@@ -11,7 +11,7 @@ namespace tervale {
 /// A fan's speed on a round gauge between its limits, with a tick at its target. The dial is 190 x
 /// 224 with room for the tick's overhang on three sides, and centred where the widget is wider. Its
 /// owner names it for accessibility; it is "Fan" until then.
-class FanDial : public QWidget, public AccessibleGauge {
+class FanDial : public QWidget, public Gauge {
     Q_OBJECT
 
   public:
@@ -36,8 +36,7 @@ class FanDial : public QWidget, public AccessibleGauge {
     const FanDialTexts& texts() const { return writtenTexts; }
     const ArcLayerView& arc() const { return *arcView; }
 
-    QString gaugeText() const override;
-    GaugeReading gaugeReading() const override;
+    GaugeReading reading() const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 

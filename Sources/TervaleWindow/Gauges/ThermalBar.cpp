@@ -6,26 +6,20 @@
 namespace tervale {
 
 ThermalBar::ThermalBar(int height, QWidget* parent) : BarLayerView(parent) {
-    makeGaugesAccessible();
     setFixedHeight(height);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void ThermalBar::setValue(double celsius) {
-    const QString textBefore = gaugeText();
+    const QString textBefore = reading().text;
     lastValue = celsius;
     setFraction(fractionOf(celsius, thermalBarRange));
-    if (gaugeText() != textBefore)
-        announceGaugeValue(*this, celsius);
+    if (reading().text != textBefore)
+        announceReading(*this, celsius);
 }
 
-QString ThermalBar::gaugeText() const {
-    // Halves away from zero, as everywhere a temperature is written out.
-    return celsius(lastValue);
-}
-
-GaugeReading ThermalBar::gaugeReading() const {
-    return {lastValue, thermalBarRange};
+GaugeReading ThermalBar::reading() const {
+    return {.value = lastValue, .range = thermalBarRange, .text = celsius(lastValue)};
 }
 
 QSize ThermalBar::sizeHint() const {

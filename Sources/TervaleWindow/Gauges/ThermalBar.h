@@ -1,13 +1,13 @@
 #pragma once
 
 #include "TervaleWindow/Gauges/BarLayerView.h"
-#include "TervaleWindow/Gauges/GaugeAccessibility.h"
+#include "TervaleWindow/Gauges/Gauge.h"
 
 namespace tervale {
 
 /// A temperature as a thin bar, empty at 20 °C and full at 100 °C. As wide as its container lets it
 /// be. Its owner names it for accessibility, after what it measures.
-class ThermalBar : public BarLayerView, public AccessibleGauge {
+class ThermalBar : public BarLayerView, public Gauge {
     Q_OBJECT
 
   public:
@@ -18,8 +18,7 @@ class ThermalBar : public BarLayerView, public AccessibleGauge {
     void setValue(double celsius);
     double value() const { return lastValue; }
 
-    QString gaugeText() const override;
-    GaugeReading gaugeReading() const override;
+    GaugeReading reading() const override;
     QSize sizeHint() const override;
 
   private:

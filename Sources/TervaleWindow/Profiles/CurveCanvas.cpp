@@ -1,6 +1,6 @@
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 
-#include "TervaleWindow/Profiles/CurveAccessible.h"
+#include "TervaleWindow/Profiles/AccessibleCurve.h"
 #include "TervaleWindow/Profiles/CurvePainting.h"
 
 #include <QApplication>
@@ -48,7 +48,7 @@ CurveCanvas::CurveCanvas(ClosedRange range, const QString& unit, PlotInsets inse
     : QWidget(parent),
       unit(unit.toStdString()),
       insets(insets) {
-    installCurveAccessibility();
+    registerAccessibleCurve();
     editing.range = range;
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Fan speed curve"));

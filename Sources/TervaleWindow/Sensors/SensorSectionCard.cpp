@@ -1,7 +1,7 @@
 #include "TervaleWindow/Sensors/SensorSectionCard.h"
 
 #include "TervaleWindow/Gauges/GaugeMath.h"
-#include "TervaleWindow/Sensors/SensorAccessibility.h"
+#include "TervaleWindow/Sensors/AccessibleSensorSection.h"
 #include "TervaleWindow/Sensors/SensorSectionPainting.h"
 
 #include <QPaintEvent>
@@ -40,7 +40,7 @@ SensorSectionCard::SensorSectionCard(SensorGroup group, QWidget* parent)
       shown{group, {}},
       animation(*this) {
     // First of all: naming a widget already makes, and keeps, its description.
-    makeSensorsAccessible();
+    registerAccessibleSensorSection();
     setPadding(padding);
     setAccessibleName(shown.title());
     connect(&animation, &GaugeAnimation::advanced, this, &SensorSectionCard::advance);

@@ -2,6 +2,7 @@
 
 #include "Base/Precondition.h"
 #include "Platform/Platform.h"
+#include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
@@ -20,6 +21,7 @@ ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
       bridge(bridgeUsed),
       sidebar(new Sidebar(model)),
       columns(new QHBoxLayout(this)) {
+    installAccessibleFactory();
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
     columns->addWidget(sidebar);

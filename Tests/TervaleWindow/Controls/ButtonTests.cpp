@@ -50,20 +50,6 @@ TEST_F(ButtonTest, AModeIsSelectedOnlyFromOutside) {
     EXPECT_TRUE(button.isSelected());
 }
 
-TEST_F(ButtonTest, AModeTellsAssistiveTechnologyWhetherItIsSelected) {
-    ModeButton& button = show(new ModeButton("50%"));
-    QAccessibleInterface* interface = accessible(button);
-    EXPECT_EQ(interface->text(QAccessible::Name), "50%");
-    EXPECT_TRUE(interface->state().checkable);
-    EXPECT_FALSE(interface->state().checked);
-    button.setSelected(Selection::selected);
-    EXPECT_TRUE(interface->state().checked);
-    QSignalSpy clicks(&button, &QAbstractButton::clicked);
-    interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(clicks.count(), 1);
-    EXPECT_TRUE(button.isSelected());
-}
-
 TEST_F(ButtonTest, AModeIsFilledWithTheAccentWhileItIsSelected) {
     ModeButton& button = show(new ModeButton("50%"));
     const QPoint probe(8, 15);
@@ -146,20 +132,6 @@ TEST_F(ButtonTest, ASwitchSlidesItsKnob) {
     EXPECT_TRUE(isClose(pixel(toggle, {8, 11}), Theme::accent()));
     toggle.setLayoutDirection(Qt::RightToLeft);
     EXPECT_TRUE(isClose(pixel(toggle, {10, 11}), Qt::white));
-}
-
-TEST_F(ButtonTest, ASwitchIsACheckBoxToAssistiveTechnology) {
-    ToggleSwitch& toggle = show(new ToggleSwitch("Launch at login"));
-    QAccessibleInterface* interface = accessible(toggle);
-    EXPECT_EQ(interface->role(), QAccessible::CheckBox);
-    EXPECT_EQ(interface->text(QAccessible::Name), "Launch at login");
-    QSignalSpy requests(&toggle, &ToggleSwitch::requested);
-    interface->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    EXPECT_EQ(requests.count(), 1);
-    EXPECT_FALSE(interface->state().checked);
-    toggle.setEnabled(false);
-    QTest::mouseClick(&toggle, Qt::LeftButton);
-    EXPECT_EQ(requests.count(), 1);
 }
 
 TEST_F(ButtonTest, ASymbolHasANameATipAndAClick) {

@@ -50,8 +50,6 @@ struct FractionSliderTest : ControlsFixture {
             text += arguments.at(0).toBool() ? '+' : '-';
         return text;
     }
-
-    QAccessibleValueInterface* value() { return accessible(slider)->valueInterface(); }
 };
 
 } // namespace
@@ -224,37 +222,6 @@ TEST_F(FractionSliderTest, EndsItsGestureWhenItIsHiddenOrDisabled) {
     QTest::mousePress(&slider, Qt::LeftButton, {}, at(0.5));
     slider.hide();
     EXPECT_EQ(reports(), "+-+-");
-}
-
-TEST_F(FractionSliderTest, ShowsPercentsToAssistiveTechnology) {
-    slider.setAccessibleName("Speed");
-    QAccessibleInterface* interface = accessible(slider);
-    ASSERT_NE(interface, nullptr);
-    EXPECT_EQ(interface->role(), QAccessible::Slider);
-    EXPECT_EQ(interface->text(QAccessible::Name), "Speed");
-    EXPECT_EQ(interface->text(QAccessible::Value), "50%");
-    ASSERT_NE(value(), nullptr);
-    EXPECT_DOUBLE_EQ(value()->currentValue().toDouble(), 50);
-    EXPECT_DOUBLE_EQ(value()->minimumValue().toDouble(), 0);
-    EXPECT_DOUBLE_EQ(value()->maximumValue().toDouble(), 100);
-    EXPECT_DOUBLE_EQ(value()->minimumStepSize().toDouble(), 1);
-}
-
-TEST_F(FractionSliderTest, TakesEachChangeByAssistiveTechnologyAsAGesture) {
-    value()->setCurrentValue(75);
-    EXPECT_DOUBLE_EQ(slider.fraction(), 0.75);
-    EXPECT_EQ(reports(), "+-");
-    QAccessibleActionInterface* actions = accessible(slider)->actionInterface();
-    ASSERT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::increaseAction()));
-    actions->doAction(QAccessibleActionInterface::increaseAction());
-    EXPECT_NEAR(slider.fraction(), 0.76, 1e-9);
-    actions->doAction(QAccessibleActionInterface::decreaseAction());
-    EXPECT_NEAR(slider.fraction(), 0.75, 1e-9);
-    EXPECT_EQ(reports(), "+-+-+-");
-    value()->setCurrentValue("no number");
-    slider.setEnabled(false);
-    value()->setCurrentValue(10);
-    EXPECT_EQ(reports(), "+-+-+-");
 }
 
 TEST_F(FractionSliderTest, MirrorsWhereTextRunsFromTheRight) {

@@ -113,19 +113,6 @@ TEST_F(PickerTest, APopUpMirrorsItself) {
     EXPECT_TRUE(isClose(pixel(button, {109, 6}), Colors::of(button.palette()).control));
 }
 
-TEST_F(PickerTest, APopUpHasItsRoleNameAndValue) {
-    PopUpButton& button = show(popUp());
-    button.setAccessibleName("Profile");
-    EXPECT_EQ(accessible(button)->role(), QAccessible::ComboBox);
-    EXPECT_EQ(accessible(button)->text(QAccessible::Name), "Profile");
-    EXPECT_EQ(accessible(button)->text(QAccessible::Value), "No profile");
-    accessible(button)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
-    EXPECT_TRUE(button.view()->isVisible());
-    EXPECT_TRUE(accessible(button)->state().expanded);
-    EXPECT_EQ(accessible(button)->child(0)->role(), QAccessible::List);
-    button.hidePopup();
-}
-
 TEST_F(PickerTest, SegmentsAreChosenByMouseAndArrowKeys) {
     SegmentedPicker& picker = show(new SegmentedPicker({"Hottest sensor", "Core average"}));
     QSignalSpy chosen(&picker, &SegmentedPicker::chosen);
@@ -141,21 +128,6 @@ TEST_F(PickerTest, SegmentsAreChosenByMouseAndArrowKeys) {
     picker.setSelected(0);
     EXPECT_EQ(picker.selected(), 0);
     EXPECT_EQ(chosen.count(), 3);
-}
-
-TEST_F(PickerTest, SegmentsAreRadioButtonsToAssistiveTechnology) {
-    SegmentedPicker& picker = show(new SegmentedPicker({"Hottest sensor", "Core average"}));
-    const QList<QRadioButton*> segments = picker.findChildren<QRadioButton*>();
-    ASSERT_EQ(segments.size(), 2);
-    QAccessibleInterface* second = accessible(*segments[1]);
-    EXPECT_EQ(second->role(), QAccessible::RadioButton);
-    EXPECT_EQ(second->text(QAccessible::Name), "Core average");
-    EXPECT_FALSE(second->state().checked);
-    QSignalSpy chosen(&picker, &SegmentedPicker::chosen);
-    second->actionInterface()->doAction(second->actionInterface()->actionNames().first());
-    EXPECT_TRUE(second->state().checked);
-    EXPECT_EQ(picker.selected(), 1);
-    EXPECT_EQ(chosen.count(), 1);
 }
 
 TEST_F(PickerTest, TheSelectedSegmentStandsOutInLightAndDark) {

@@ -1,7 +1,6 @@
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/GaugeTestSupport.h"
 
-#include <QAccessible>
 #include <QLocale>
 #include <QPointer>
 #include <QVariantAnimation>
@@ -172,17 +171,6 @@ TEST_F(FanDialTest, HoldsNoTimerAtRest) {
     for (const auto* animation : dial.findChildren<QVariantAnimation*>())
         EXPECT_EQ(animation->state(), QAbstractAnimation::Stopped);
     EXPECT_EQ(dial.findChildren<QVariantAnimation*>().size(), 1);
-}
-
-TEST_F(FanDialTest, IsReadAloudByItsNameAndSpeed) {
-    dial.set({.rpm = 2893, .target = 3000, .min = 1200, .max = 5777});
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&dial);
-    ASSERT_NE(accessible, nullptr);
-    EXPECT_EQ(accessible->text(QAccessible::Name), "Fan");
-    EXPECT_EQ(accessible->text(QAccessible::Value), "2893 rpm");
-    EXPECT_EQ(accessible->valueInterface()->maximumValue().toDouble(), 5777);
-    dial.setAccessibleName("Fan 2");
-    EXPECT_EQ(accessible->text(QAccessible::Name), "Fan 2");
 }
 
 TEST_F(FanDialTest, HasRoomForItsMarginsAndItsTicksOverhang) {

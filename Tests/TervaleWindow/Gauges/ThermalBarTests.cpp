@@ -1,8 +1,6 @@
 #include "TervaleWindow/Gauges/GaugeTestSupport.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
 
-#include <QAccessible>
-
 #include <gtest/gtest.h>
 
 using namespace tervale;
@@ -32,19 +30,4 @@ TEST(ThermalBar, DoesNotAnimateBeyondItsEnds) {
     showAndSettle(bar);
     bar.setValue(110);
     EXPECT_FALSE(bar.isAnimating());
-}
-
-TEST(ThermalBar, IsReadAloudByItsNameAndTemperature) {
-    ThermalBar bar(8);
-    bar.setAccessibleName("CPU");
-    bar.setValue(57.5);
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&bar);
-    ASSERT_NE(accessible, nullptr);
-    EXPECT_EQ(accessible->text(QAccessible::Name), "CPU");
-    EXPECT_EQ(accessible->text(QAccessible::Value), "58 °C");
-    ASSERT_NE(accessible->valueInterface(), nullptr);
-    EXPECT_EQ(accessible->valueInterface()->currentValue().toDouble(), 57.5);
-    EXPECT_EQ(accessible->valueInterface()->minimumValue().toDouble(), 20);
-    EXPECT_EQ(accessible->valueInterface()->maximumValue().toDouble(), 100);
-    EXPECT_TRUE(accessible->state().readOnly);
 }

@@ -1,3 +1,4 @@
+#include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
@@ -34,6 +35,7 @@ class Overview : public ModelFixture {
   protected:
     void SetUp() override {
         QApplication::setStyle(new WindowStyle);
+        installAccessibleFactory();
         controller.setFan(0, 2893, 3100, 1200, 5777, 1);
         controller.setFan(1, 2911, 3100, 1300, 6241);
         controller.set("Tp01", 45);

@@ -1,3 +1,4 @@
+#include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Settings/SettingsView.h"
 #include "TervaleWindow/Style/WindowStyle.h"
@@ -28,7 +29,10 @@ const QString safetyText =
 
 class Settings : public ModelFixture {
   protected:
-    void SetUp() override { QApplication::setStyle(new WindowStyle); }
+    void SetUp() override {
+        QApplication::setStyle(new WindowStyle);
+        installAccessibleFactory();
+    }
 
     void show(int width = 790) {
         makeModel();

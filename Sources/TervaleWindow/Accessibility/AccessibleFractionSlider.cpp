@@ -1,24 +1,15 @@
-#include "TervaleWindow/Controls/AccessibleFractionSlider.h"
+#include "TervaleWindow/Accessibility/AccessibleFractionSlider.h"
 
+#include "TervaleWindow/Accessibility/AccessibleReading.h"
+#include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 
 #include <cmath>
 
 namespace tervale {
 
-namespace {
-
-QAccessibleInterface* makeInterface(const QString& className, QObject* object) {
-    if (className != QLatin1String(FractionSlider::staticMetaObject.className()))
-        return nullptr;
-    auto* slider = qobject_cast<FractionSlider*>(object);
-    return slider ? new AccessibleFractionSlider(slider) : nullptr;
-}
-
-} // namespace
-
-AccessibleFractionSlider::AccessibleFractionSlider(FractionSlider* slider)
-    : QAccessibleWidget(slider, QAccessible::Slider) {}
+AccessibleFractionSlider::AccessibleFractionSlider(FractionSlider& slider)
+    : QAccessibleWidget(&slider, QAccessible::Slider) {}
 
 void* AccessibleFractionSlider::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::ValueInterface)
@@ -28,19 +19,20 @@ void* AccessibleFractionSlider::interface_cast(QAccessible::InterfaceType type) 
 
 QString AccessibleFractionSlider::text(QAccessible::Text kind) const {
     if (kind == QAccessible::Value)
-        return QString::number(std::lround(slider()->fraction() * 100)) + QLatin1Char('%');
+        return percent(slider()->fraction());
     return QAccessibleWidget::text(kind);
 }
 
 QVariant AccessibleFractionSlider::currentValue() const {
-    return std::round(slider()->fraction() * 100);
+    const double fraction = slider()->fraction();
+    return accessibleReading(std::round(fraction * 100), percent(fraction));
 }
 
 void AccessibleFractionSlider::setCurrentValue(const QVariant& value) {
     bool isNumber = false;
-    const double percent = value.toDouble(&isNumber);
-    if (isNumber && std::isfinite(percent) && slider()->isEnabled())
-        slider()->moveAtOnce(percent / 100);
+    const double percents = value.toDouble(&isNumber);
+    if (isNumber && std::isfinite(percents) && slider()->isEnabled())
+        slider()->moveAtOnce(percents / 100);
 }
 
 QVariant AccessibleFractionSlider::maximumValue() const {
@@ -74,11 +66,6 @@ void AccessibleFractionSlider::doAction(const QString& name) {
 
 FractionSlider* AccessibleFractionSlider::slider() const {
     return static_cast<FractionSlider*>(widget());
-}
-
-void installAccessibleFractionSlider() {
-    // A factory that is there already is not installed again.
-    QAccessible::installFactory(makeInterface);
 }
 
 } // namespace tervale

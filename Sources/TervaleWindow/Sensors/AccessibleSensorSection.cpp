@@ -1,5 +1,7 @@
-#include "TervaleWindow/Sensors/SensorAccessibility.h"
+#include "TervaleWindow/Sensors/AccessibleSensorSection.h"
 
+#include "TervaleWindow/Accessibility/AccessibleFactory.h"
+#include "TervaleWindow/Accessibility/AccessibleReading.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Gauges/GaugeMath.h"
 #include "TervaleWindow/Sensors/SensorSectionCard.h"
@@ -12,9 +14,9 @@ namespace tervale {
 namespace {
 
 /// The row at a fixed place of a section; invalid while there are fewer rows.
-class SensorRowInterface final : public QAccessibleInterface, public QAccessibleValueInterface {
+class AccessibleSensorRow final : public QAccessibleInterface, public QAccessibleValueInterface {
   public:
-    SensorRowInterface(SensorSectionCard& owner, int place) : card(&owner), index(place) {}
+    AccessibleSensorRow(SensorSectionCard& owner, int place) : card(&owner), index(place) {}
 
     bool isValid() const override { return card && index < card->rowCount(); }
     QObject* object() const override { return nullptr; }
@@ -65,7 +67,9 @@ class SensorRowInterface final : public QAccessibleInterface, public QAccessible
         return state;
     }
 
-    QVariant currentValue() const override { return isValid() ? row().value : QVariant(); }
+    QVariant currentValue() const override {
+        return isValid() ? accessibleReading(row().value, celsius(row().value)) : QVariant();
+    }
     void setCurrentValue(const QVariant&) override {}
     QVariant minimumValue() const override { return thermalBarRange.lower; }
     QVariant maximumValue() const override { return thermalBarRange.upper; }
@@ -78,11 +82,11 @@ class SensorRowInterface final : public QAccessibleInterface, public QAccessible
     int index;
 };
 
-class SensorSectionInterface final : public QAccessibleWidget {
+class AccessibleSensorSection final : public QAccessibleWidget {
   public:
-    explicit SensorSectionInterface(SensorSectionCard& card)
+    explicit AccessibleSensorSection(SensorSectionCard& card)
         : QAccessibleWidget(&card, QAccessible::List) {}
-    ~SensorSectionInterface() override {
+    ~AccessibleSensorSection() override {
         for (const QAccessible::Id row : rows)
             QAccessible::deleteAccessibleInterface(row);
     }
@@ -100,7 +104,7 @@ class SensorSectionInterface final : public QAccessibleWidget {
         // An interface stays the same for as long as anybody may know it.
         while (static_cast<int>(rows.size()) <= index)
             rows.push_back(QAccessible::registerAccessibleInterface(
-                new SensorRowInterface(card(), static_cast<int>(rows.size()))));
+                new AccessibleSensorRow(card(), static_cast<int>(rows.size()))));
         return QAccessible::accessibleInterface(rows[static_cast<std::size_t>(index)]);
     }
 
@@ -132,16 +136,10 @@ class SensorSectionInterface final : public QAccessibleWidget {
     mutable std::vector<QAccessible::Id> rows;
 };
 
-QAccessibleInterface* sensorInterface(const QString&, QObject* object) {
-    auto* card = qobject_cast<SensorSectionCard*>(object);
-    return card ? new SensorSectionInterface(*card) : nullptr;
-}
-
 } // namespace
 
-void makeSensorsAccessible() {
-    // A factory that is there already is not installed again.
-    QAccessible::installFactory(sensorInterface);
+void registerAccessibleSensorSection() {
+    registerAccessible(makeAccessible<SensorSectionCard, AccessibleSensorSection>);
 }
 
 void announceSensorList(SensorSectionCard& card) {

@@ -10,7 +10,7 @@ class FractionSlider;
 /// a gesture of its own.
 class AccessibleFractionSlider : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
-    explicit AccessibleFractionSlider(FractionSlider* slider);
+    explicit AccessibleFractionSlider(FractionSlider& slider);
 
     void* interface_cast(QAccessible::InterfaceType type) override;
     QString text(QAccessible::Text kind) const override;
@@ -27,8 +27,5 @@ class AccessibleFractionSlider : public QAccessibleWidget, public QAccessibleVal
   private:
     FractionSlider* slider() const;
 };
-
-/// Makes Qt hand out the interface for every FractionSlider; more calls do nothing.
-void installAccessibleFractionSlider();
 
 } // namespace tervale

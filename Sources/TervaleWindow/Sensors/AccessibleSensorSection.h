@@ -4,9 +4,9 @@ namespace tervale {
 
 class SensorSectionCard;
 
-/// Teaches the toolkit to describe a section as a list whose items are its sensors. Done once;
-/// further calls do nothing.
-void makeSensorsAccessible();
+/// Makes a section known to assistive technology as a list whose items are its sensors. Before the
+/// section is named; more calls do nothing.
+void registerAccessibleSensorSection();
 
 /// Tells assistive technology, if there is any, that a section holds other sensors than before.
 void announceSensorList(SensorSectionCard& card);

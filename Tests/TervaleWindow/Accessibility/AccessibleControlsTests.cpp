@@ -1,0 +1,147 @@
+#include "TervaleWindow/Accessibility/AccessibleFactory.h"
+#include "TervaleWindow/Accessibility/AccessiblePopUp.h"
+#include "TervaleWindow/Controls/ControlsFixture.h"
+#include "TervaleWindow/Controls/FractionSlider.h"
+#include "TervaleWindow/Controls/ModeButton.h"
+#include "TervaleWindow/Controls/PopUpButton.h"
+#include "TervaleWindow/Controls/SegmentedPicker.h"
+#include "TervaleWindow/Controls/ToggleSwitch.h"
+
+#include <QAbstractItemView>
+#include <QRadioButton>
+#include <QSignalSpy>
+
+using namespace tervale;
+
+class AccessibleControls : public ControlsFixture {
+  protected:
+    void SetUp() override {
+        ControlsFixture::SetUp();
+        installAccessibleFactory();
+    }
+
+    template <class Control>
+    Control& show(Control* made) {
+        control.reset(made);
+        present(*made);
+        return *made;
+    }
+    static void act(QWidget& widget, const QString& action) {
+        accessible(widget)->actionInterface()->doAction(action);
+    }
+
+    std::unique_ptr<QWidget> control;
+};
+
+TEST_F(AccessibleControls, TellWhetherAModeIsSelected) {
+    ModeButton& button = show(new ModeButton("50%"));
+    QAccessibleInterface* mode = accessible(button);
+    EXPECT_EQ(mode->text(QAccessible::Name), "50%");
+    EXPECT_TRUE(mode->state().checkable);
+    EXPECT_FALSE(mode->state().checked);
+    button.setSelected(Selection::selected);
+    EXPECT_TRUE(mode->state().checked);
+    QSignalSpy clicks(&button, &QAbstractButton::clicked);
+    act(button, QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks.count(), 1);
+    EXPECT_TRUE(button.isSelected());
+}
+
+TEST_F(AccessibleControls, ShowSegmentsAsRadioButtons) {
+    SegmentedPicker& picker = show(new SegmentedPicker({"Hottest sensor", "Core average"}));
+    const QList<QRadioButton*> segments = picker.findChildren<QRadioButton*>();
+    ASSERT_EQ(segments.size(), 2);
+    QAccessibleInterface* second = accessible(*segments[1]);
+    EXPECT_EQ(second->role(), QAccessible::RadioButton);
+    EXPECT_EQ(second->text(QAccessible::Name), "Core average");
+    EXPECT_FALSE(second->state().checked);
+    QSignalSpy chosen(&picker, &SegmentedPicker::chosen);
+    act(*segments[1], second->actionInterface()->actionNames().first());
+    EXPECT_TRUE(second->state().checked);
+    EXPECT_EQ(picker.selected(), 1);
+    EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(AccessibleControls, LeaveToASwitchsOwnerWhatComesOfAClick) {
+    ToggleSwitch& toggle = show(new ToggleSwitch("Launch at login"));
+    QAccessibleInterface* box = accessible(toggle);
+    EXPECT_EQ(box->role(), QAccessible::CheckBox);
+    EXPECT_EQ(box->text(QAccessible::Name), "Launch at login");
+    QSignalSpy requests(&toggle, &ToggleSwitch::requested);
+    act(toggle, QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(requests.count(), 1);
+    EXPECT_FALSE(box->state().checked);
+    toggle.setEnabled(false);
+    act(toggle, QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(requests.count(), 1);
+}
+
+namespace {
+
+PopUpButton* profiles() {
+    auto* button = new PopUpButton;
+    button->addItems({"No profile", "Quiet"});
+    button->setAccessibleName("Profile");
+    return button;
+}
+
+} // namespace
+
+TEST_F(AccessibleControls, ShowAPopUpWithItsNameItsEntryAndItsList) {
+    PopUpButton& button = show(profiles());
+    EXPECT_EQ(accessible(button)->role(), QAccessible::ComboBox);
+    EXPECT_EQ(accessible(button)->text(QAccessible::Name), "Profile");
+    EXPECT_EQ(accessible(button)->text(QAccessible::Value), "No profile");
+    act(button, QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(button.view()->isVisible());
+    EXPECT_TRUE(accessible(button)->state().expanded);
+    EXPECT_EQ(accessible(button)->child(0)->role(), QAccessible::List);
+    button.hidePopup();
+}
+
+TEST_F(AccessibleControls, GiveThePopUpsEntryAsItsValueWhereValuesAreTexts) {
+    PopUpButton& button = show(profiles());
+    AccessiblePopUp onAMac(button, ChoiceValues::inValueInterface);
+    ASSERT_NE(onAMac.valueInterface(), nullptr);
+    EXPECT_EQ(onAMac.valueInterface()->currentValue().toString(), "No profile");
+    button.setCurrentIndex(1);
+    EXPECT_EQ(onAMac.valueInterface()->currentValue().toString(), "Quiet");
+    AccessiblePopUp elsewhere(button, ChoiceValues::inTexts);
+    EXPECT_EQ(elsewhere.valueInterface(), nullptr);
+}
+
+TEST_F(AccessibleControls, ShowTheSliderInPercent) {
+    auto& slider = show(new FractionSlider);
+    slider.setAccessibleName("Speed");
+    slider.setFraction(0.496);
+    EXPECT_EQ(accessible(slider)->role(), QAccessible::Slider);
+    EXPECT_EQ(accessible(slider)->text(QAccessible::Name), "Speed");
+    EXPECT_EQ(accessible(slider)->text(QAccessible::Value), "50%");
+    QAccessibleValueInterface* value = accessible(slider)->valueInterface();
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->currentValue().toString(), "50%");
+    EXPECT_EQ(value->currentValue().toDouble(), 50);
+    EXPECT_EQ(value->minimumValue().toDouble(), 0);
+    EXPECT_EQ(value->maximumValue().toDouble(), 100);
+    EXPECT_EQ(value->minimumStepSize().toDouble(), 1);
+}
+
+TEST_F(AccessibleControls, MakeEachChangeOfTheSliderAGesture) {
+    auto& slider = show(new FractionSlider);
+    QString reports;
+    QObject::connect(&slider, &FractionSlider::editingChanged, &slider,
+                     [&reports](bool editing) { reports += editing ? '+' : '-'; });
+    QAccessibleValueInterface* value = accessible(slider)->valueInterface();
+    value->setCurrentValue(75);
+    EXPECT_DOUBLE_EQ(slider.fraction(), 0.75);
+    EXPECT_EQ(reports, "+-");
+    act(slider, QAccessibleActionInterface::increaseAction());
+    EXPECT_NEAR(slider.fraction(), 0.76, 1e-9);
+    act(slider, QAccessibleActionInterface::decreaseAction());
+    EXPECT_NEAR(slider.fraction(), 0.75, 1e-9);
+    EXPECT_EQ(reports, "+-+-+-");
+    value->setCurrentValue("no number");
+    slider.setEnabled(false);
+    value->setCurrentValue(10);
+    EXPECT_EQ(reports, "+-+-+-");
+}

@@ -1,0 +1,36 @@
+#include "TervaleWindow/Accessibility/AccessibleFactory.h"
+
+#include <QAccessibleWidget>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+using namespace tervale;
+
+namespace {
+
+class Thermostat : public QWidget {
+    Q_OBJECT
+};
+
+class AccessibleThermostat final : public QAccessibleWidget {
+  public:
+    explicit AccessibleThermostat(Thermostat& described)
+        : QAccessibleWidget(&described, QAccessible::Dial) {}
+};
+
+} // namespace
+
+TEST(AccessibleFactory, HandsOutWhatAPaneRegisters) {
+    registerAccessible(makeAccessible<Thermostat, AccessibleThermostat>);
+    Thermostat thermostat;
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&thermostat)->role(), QAccessible::Dial);
+}
+
+TEST(AccessibleFactory, LeavesEveryOtherWidgetToTheToolkit) {
+    registerAccessible(makeAccessible<Thermostat, AccessibleThermostat>);
+    QWidget widget;
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->role(), QAccessible::Client);
+}
+
+#include "AccessibleFactoryTests.moc"
