@@ -18,7 +18,17 @@ QString timeOfDayFormat(const QLocale& locale) {
     static const QRegularExpression rest(QStringLiteral("[^\\w\\s]?s+(\\.z+)?|\\s*t+"));
     QString format = locale.timeFormat(QLocale::ShortFormat);
     format.remove(rest);
-    return format.trimmed();
+    // Some of the system's formats name the part of the day, which the toolkit does not know and
+    // would write as a letter.
+    static const QRegularExpression partOfDay(QStringLiteral("('[^']*')|[bB]+"));
+    QString known;
+    qsizetype end = 0;
+    for (const auto& found : partOfDay.globalMatch(format)) {
+        known += format.mid(end, found.capturedStart() - end);
+        known += found.hasCaptured(1) ? found.captured(1) : QStringLiteral("AP");
+        end = found.capturedEnd();
+    }
+    return (known + format.mid(end)).trimmed();
 }
 
 } // namespace tervale
