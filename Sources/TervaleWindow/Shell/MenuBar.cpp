@@ -53,6 +53,11 @@ QKeySequence controlAnd(Qt::Key key) {
     return {Qt::ControlModifier | key};
 }
 
+/// Whether a window's title bar offers it. A note's, which cannot be resized, does not.
+bool hasButton(const QWidget& of, Qt::WindowType button) {
+    return of.windowFlags() & button;
+}
+
 /// Beside the window rather than before it: what runs there goes on.
 void showNote(QWidget& window, const QString& title, const QString& text, const QString& detail) {
     auto* note = new QMessageBox(QMessageBox::NoIcon, title, text, QMessageBox::Ok, &window);
@@ -128,12 +133,12 @@ void MenuBar::makeCommands() {
     about->setMenuRole(QAction::AboutRole);
     settings = command(tr("Settings…"), controlAnd(Qt::Key_Comma), &MenuBar::showSettings);
     settings->setMenuRole(QAction::PreferencesRole);
-    quit = command(tr("Quit Tervale"), controlAnd(Qt::Key_Q), &MenuBar::close);
+    quit = command(tr("Quit Tervale"), controlAnd(Qt::Key_Q), &MenuBar::quitApplication);
     quit->setMenuRole(QAction::QuitRole);
     for (const Pane pane : allPanes)
         panes.push_back(paneCommand(pane));
     findSensor = command(tr("Find"), QKeySequence::Find, &MenuBar::find);
-    closeWindow = command(tr("Close"), QKeySequence::Close, &MenuBar::close);
+    closeWindow = command(tr("Close"), QKeySequence::Close, &MenuBar::closeFront);
     // The best known key first, which some desktops list after another.
     QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Close);
     keys.removeAll(controlAnd(Qt::Key_W));
@@ -224,15 +229,28 @@ void MenuBar::find() {
         sensors->find();
 }
 
+QWidget& MenuBar::frontWindow() const {
+    QWidget* active = QApplication::activeWindow();
+    return active ? *active : window;
+}
+
 void MenuBar::minimize() {
-    window.showMinimized();
+    QWidget& front = frontWindow();
+    if (hasButton(front, Qt::WindowMinimizeButtonHint))
+        front.showMinimized();
 }
 
 void MenuBar::zoom() {
-    window.isMaximized() ? window.showNormal() : window.showMaximized();
+    QWidget& front = frontWindow();
+    if (hasButton(front, Qt::WindowMaximizeButtonHint))
+        front.isMaximized() ? front.showNormal() : front.showMaximized();
 }
 
-void MenuBar::close() {
+void MenuBar::closeFront() {
+    frontWindow().close();
+}
+
+void MenuBar::quitApplication() {
     window.close();
 }
 

@@ -62,9 +62,12 @@ class MenuBar final : public QObject {
     void showKeys();
     void showSettings();
     void find();
+    /// The window or note that the user is at.
+    QWidget& frontWindow() const;
     void minimize();
     void zoom();
-    void close();
+    void closeFront();
+    void quitApplication();
 
     ContentView& window;
     QAction* about = nullptr;

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 
 using namespace tervale;
@@ -204,6 +205,32 @@ TEST_F(MenuBarTest, TellsAboutTheApplicationBesideTheWindow) {
     EXPECT_FALSE(note->isModal());
     EXPECT_EQ(note->text(), "Tervale");
     EXPECT_TRUE(note->informativeText().startsWith("Version "));
+}
+
+TEST_F(MenuBarTest, MinimizesZoomsAndClosesTheNoteThatIsInFront) {
+    show();
+    action("Tervale", "About Tervale")->trigger();
+    QPointer<QMessageBox> note = view->findChild<QMessageBox*>();
+    ASSERT_NE(note, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(note));
+    action("Window", "Minimize")->trigger();
+    action("Window", "Zoom")->trigger();
+    EXPECT_FALSE(view->isMinimized());
+    EXPECT_FALSE(view->isMaximized());
+    // A note has no button for either.
+    EXPECT_FALSE(note->isMinimized());
+    EXPECT_FALSE(note->isMaximized());
+    action("Window", "Close")->trigger();
+    EXPECT_TRUE(view->isVisible());
+    EXPECT_TRUE(!note || !note->isVisible());
+}
+
+TEST_F(MenuBarTest, QuitsWithANoteInFront) {
+    show();
+    action("Tervale", "About Tervale")->trigger();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view->findChild<QMessageBox*>()));
+    action("Tervale", "Quit Tervale")->trigger();
+    EXPECT_FALSE(view->isVisible());
 }
 
 TEST_F(MenuBarTest, KeepsItsKeysInAWindowWithoutMenus) {
