@@ -41,8 +41,8 @@ LoadReading makeProcessorLoad();
 std::function<std::optional<std::string>(const std::string& key)> makeBundleText();
 
 /// Draws a symbol of the system's by its name into a square of so many pixels a side, in a weight
-/// (1 is regular); nothing for one that the system does not have. Null for a system without
-/// symbols.
+/// (1 is regular, up to 1.2 medium, above semibold); nothing for one that the system does not have.
+/// Null for a system without symbols.
 std::function<std::optional<SymbolMask>(const std::string& name, int side, double weight)>
 makeSystemSymbols();
 

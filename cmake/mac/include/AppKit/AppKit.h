@@ -11,6 +11,7 @@ inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
 }
 
 typedef CGFloat NSFontWeight;
+extern "C" const NSFontWeight NSFontWeightMedium;
 extern "C" const NSFontWeight NSFontWeightRegular;
 extern "C" const NSFontWeight NSFontWeightSemibold;
 

@@ -20,11 +20,13 @@ struct CGRect {
 
 typedef struct CGColorSpace* CGColorSpaceRef;
 typedef struct CGContext* CGContextRef;
-enum CGImageAlphaInfo : std::uint32_t { kCGImageAlphaOnly = 7 };
+enum CGImageAlphaInfo : std::uint32_t { kCGImageAlphaPremultipliedLast = 1 };
 
 extern "C" {
 CGContextRef CGBitmapContextCreate(void* data, std::size_t width, std::size_t height,
                                    std::size_t bitsPerComponent, std::size_t bytesPerRow,
                                    CGColorSpaceRef space, std::uint32_t bitmapInfo);
+CGColorSpaceRef CGColorSpaceCreateDeviceRGB(void);
+void CGColorSpaceRelease(CGColorSpaceRef space);
 void CGContextRelease(CGContextRef context);
 }
