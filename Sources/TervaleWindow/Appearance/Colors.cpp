@@ -42,12 +42,15 @@ double contrast(double first, double second) {
     return (high + 0.05) / (low + 0.05);
 }
 
-const Shades& shades(double labelLuminance, double groundLuminance) {
+bool isHighContrast(double labelLuminance, double groundLuminance) {
     // Ordinary palettes stay below 17 : 1; only black and white themselves come near 21 : 1.
-    const bool strong = contrast(labelLuminance, groundLuminance) > 19;
-    if (labelLuminance > groundLuminance)
-        return strong ? contrastDarkShades : darkShades;
-    return strong ? contrastLightShades : lightShades;
+    return contrast(labelLuminance, groundLuminance) > 19;
+}
+
+const Shades& shades(bool dark, bool highContrast) {
+    if (dark)
+        return highContrast ? contrastDarkShades : darkShades;
+    return highContrast ? contrastLightShades : lightShades;
 }
 
 QColor faded(QColor color, float alpha) {
@@ -124,8 +127,9 @@ Colors Colors::of(const QPalette& palette) {
     colors.control = palette.color(QPalette::Active, QPalette::Button);
     const double label = luminance(colors.label);
     const double ground = luminance(colors.window);
-    const Shades& shade = shades(label, ground);
     colors.dark = label > ground;
+    colors.highContrast = isHighContrast(label, ground);
+    const Shades& shade = shades(colors.dark, colors.highContrast);
     colors.sidebar = blended(colors.window, colors.label, 0.049f);
     colors.line = faded(colors.label, shade.line);
     colors.secondary = faded(colors.label, shade.secondary);
@@ -135,6 +139,10 @@ Colors Colors::of(const QPalette& palette) {
     colors.warning = QColor(shade.warning);
     colors.accentLabel = QColor(shade.accentLabel);
     return colors;
+}
+
+QColor Colors::figure(double celsius) const {
+    return highContrast ? label : Theme::thermal(celsius);
 }
 
 QPalette lightPalette() {

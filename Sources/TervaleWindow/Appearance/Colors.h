@@ -10,6 +10,8 @@ namespace tervale {
 struct Colors {
     /// Whether text is lighter than what it stands on.
     bool dark = false;
+    /// Whether the palette has the contrast of a desktop that is set to a high one.
+    bool highContrast = false;
     QColor window;
     QColor sidebar;
     QColor card;
@@ -29,6 +31,10 @@ struct Colors {
     QColor accentLabel;
 
     static Colors of(const QPalette& palette);
+
+    /// The colour of a figure of so many °C: the thermal ramp's, of which some is pale. In high
+    /// contrast it is the label's, and a bar or symbol beside the figure keeps the ramp.
+    QColor figure(double celsius) const;
 };
 
 /// The palettes that the window draws with where the desktop brings none of its own.

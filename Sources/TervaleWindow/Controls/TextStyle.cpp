@@ -1,5 +1,6 @@
 #include "TervaleWindow/Controls/TextStyle.h"
 
+#include "Base/Overloaded.h"
 #include "Base/Precondition.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 
@@ -56,9 +57,11 @@ TextStyle TextStyle::caption() {
 }
 
 QColor color(const Ink& ink, const Colors& colors) {
-    if (const TextColor* role = std::get_if<TextColor>(&ink))
-        return colorOf(*role, colors);
-    return std::get<QColor>(ink);
+    return std::visit(
+        overloaded{[&](TextColor role) { return colorOf(role, colors); },
+                   [&](const ThermalColor& figure) { return colors.figure(figure.celsius); },
+                   [](const QColor& own) { return own; }},
+        ink);
 }
 
 } // namespace tervale

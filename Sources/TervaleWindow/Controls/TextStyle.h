@@ -24,8 +24,14 @@ struct TextStyle {
 
 enum class TextColor { label, secondary, warning, accent };
 
-/// A role, which follows the palette, or a colour of its own.
-using Ink = std::variant<TextColor, QColor>;
+/// The colour of a figure of so many °C.
+struct ThermalColor {
+    double celsius = 0;
+    bool operator==(const ThermalColor&) const = default;
+};
+
+/// A role or a temperature, both of which follow the palette, or a colour of its own.
+using Ink = std::variant<TextColor, ThermalColor, QColor>;
 
 QColor color(const Ink& ink, const Colors& colors);
 

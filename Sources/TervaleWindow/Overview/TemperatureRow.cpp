@@ -2,7 +2,6 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
-#include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
@@ -48,7 +47,7 @@ void TemperatureRow::show(std::optional<double> value, std::optional<double> hot
         return;
     bar->setValue(*value);
     figure->setText(celsius(*value));
-    figure->setInk(Theme::thermal(*value));
+    figure->setInk(ThermalColor{*value});
     hottestFigure->setVisible(hottest.has_value());
     if (hottest)
         hottestFigure->setText(QStringLiteral("hottest core ") + celsius(*hottest));

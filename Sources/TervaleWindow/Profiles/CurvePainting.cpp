@@ -109,7 +109,7 @@ void paintMarker(QPainter& painter, const CurveDrawing& drawing, const QRectF& b
     // A hot reading's label would leave the canvas; it changes to the other side of its line.
     if (room.right() > bounds.right() - 2)
         room.moveRight(2 * marker.x - marker.leading.x);
-    painter.setPen(color);
+    painter.setPen(drawing.load ? color : colors.figure(marker.value));
     paintFigureText(painter, room, Qt::AlignLeft | Qt::AlignVCenter, font, text);
 }
 

@@ -3,7 +3,6 @@
 #include "TervaleWindow/Appearance/FigureText.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
-#include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/TextStyle.h"
 #include "TervaleWindow/Gauges/BarLayerView.h"
 #include "TervaleWindow/Style/ControlPainting.h"
@@ -65,7 +64,7 @@ void paintSensorRow(QPainter& painter, const ShownSensorRow& shown, const Colors
     if (layout.bar.intersects(exposed))
         paintBar(painter, layout.bar, shown.lit, colors);
     if (layout.value.intersects(exposed)) {
-        painter.setPen(Theme::thermal(shown.row.value));
+        painter.setPen(colors.figure(shown.row.value));
         paintFigureText(painter, layout.value, trailing(direction), valueFont(),
                         celsius(shown.row.value));
     }

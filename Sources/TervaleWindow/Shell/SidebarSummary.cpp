@@ -57,7 +57,7 @@ void SidebarSummary::updateProcessor() {
     if (!temperature)
         return;
     processor.figure->setText(celsius(*temperature));
-    processor.figure->setInk(Theme::thermal(*temperature));
+    processor.figure->setInk(ThermalColor{*temperature});
     processor.symbol->setInk(Theme::thermal(*temperature));
 }
 

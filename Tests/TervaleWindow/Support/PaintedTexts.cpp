@@ -1,0 +1,125 @@
+#include "TervaleWindow/Support/PaintedTexts.h"
+
+#include <QImage>
+#include <QMap>
+#include <QPaintEngine>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tervale {
+
+namespace {
+
+/// Takes down the texts and leaves everything else out.
+class TextRecorder final : public QPaintEngine {
+  public:
+    explicit TextRecorder(std::vector<PaintedText>& record)
+        : QPaintEngine(QPaintEngine::AllFeatures),
+          texts(record) {}
+
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return QPaintEngine::User; }
+    void updateState(const QPaintEngineState& state) override {
+        if (state.state() & DirtyPen)
+            pen = state.pen().color();
+        if (state.state() & DirtyOpacity)
+            opacity = state.opacity();
+        if (state.state() & DirtyTransform)
+            transform = state.transform();
+    }
+    void drawTextItem(const QPointF& start, const QTextItem& item) override {
+        QColor color = pen;
+        color.setAlphaF(color.alphaF() * static_cast<float>(opacity));
+        const QRectF place(start.x(), start.y() - item.ascent(), item.width(),
+                           item.ascent() + item.descent());
+        texts.push_back({item.text(), color, transform.mapRect(place).toAlignedRect()});
+    }
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPath(const QPainterPath&) override {}
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+
+  private:
+    std::vector<PaintedText>& texts;
+    QColor pen = Qt::black;
+    double opacity = 1;
+    QTransform transform;
+};
+
+class RecordingDevice final : public QPaintDevice {
+  public:
+    RecordingDevice(const QWidget& of, std::vector<PaintedText>& record)
+        : widget(of),
+          engine(record) {}
+
+    QPaintEngine* paintEngine() const override { return &engine; }
+
+  protected:
+    int metric(PaintDeviceMetric asked) const override {
+        switch (asked) {
+        case PdmWidth:
+            return widget.width();
+        case PdmHeight:
+            return widget.height();
+        case PdmDevicePixelRatioScaled:
+            return static_cast<int>(QPaintDevice::devicePixelRatioFScale());
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDepth:
+            return 32;
+        default:
+            return 96;
+        }
+    }
+
+  private:
+    const QWidget& widget;
+    mutable TextRecorder engine;
+};
+
+double luminance(const QColor& color) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+QColor over(const QColor& ground, const QColor& color) {
+    const float share = color.alphaF();
+    const auto mix = [share](float from, float to) { return from + share * (to - from); };
+    return QColor::fromRgbF(mix(ground.redF(), color.redF()), mix(ground.greenF(), color.greenF()),
+                            mix(ground.blueF(), color.blueF()));
+}
+
+/// The commonest colour of a place.
+QColor groundOf(const QRect& place, const QImage& picture) {
+    QMap<QRgb, int> counts;
+    const QRect seen = place.intersected(picture.rect());
+    for (int y = seen.top(); y <= seen.bottom(); ++y) {
+        for (int x = seen.left(); x <= seen.right(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    return std::max_element(counts.begin(), counts.end()).key();
+}
+
+} // namespace
+
+std::vector<PaintedText> paintedTexts(QWidget& widget) {
+    std::vector<PaintedText> texts;
+    RecordingDevice device(widget, texts);
+    widget.render(&device);
+    std::erase_if(texts, [&widget](const PaintedText& each) {
+        return each.text.trimmed().isEmpty() || !widget.rect().intersects(each.place);
+    });
+    return texts;
+}
+
+double contrast(const PaintedText& text, const QImage& picture) {
+    const QColor ground = groundOf(text.place, picture);
+    const auto [low, high] = std::minmax({luminance(ground), luminance(over(ground, text.color))});
+    return (high + 0.05) / (low + 0.05);
+}
+
+} // namespace tervale
