@@ -4,10 +4,10 @@
 
 namespace tervale {
 
-SymbolLabel::SymbolLabel(Symbol symbol, const QString& text, Ink ink, QWidget* parent)
+SymbolLabel::SymbolLabel(Symbol symbol, const QString& text, Foreground wanted, QWidget* parent)
     : QWidget(parent),
-      symbolView(new SymbolView(symbol, symbolSide, ink)),
-      label(new TextLabel(text, TextStyle::body(), ink)) {
+      symbolView(new SymbolView(symbol, symbolSide, wanted)),
+      label(new TextLabel(text, TextStyle::body(), wanted)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);
@@ -23,9 +23,9 @@ void SymbolLabel::setText(const QString& text) {
     label->setText(text);
 }
 
-void SymbolLabel::setInk(const Ink& ink) {
-    symbolView->setInk(ink);
-    label->setInk(ink);
+void SymbolLabel::setForeground(const Foreground& wanted) {
+    symbolView->setForeground(wanted);
+    label->setForeground(wanted);
 }
 
 void SymbolLabel::setTextStyle(const TextStyle& style) {

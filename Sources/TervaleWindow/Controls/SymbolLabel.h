@@ -15,12 +15,12 @@ class SymbolLabel : public QWidget {
     static constexpr int symbolSide = 15;
     static constexpr int spacing = 7;
 
-    SymbolLabel(Symbol symbol, const QString& text, Ink ink = TextColor::label,
+    SymbolLabel(Symbol symbol, const QString& text, Foreground wanted = TextColor::label,
                 QWidget* parent = nullptr);
 
     QString text() const;
     void setText(const QString& text);
-    void setInk(const Ink& ink);
+    void setForeground(const Foreground& wanted);
     void setTextStyle(const TextStyle& style);
     void setOverflow(Overflow overflow);
 

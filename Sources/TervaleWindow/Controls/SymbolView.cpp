@@ -6,10 +6,10 @@
 
 namespace tervale {
 
-SymbolView::SymbolView(Symbol symbol, int side, Ink ink, QWidget* parent)
+SymbolView::SymbolView(Symbol symbol, int side, Foreground wanted, QWidget* parent)
     : QWidget(parent),
       drawing(symbol),
-      inkOfSymbol(ink) {
+      foreground(wanted) {
     setFixedSize(side, side);
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -19,10 +19,10 @@ void SymbolView::setSymbol(Symbol symbol) {
     update();
 }
 
-void SymbolView::setInk(const Ink& ink) {
-    if (ink == inkOfSymbol)
+void SymbolView::setForeground(const Foreground& wanted) {
+    if (wanted == foreground)
         return;
-    inkOfSymbol = ink;
+    foreground = wanted;
     update();
 }
 
@@ -34,7 +34,7 @@ void SymbolView::setWeight(qreal weight) {
 void SymbolView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
-    paintSymbol(painter, drawing, rect(), color(inkOfSymbol, Colors::of(palette())), weightOfLines);
+    paintSymbol(painter, drawing, rect(), color(foreground, Colors::of(palette())), weightOfLines);
 }
 
 } // namespace tervale

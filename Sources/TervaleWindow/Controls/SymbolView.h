@@ -13,10 +13,11 @@ class SymbolView : public QWidget {
 
   public:
     /// `side` in logical pixels; `weight` scales the width of the symbol's lines.
-    SymbolView(Symbol symbol, int side, Ink ink = TextColor::label, QWidget* parent = nullptr);
+    SymbolView(Symbol symbol, int side, Foreground wanted = TextColor::label,
+               QWidget* parent = nullptr);
 
     void setSymbol(Symbol symbol);
-    void setInk(const Ink& ink);
+    void setForeground(const Foreground& wanted);
     void setWeight(qreal weight);
 
   protected:
@@ -24,7 +25,7 @@ class SymbolView : public QWidget {
 
   private:
     Symbol drawing;
-    Ink inkOfSymbol;
+    Foreground foreground;
     qreal weightOfLines = 1;
 };
 

@@ -28,18 +28,19 @@ int placeLines(QTextLayout& layout, int width, int lineHeight) {
 
 } // namespace
 
-TextLabel::TextLabel(const QString& text, const TextStyle& style, Ink ink, QWidget* parent)
+TextLabel::TextLabel(const QString& text, const TextStyle& style, Foreground wanted,
+                     QWidget* parent)
     : QLabel(parent),
-      inkOfText(ink) {
+      foreground(wanted) {
     setTextFormat(Qt::PlainText);
     setTextStyle(style);
     setText(text);
 }
 
-void TextLabel::setInk(const Ink& ink) {
-    if (ink == inkOfText)
+void TextLabel::setForeground(const Foreground& wanted) {
+    if (wanted == foreground)
         return;
-    inkOfText = ink;
+    foreground = wanted;
     update();
 }
 
@@ -89,7 +90,7 @@ int TextLabel::naturalWidth() const {
 void TextLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
-    painter.setPen(color(inkOfText, Colors::of(palette())));
+    painter.setPen(color(foreground, Colors::of(palette())));
     const bool wraps = whenTooWide == Overflow::wrap;
     const QString shown =
         wraps ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, width());

@@ -12,9 +12,9 @@ class TextLabel : public QLabel {
 
   public:
     explicit TextLabel(const QString& text, const TextStyle& style = TextStyle::body(),
-                       Ink ink = TextColor::label, QWidget* parent = nullptr);
+                       Foreground wanted = TextColor::label, QWidget* parent = nullptr);
 
-    void setInk(const Ink& ink);
+    void setForeground(const Foreground& wanted);
     void setTextStyle(const TextStyle& style);
     void setOverflow(Overflow overflow);
 
@@ -30,7 +30,7 @@ class TextLabel : public QLabel {
     int naturalWidth() const;
 
     TextStyle setting;
-    Ink inkOfText;
+    Foreground foreground;
     Overflow whenTooWide = Overflow::demand;
 };
 

@@ -56,12 +56,12 @@ TextStyle TextStyle::caption() {
     return {systemFont(fontSize::caption), captionLine};
 }
 
-QColor color(const Ink& ink, const Colors& colors) {
+QColor color(const Foreground& wanted, const Colors& colors) {
     return std::visit(
         overloaded{[&](TextColor role) { return colorOf(role, colors); },
                    [&](const ThermalColor& figure) { return colors.figure(figure.celsius); },
                    [](const QColor& own) { return own; }},
-        ink);
+        wanted);
 }
 
 } // namespace tervale

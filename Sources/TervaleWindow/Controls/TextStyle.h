@@ -31,9 +31,9 @@ struct ThermalColor {
 };
 
 /// A role or a temperature, both of which follow the palette, or a colour of its own.
-using Ink = std::variant<TextColor, ThermalColor, QColor>;
+using Foreground = std::variant<TextColor, ThermalColor, QColor>;
 
-QColor color(const Ink& ink, const Colors& colors);
+QColor color(const Foreground& wanted, const Colors& colors);
 
 /// What a text does that is wider than its place.
 enum class Overflow {

@@ -1,8 +1,8 @@
 #include "TervaleWindow/Gauges/FanDialLayout.h"
 
-#include "TervaleWindow/Appearance/FigureText.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Symbol.h"
+#include "TervaleWindow/Appearance/TabularText.h"
 #include "TervaleWindow/Appearance/Theme.h"
 
 #include <QFontMetricsF>
@@ -53,7 +53,7 @@ void paintCapsule(QPainter& painter, const QRectF& bounds, const FanDialTexts& t
     painter.setBrush(ground);
     painter.drawRoundedRect(bounds, bounds.height() / 2, bounds.height() / 2);
     painter.setPen(texts.manual ? colors.accentLabel : colors.secondary);
-    paintFigureText(painter, bounds, Qt::AlignCenter, captionFont(), texts.capsule);
+    paintTabularText(painter, bounds, Qt::AlignCenter, captionFont(), texts.capsule);
 }
 
 } // namespace
@@ -62,7 +62,7 @@ FanDialMetrics fanDialMetrics(const FanDialTexts& texts) {
     return {.numberHeight = QFontMetricsF(numberFont()).height(),
             .unitHeight = QFontMetricsF(unitFont()).height(),
             .captionHeight = QFontMetricsF(captionFont()).height(),
-            .capsuleTextWidth = figureTextWidth(captionFont(), texts.capsule)};
+            .capsuleTextWidth = tabularTextWidth(captionFont(), texts.capsule)};
 }
 
 FanDialLayout fanDialLayout(const QRectF& square, const FanDialMetrics& metrics) {
@@ -91,16 +91,16 @@ void paintFanDial(QPainter& painter, const FanDialLayout& layout, const FanDialT
         paintSymbol(painter, Symbol::fan, layout.symbol, colors.secondary, symbolWeight::medium);
     painter.setPen(colors.label);
     if (isExposed(layout.number))
-        paintFigureText(painter, layout.number, Qt::AlignCenter, numberFont(), texts.number);
+        paintTabularText(painter, layout.number, Qt::AlignCenter, numberFont(), texts.number);
     painter.setPen(colors.secondary);
     if (isExposed(layout.unit))
-        paintFigureText(painter, layout.unit, Qt::AlignCenter, unitFont(), "rpm");
+        paintTabularText(painter, layout.unit, Qt::AlignCenter, unitFont(), "rpm");
     if (isExposed(layout.limits)) {
         const Qt::Alignment middle = Qt::AlignVCenter;
-        paintFigureText(painter, layout.limits, middle | Qt::AlignLeft, captionFont(),
-                        texts.minimum);
-        paintFigureText(painter, layout.limits, middle | Qt::AlignRight, captionFont(),
-                        texts.maximum);
+        paintTabularText(painter, layout.limits, middle | Qt::AlignLeft, captionFont(),
+                         texts.minimum);
+        paintTabularText(painter, layout.limits, middle | Qt::AlignRight, captionFont(),
+                         texts.maximum);
     }
     if (isExposed(layout.capsule))
         paintCapsule(painter, layout.capsule, texts, colors);

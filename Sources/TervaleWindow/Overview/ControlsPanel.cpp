@@ -2,13 +2,13 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/SymbolView.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
@@ -84,7 +84,7 @@ QLayout* ControlsPanel::makeModeRow() {
 QLayout* ControlsPanel::makeSliderRow() {
     slider = new FractionSlider;
     slider->setAccessibleName(QStringLiteral("Fan speed"));
-    sliderFigure = new FigureLabel(roundedFont(15, QFont::Medium));
+    sliderFigure = new TabularLabel(roundedFont(15, QFont::Medium));
     sliderFigure->setFixedWidth(46);
     sliderFigure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(slider, &FractionSlider::fractionChanged, this,

@@ -13,7 +13,7 @@ class QPushButton;
 
 namespace tervale {
 
-class FigureLabel;
+class TabularLabel;
 class FractionSlider;
 class MenuButton;
 class ModeButton;
@@ -51,7 +51,7 @@ class ControlsPanel final : public Card {
     bool editingSlider = false;
     std::vector<std::pair<ModeButton*, Action>> modes;
     FractionSlider* slider = nullptr;
-    FigureLabel* sliderFigure = nullptr;
+    TabularLabel* sliderFigure = nullptr;
     QWidget* profileRow = nullptr;
     PopUpButton* profilePicker = nullptr;
     MenuButton* timerMenu = nullptr;

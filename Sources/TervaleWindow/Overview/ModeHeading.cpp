@@ -1,7 +1,7 @@
 #include "TervaleWindow/Overview/ModeHeading.h"
 
 #include "TervaleWindow/Appearance/Fonts.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 
@@ -12,7 +12,7 @@ namespace tervale {
 ModeHeading::ModeHeading(Model& modelShown, QWidget* parent)
     : QWidget(parent),
       model(modelShown),
-      title(new FigureLabel(roundedFont(28, QFont::Bold))),
+      title(new TabularLabel(roundedFont(28, QFont::Bold))),
       explanation(new TextLabel({}, TextStyle::callout(), TextColor::secondary)) {
     title->setLineHeight(34);
     title->setOverflow(Overflow::elide);

@@ -6,7 +6,7 @@
 
 namespace tervale {
 
-class FigureLabel;
+class TabularLabel;
 class TextLabel;
 
 /// What drives the fans now, and one sentence about it.
@@ -21,7 +21,7 @@ class ModeHeading final : public QWidget {
     void update();
 
     Model& model;
-    FigureLabel* title;
+    TabularLabel* title;
     TextLabel* explanation;
 };
 

@@ -2,7 +2,7 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
 
@@ -19,8 +19,8 @@ TemperatureRow::TemperatureRow(SensorGroup group, QGridLayout& grid, int row)
       title(new TextLabel({})),
       bar(new ThermalBar(barHeight)),
       figures(new QWidget),
-      figure(new FigureLabel(roundedFont(17, QFont::DemiBold))),
-      hottestFigure(new FigureLabel(systemFont(fontSize::caption), TextColor::secondary)) {
+      figure(new TabularLabel(roundedFont(17, QFont::DemiBold))),
+      hottestFigure(new TabularLabel(systemFont(fontSize::caption), TextColor::secondary)) {
     const auto name = group.title();
     title->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     bar->setAccessibleName(title->text());
@@ -47,7 +47,7 @@ void TemperatureRow::show(std::optional<double> value, std::optional<double> hot
         return;
     bar->setValue(*value);
     figure->setText(celsius(*value));
-    figure->setInk(ThermalColor{*value});
+    figure->setForeground(ThermalColor{*value});
     hottestFigure->setVisible(hottest.has_value());
     if (hottest)
         hottestFigure->setText(QStringLiteral("hottest core ") + celsius(*hottest));

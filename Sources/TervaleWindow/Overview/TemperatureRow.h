@@ -9,7 +9,7 @@
 
 namespace tervale {
 
-class FigureLabel;
+class TabularLabel;
 class TextLabel;
 class ThermalBar;
 
@@ -31,8 +31,8 @@ class TemperatureRow final : public QObject {
     TextLabel* title;
     ThermalBar* bar;
     QWidget* figures;
-    FigureLabel* figure;
-    FigureLabel* hottestFigure;
+    TabularLabel* figure;
+    TabularLabel* hottestFigure;
 };
 
 } // namespace tervale

@@ -1,8 +1,8 @@
 #include "TervaleWindow/Profiles/CurvePainting.h"
 
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Appearance/FigureText.h"
 #include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/TabularText.h"
 #include "TervaleWindow/Appearance/Theme.h"
 
 #include <QLinearGradient>
@@ -54,7 +54,7 @@ qreal aligned(const QPainter& painter, qreal y) {
 
 void paintLabel(QPainter& painter, const CurveDrawing::Label& label, const QFont& font) {
     const QRectF room(label.middle.x - 40, label.middle.y - 10, 80, 20);
-    paintFigureText(painter, room, Qt::AlignCenter, font, QString::fromStdString(label.text));
+    paintTabularText(painter, room, Qt::AlignCenter, font, QString::fromStdString(label.text));
 }
 
 void paintAxes(QPainter& painter, const CurveDrawing& drawing, const Colors& colors) {
@@ -104,13 +104,13 @@ void paintMarker(QPainter& painter, const CurveDrawing& drawing, const QRectF& b
     painter.drawLine(QPointF(marker.x, drawing.plot.top), QPointF(marker.x, drawing.plot.bottom()));
     const QFont font = systemFont(fontSize::caption, QFont::DemiBold);
     const QString text = QString::fromStdString(marker.text);
-    const qreal width = std::ceil(figureTextWidth(font, text));
+    const qreal width = std::ceil(tabularTextWidth(font, text));
     QRectF room(marker.leading.x, marker.leading.y - 10, width, 20);
     // A hot reading's label would leave the canvas; it changes to the other side of its line.
     if (room.right() > bounds.right() - 2)
         room.moveRight(2 * marker.x - marker.leading.x);
     painter.setPen(drawing.load ? color : colors.figure(marker.value));
-    paintFigureText(painter, room, Qt::AlignLeft | Qt::AlignVCenter, font, text);
+    paintTabularText(painter, room, Qt::AlignLeft | Qt::AlignVCenter, font, text);
 }
 
 void paintKnots(QPainter& painter, const CurveDrawing& drawing, KeyFocus focus) {

@@ -4,10 +4,10 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/Divider.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
 
@@ -62,7 +62,7 @@ ScheduleRow::ScheduleRow(QWidget* parent)
       run(new QWidget(this)),
       picker(new PopUpButton(run)),
       slider(new FractionSlider(run)),
-      speed(new FigureLabel(systemFont(fontSize::body), TextColor::label, run)),
+      speed(new TabularLabel(systemFont(fontSize::body), TextColor::label, run)),
       removeButton(new SymbolButton(Symbol::minusCircle, tr("Remove window"), this)),
       runLine(new QHBoxLayout(run)),
       firstLine(new QHBoxLayout),

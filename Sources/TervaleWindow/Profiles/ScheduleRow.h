@@ -14,7 +14,7 @@ class QBoxLayout;
 
 namespace tervale {
 
-class FigureLabel;
+class TabularLabel;
 class FractionSlider;
 class PopUpButton;
 class SymbolButton;
@@ -64,7 +64,7 @@ class ScheduleRow final : public QWidget {
     QWidget* run;
     PopUpButton* picker;
     FractionSlider* slider;
-    FigureLabel* speed;
+    TabularLabel* speed;
     SymbolButton* removeButton;
     QBoxLayout* runLine;
     QBoxLayout* firstLine;

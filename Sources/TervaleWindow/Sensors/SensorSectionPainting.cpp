@@ -1,8 +1,8 @@
 #include "TervaleWindow/Sensors/SensorSectionPainting.h"
 
-#include "TervaleWindow/Appearance/FigureText.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Appearance/TabularText.h"
 #include "TervaleWindow/Controls/TextStyle.h"
 #include "TervaleWindow/Gauges/BarLayerView.h"
 #include "TervaleWindow/Style/ControlPainting.h"
@@ -47,8 +47,8 @@ void paintSensorHeader(QPainter& painter, const SensorSection& section,
     painter.setFont(TextStyle::section().font);
     paintName(painter, line, section.title(), leading(layout.direction));
     painter.setPen(colors.secondary);
-    paintFigureText(painter, line, trailing(layout.direction), TextStyle::body().font,
-                    section.count());
+    paintTabularText(painter, line, trailing(layout.direction), TextStyle::body().font,
+                     section.count());
 }
 
 void paintSensorRow(QPainter& painter, const ShownSensorRow& shown, const Colors& colors,
@@ -65,8 +65,8 @@ void paintSensorRow(QPainter& painter, const ShownSensorRow& shown, const Colors
         paintBar(painter, layout.bar, shown.lit, colors);
     if (layout.value.intersects(exposed)) {
         painter.setPen(colors.figure(shown.row.value));
-        paintFigureText(painter, layout.value, trailing(direction), valueFont(),
-                        celsius(shown.row.value));
+        paintTabularText(painter, layout.value, trailing(direction), valueFont(),
+                         celsius(shown.row.value));
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/Divider.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Settings/VersionText.h"
@@ -30,7 +30,7 @@ Layout* tightLayout(QWidget* widget) {
 QWidget* makeVersionRow(const QString& version) {
     auto* row = new QWidget;
     row->setFixedHeight(versionRowHeight - 1);
-    auto* value = new FigureLabel(TextStyle::body().font, TextColor::secondary);
+    auto* value = new TabularLabel(TextStyle::body().font, TextColor::secondary);
     value->setText(version);
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* layout = tightLayout<QHBoxLayout>(row);

@@ -7,9 +7,9 @@
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Settings/SettingsView.h"
-#include "TervaleWindow/Shell/MenuBar.h"
 #include "TervaleWindow/Shell/Sidebar.h"
 #include "TervaleWindow/Shell/SystemMetadata.h"
+#include "TervaleWindow/Shell/WindowCommands.h"
 
 #include <QHBoxLayout>
 
@@ -28,7 +28,7 @@ ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
     setAutoFillBackground(true);
     connect(sidebar, &Sidebar::sectionChosen, this, &ContentView::setSection);
     setSection(shown);
-    new MenuBar(*this);
+    new WindowCommands(*this);
 }
 
 void ContentView::setSection(std::optional<Pane> section) {

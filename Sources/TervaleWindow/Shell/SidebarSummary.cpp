@@ -5,8 +5,8 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/SymbolView.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 
 #include <QPainter>
 #include <QVBoxLayout>
@@ -33,7 +33,7 @@ SidebarSummary::SidebarSummary(Model& modelShown, QWidget* parent)
 
 SidebarSummary::Row SidebarSummary::addRow(Symbol symbol) {
     const Row row{new QWidget, new SymbolView(symbol, 16),
-                  new FigureLabel(roundedFont(fontSize::body, QFont::Medium))};
+                  new TabularLabel(roundedFont(fontSize::body, QFont::Medium))};
     row.figure->setLineHeight(18);
     auto* parts = new QHBoxLayout(row.widget);
     parts->setContentsMargins(0, 0, 0, 0);
@@ -57,8 +57,8 @@ void SidebarSummary::updateProcessor() {
     if (!temperature)
         return;
     processor.figure->setText(celsius(*temperature));
-    processor.figure->setInk(ThermalColor{*temperature});
-    processor.symbol->setInk(Theme::thermal(*temperature));
+    processor.figure->setForeground(ThermalColor{*temperature});
+    processor.symbol->setForeground(Theme::thermal(*temperature));
 }
 
 void SidebarSummary::paintEvent(QPaintEvent*) {

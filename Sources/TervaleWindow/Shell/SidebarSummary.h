@@ -7,7 +7,7 @@
 
 namespace tervale {
 
-class FigureLabel;
+class TabularLabel;
 class SymbolView;
 
 /// The first fan's speed and the CPU's average temperature; a row is there only while its figure
@@ -26,7 +26,7 @@ class SidebarSummary final : public QWidget {
     struct Row {
         QWidget* widget;
         SymbolView* symbol;
-        FigureLabel* figure;
+        TabularLabel* figure;
     };
 
     Row addRow(Symbol symbol);

@@ -4,7 +4,6 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/Divider.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
@@ -13,6 +12,7 @@
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Style/WindowStyle.h"
@@ -81,8 +81,8 @@ QMenu* menu() {
     return result;
 }
 
-FigureLabel* figure(const QString& text, int size, QFont::Weight weight = QFont::Medium) {
-    auto* label = new FigureLabel(roundedFont(size, weight));
+TabularLabel* figure(const QString& text, int size, QFont::Weight weight = QFont::Medium) {
+    auto* label = new TabularLabel(roundedFont(size, weight));
     label->setText(text);
     label->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     return label;

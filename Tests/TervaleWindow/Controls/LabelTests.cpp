@@ -2,8 +2,8 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/Divider.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 
 #include <QBoxLayout>
@@ -102,7 +102,7 @@ TEST_F(LabelTest, ColoursFollowThePaletteAtOnce) {
 }
 
 TEST_F(LabelTest, FiguresKeepTheirWidthWhileTheyChange) {
-    FigureLabel label(roundedFont(15));
+    TabularLabel label(roundedFont(15));
     label.setText("111%");
     const QSize narrow = label.sizeHint();
     label.setText("888%");
@@ -111,7 +111,7 @@ TEST_F(LabelTest, FiguresKeepTheirWidthWhileTheyChange) {
 }
 
 TEST_F(LabelTest, FiguresAreAlignedAndMirrored) {
-    FigureLabel label(roundedFont(15));
+    TabularLabel label(roundedFont(15));
     label.setText("50%");
     label.setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     label.resize(200, 20);
@@ -121,7 +121,7 @@ TEST_F(LabelTest, FiguresAreAlignedAndMirrored) {
 }
 
 TEST_F(LabelTest, FiguresTakeAColourOfTheirOwn) {
-    FigureLabel label(roundedFont(40, QFont::Bold), QColor(200, 0, 0));
+    TabularLabel label(roundedFont(40, QFont::Bold), QColor(200, 0, 0));
     label.setText("8");
     const QImage image = label.grab().toImage();
     bool found = false;

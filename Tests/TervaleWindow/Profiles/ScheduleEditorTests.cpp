@@ -1,7 +1,7 @@
-#include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
@@ -92,7 +92,7 @@ TEST_F(ScheduleEditorTest, ShowsARowForEachWindow) {
     EXPECT_EQ(picker(1)->currentText().toStdString(), "Fixed speed");
     EXPECT_FALSE(control<FractionSlider>(1)->isHidden());
     EXPECT_EQ(control<FractionSlider>(1)->fraction(), 0.4);
-    EXPECT_EQ(control<FigureLabel>(1)->text().toStdString(), "40%");
+    EXPECT_EQ(control<TabularLabel>(1)->text().toStdString(), "40%");
     EXPECT_EQ(reports, 0);
 }
 
@@ -179,7 +179,7 @@ TEST_F(ScheduleEditorTest, SwitchesWhatAWindowRuns) {
     EXPECT_EQ(picker(0)->currentText().toStdString(), "Quiet");
     choose(0, 1);
     EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.5}));
-    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "50%");
+    EXPECT_EQ(control<TabularLabel>(0)->text().toStdString(), "50%");
     choose(0, 4);
     EXPECT_EQ(editor.windows()[0].action, Action(action::Profile{idOf(2)}));
     EXPECT_TRUE(control<FractionSlider>(0)->isHidden());
@@ -191,7 +191,7 @@ TEST_F(ScheduleEditorTest, KeepsTheSpeedToWholePercent) {
     show({{0, 60, action::Fixed{0.5}}});
     control<FractionSlider>(0)->moveAtOnce(0.2944);
     EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.29}));
-    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "29%");
+    EXPECT_EQ(control<TabularLabel>(0)->text().toStdString(), "29%");
 }
 
 TEST_F(ScheduleEditorTest, ShowsImpossibleNumbersAndChangesNothing) {
@@ -260,7 +260,7 @@ TEST_F(ScheduleEditorTest, KeepsTheSpeedWhenFixedSpeedIsChosenAgain) {
     show({{0, 60, action::Fixed{0.8}}});
     choose(0, 1);
     EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.8}));
-    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "80%");
+    EXPECT_EQ(control<TabularLabel>(0)->text().toStdString(), "80%");
 }
 
 TEST_F(ScheduleEditorTest, SpellsMarkupInANameOut) {
@@ -306,10 +306,10 @@ TEST_F(ScheduleEditorTest, TakesTheShownTimeForOneOutsideTheDayOnceItIsTyped) {
 TEST_F(ScheduleEditorTest, TakesTheShownSpeedForOneOutOfRangeOnceItIsConfirmed) {
     show({{0, 60, action::Fixed{1.5}}});
     auto* slider = control<FractionSlider>(0);
-    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "150%");
+    EXPECT_EQ(control<TabularLabel>(0)->text().toStdString(), "150%");
     QTest::keyClick(slider, Qt::Key_End);
     EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{1}));
-    EXPECT_EQ(control<FigureLabel>(0)->text().toStdString(), "100%");
+    EXPECT_EQ(control<TabularLabel>(0)->text().toStdString(), "100%");
     show({{0, 60, action::Fixed{0.333}}});
     reports = 0;
     slider->moveAtOnce(slider->fraction());

@@ -1,6 +1,6 @@
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/FigureLabel.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Shell/ContentView.h"
@@ -28,7 +28,7 @@ class Content : public ModelFixture {
     QStringList summary() {
         QStringList rows;
         const auto* box = view->findChild<SidebarSummary*>();
-        for (const auto* figure : box->findChildren<FigureLabel*>()) {
+        for (const auto* figure : box->findChildren<TabularLabel*>()) {
             if (figure->isVisibleTo(box))
                 rows << figure->text();
         }

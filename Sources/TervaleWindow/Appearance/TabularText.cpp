@@ -1,4 +1,4 @@
-#include "TervaleWindow/Appearance/FigureText.h"
+#include "TervaleWindow/Appearance/TabularText.h"
 
 #include <QFontMetricsF>
 
@@ -87,12 +87,12 @@ qreal baseline(const QRectF& bounds, Qt::Alignment alignment, const QFontMetrics
 
 } // namespace
 
-qreal figureTextWidth(const QFont& font, const QString& text) {
+qreal tabularTextWidth(const QFont& font, const QString& text) {
     return totalAdvance(pieces(QFontMetricsF(font), text));
 }
 
-void paintFigureText(QPainter& painter, const QRectF& bounds, Qt::Alignment alignment,
-                     const QFont& font, const QString& text) {
+void paintTabularText(QPainter& painter, const QRectF& bounds, Qt::Alignment alignment,
+                      const QFont& font, const QString& text) {
     const QFontMetricsF metrics(font, painter.device());
     const std::vector<Piece> line = pieces(metrics, text);
     qreal x = leftEdge(bounds, alignment, totalAdvance(line));

@@ -10,9 +10,9 @@ namespace tervale {
 /// Text whose digits all take the same width, so that a number does not tremble while it changes.
 
 /// The width of `text` in logical pixels.
-qreal figureTextWidth(const QFont& font, const QString& text);
+qreal tabularTextWidth(const QFont& font, const QString& text);
 /// Paints one line of `text` in the painter's pen, aligned within `bounds`.
-void paintFigureText(QPainter& painter, const QRectF& bounds, Qt::Alignment alignment,
-                     const QFont& font, const QString& text);
+void paintTabularText(QPainter& painter, const QRectF& bounds, Qt::Alignment alignment,
+                      const QFont& font, const QString& text);
 
 } // namespace tervale

@@ -8,13 +8,14 @@ namespace tervale {
 
 /// One line of text in which all digits take the same width. `setAlignment` as for any label;
 /// leading and trailing sides follow the layout's direction.
-class FigureLabel : public QLabel {
+class TabularLabel : public QLabel {
     Q_OBJECT
 
   public:
-    explicit FigureLabel(const QFont& font, Ink ink = TextColor::label, QWidget* parent = nullptr);
+    explicit TabularLabel(const QFont& font, Foreground wanted = TextColor::label,
+                          QWidget* parent = nullptr);
 
-    void setInk(const Ink& ink);
+    void setForeground(const Foreground& wanted);
     /// The line's height in logical pixels; without one, the font's own.
     void setLineHeight(int height);
     /// Whether a text that is too wide demands its width, as it does at first, or is shortened; the
@@ -31,7 +32,7 @@ class FigureLabel : public QLabel {
   private:
     bool isElided() const;
 
-    Ink inkOfText;
+    Foreground foreground;
     int lineHeight = 0;
     Overflow whenTooWide = Overflow::demand;
 };

@@ -1,5 +1,5 @@
-#include "TervaleWindow/Appearance/FigureText.h"
 #include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/TabularText.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -23,7 +23,7 @@ QImage painted(Qt::Alignment alignment, const QString& text) {
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setPen(Qt::black);
-    paintFigureText(painter, image.rect(), alignment, proportionalFont(), text);
+    paintTabularText(painter, image.rect(), alignment, proportionalFont(), text);
     return image;
 }
 
@@ -54,35 +54,35 @@ int startOfLastGlyph(const QString& text) {
 
 } // namespace
 
-TEST(FigureText, GivesEveryDigitTheWidthOfTheWidest) {
+TEST(TabularText, GivesEveryDigitTheWidthOfTheWidest) {
     qreal widest = 0;
     for (const QChar digit : QString("0123456789"))
         widest = std::max(widest, plainWidth(digit));
     for (const QString text : {"1111", "2893", "0000"})
-        EXPECT_DOUBLE_EQ(figureTextWidth(proportionalFont(), text), 4 * widest);
+        EXPECT_DOUBLE_EQ(tabularTextWidth(proportionalFont(), text), 4 * widest);
 }
 
-TEST(FigureText, LeavesOtherTextAsItIs) {
+TEST(TabularText, LeavesOtherTextAsItIs) {
     for (const QString text : {"rpm", "Controlled by macOS", ""})
-        EXPECT_DOUBLE_EQ(figureTextWidth(proportionalFont(), text), plainWidth(text));
-    EXPECT_DOUBLE_EQ(figureTextWidth(proportionalFont(), "12 rpm"),
-                     figureTextWidth(proportionalFont(), "34") + plainWidth(" rpm"));
+        EXPECT_DOUBLE_EQ(tabularTextWidth(proportionalFont(), text), plainWidth(text));
+    EXPECT_DOUBLE_EQ(tabularTextWidth(proportionalFont(), "12 rpm"),
+                     tabularTextWidth(proportionalFont(), "34") + plainWidth(" rpm"));
 }
 
-TEST(FigureText, KeepsWhatFollowsInItsPlaceWhileDigitsChange) {
+TEST(TabularText, KeepsWhatFollowsInItsPlaceWhileDigitsChange) {
     const int place = startOfLastGlyph("1,111:");
     EXPECT_GT(place, 0);
     EXPECT_EQ(startOfLastGlyph("2,893:"), place);
     EXPECT_EQ(startOfLastGlyph("4,074:"), place);
 }
 
-TEST(FigureText, LeavesDigitsOfOtherScriptsToTheTextEngine) {
+TEST(TabularText, LeavesDigitsOfOtherScriptsToTheTextEngine) {
     const QString arabicIndic = QString::fromUtf8("١٢٣٤");
-    EXPECT_DOUBLE_EQ(figureTextWidth(proportionalFont(), arabicIndic), plainWidth(arabicIndic));
+    EXPECT_DOUBLE_EQ(tabularTextWidth(proportionalFont(), arabicIndic), plainWidth(arabicIndic));
     EXPECT_FALSE(inkBounds(painted(Qt::AlignCenter, arabicIndic)).isNull());
 }
 
-TEST(FigureText, AlignsWithinItsBounds) {
+TEST(TabularText, AlignsWithinItsBounds) {
     const QRect left = inkBounds(painted(Qt::AlignLeft | Qt::AlignTop, "88"));
     const QRect middle = inkBounds(painted(Qt::AlignCenter, "88"));
     const QRect right = inkBounds(painted(Qt::AlignRight | Qt::AlignBottom, "88"));
@@ -93,12 +93,12 @@ TEST(FigureText, AlignsWithinItsBounds) {
     EXPECT_LT(middle.top(), right.top());
 }
 
-TEST(FigureText, PaintsInThePainterSPen) {
+TEST(TabularText, PaintsInThePainterSPen) {
     QImage image(100, 60, QImage::Format_RGB32);
     image.fill(Qt::black);
     QPainter painter(&image);
     painter.setPen(Qt::red);
-    paintFigureText(painter, image.rect(), Qt::AlignCenter, proportionalFont(), "8");
+    paintTabularText(painter, image.rect(), Qt::AlignCenter, proportionalFont(), "8");
     painter.end();
     bool red = false;
     for (int y = 0; y < image.height(); ++y) {

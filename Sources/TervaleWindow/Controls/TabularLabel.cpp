@@ -1,6 +1,6 @@
-#include "TervaleWindow/Controls/FigureLabel.h"
+#include "TervaleWindow/Controls/TabularLabel.h"
 
-#include "TervaleWindow/Appearance/FigureText.h"
+#include "TervaleWindow/Appearance/TabularText.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QHelpEvent>
@@ -18,57 +18,57 @@ namespace {
 constexpr int least = 24;
 } // namespace
 
-FigureLabel::FigureLabel(const QFont& font, Ink ink, QWidget* parent)
+TabularLabel::TabularLabel(const QFont& font, Foreground wanted, QWidget* parent)
     : QLabel(parent),
-      inkOfText(ink) {
+      foreground(wanted) {
     setTextFormat(Qt::PlainText);
     setFont(font);
 }
 
-void FigureLabel::setInk(const Ink& ink) {
-    if (ink == inkOfText)
+void TabularLabel::setForeground(const Foreground& wanted) {
+    if (wanted == foreground)
         return;
-    inkOfText = ink;
+    foreground = wanted;
     update();
 }
 
-void FigureLabel::setLineHeight(int height) {
+void TabularLabel::setLineHeight(int height) {
     lineHeight = height;
     updateGeometry();
 }
 
-QSize FigureLabel::sizeHint() const {
-    return {static_cast<int>(std::ceil(figureTextWidth(font(), text()))),
+QSize TabularLabel::sizeHint() const {
+    return {static_cast<int>(std::ceil(tabularTextWidth(font(), text()))),
             lineHeight > 0 ? lineHeight : fontMetrics().height()};
 }
 
-QSize FigureLabel::minimumSizeHint() const {
+QSize TabularLabel::minimumSizeHint() const {
     const QSize natural = sizeHint();
     return {whenTooWide == Overflow::demand ? natural.width() : std::min(natural.width(), least),
             natural.height()};
 }
 
-void FigureLabel::setOverflow(Overflow overflow) {
+void TabularLabel::setOverflow(Overflow overflow) {
     whenTooWide = overflow;
     updateGeometry();
 }
 
-bool FigureLabel::isElided() const {
-    return figureTextWidth(font(), text()) > width();
+bool TabularLabel::isElided() const {
+    return tabularTextWidth(font(), text()) > width();
 }
 
-bool FigureLabel::event(QEvent* event) {
+bool TabularLabel::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip || !isElided())
         return QLabel::event(event);
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
     return true;
 }
 
-void FigureLabel::paintEvent(QPaintEvent*) {
+void TabularLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
-    painter.setPen(color(inkOfText, Colors::of(palette())));
-    paintFigureText(
+    painter.setPen(color(foreground, Colors::of(palette())));
+    paintTabularText(
         painter, rect(), QStyle::visualAlignment(layoutDirection(), alignment()), font(),
         isElided() ? fontMetrics().elidedText(text(), Qt::ElideRight, width()) : text());
 }

@@ -16,7 +16,7 @@ enum class Pane;
 
 /// The commands of the window and their keys, in the menus that a Mac has for them. Elsewhere the
 /// window goes without menus and keeps the keys.
-class MenuBar final : public QObject {
+class WindowCommands final : public QObject {
     Q_OBJECT
 
   public:
@@ -24,7 +24,7 @@ class MenuBar final : public QObject {
     static Place usualPlace();
 
     /// `window` outlives the object.
-    explicit MenuBar(ContentView& window, Place place = usualPlace());
+    explicit WindowCommands(ContentView& window, Place place = usualPlace());
 
     /// The menus in their order; nothing in a window that goes without them.
     const QMenuBar* menus() const { return bar.get(); }
@@ -43,7 +43,7 @@ class MenuBar final : public QObject {
         bool (*isPossible)(const QLineEdit& field);
     };
 
-    QAction* command(const QString& title, const QKeySequence& key, void (MenuBar::*run)());
+    QAction* command(const QString& title, const QKeySequence& key, void (WindowCommands::*run)());
     /// `run` is a member function of the field that has the focus.
     template <class Run>
     QAction* textCommand(const QString& title, const QKeySequence& key, Run run,

@@ -1,7 +1,7 @@
 #include "TervaleWindow/Controls/SearchField.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Shell/ContentView.h"
-#include "TervaleWindow/Shell/MenuBar.h"
+#include "TervaleWindow/Shell/WindowCommands.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QClipboard>
@@ -14,7 +14,7 @@
 
 using namespace tervale;
 
-class MenuBarTest : public ModelFixture {
+class WindowCommandsTest : public ModelFixture {
   protected:
     void show() {
         makeModel();
@@ -24,9 +24,9 @@ class MenuBarTest : public ModelFixture {
         view->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
     }
-    MenuBar& menuBar() {
+    WindowCommands& menuBar() {
         if (!bar)
-            bar = std::make_unique<MenuBar>(*view, MenuBar::Place::menuBar);
+            bar = std::make_unique<WindowCommands>(*view, WindowCommands::Place::menuBar);
         return *bar;
     }
     QAction* action(const QString& menu, const QString& title) {
@@ -48,10 +48,10 @@ class MenuBarTest : public ModelFixture {
     }
 
     std::unique_ptr<ContentView> view;
-    std::unique_ptr<MenuBar> bar;
+    std::unique_ptr<WindowCommands> bar;
 };
 
-TEST_F(MenuBarTest, HasTheMenusOfAnApplicationInTheirOrder) {
+TEST_F(WindowCommandsTest, HasTheMenusOfAnApplicationInTheirOrder) {
     show();
     const QList<QAction*> menus = menuBar().menus()->actions();
     EXPECT_EQ(titles(menus), (QStringList{"Tervale", "Edit", "View", "Window", "Help"}));
@@ -67,7 +67,7 @@ TEST_F(MenuBarTest, HasTheMenusOfAnApplicationInTheirOrder) {
     EXPECT_EQ(menuBar().menus()->parent(), nullptr);
 }
 
-TEST_F(MenuBarTest, GivesOnlyTheApplicationsOwnCommandsARole) {
+TEST_F(WindowCommandsTest, GivesOnlyTheApplicationsOwnCommandsARole) {
     show();
     EXPECT_EQ(action("Tervale", "About Tervale")->menuRole(), QAction::AboutRole);
     EXPECT_EQ(action("Tervale", "Settings…")->menuRole(), QAction::PreferencesRole);
@@ -76,7 +76,7 @@ TEST_F(MenuBarTest, GivesOnlyTheApplicationsOwnCommandsARole) {
     EXPECT_EQ(action("Edit", "Copy")->menuRole(), QAction::NoRole);
 }
 
-TEST_F(MenuBarTest, HasTheUsualKeys) {
+TEST_F(WindowCommandsTest, HasTheUsualKeys) {
     show();
     EXPECT_EQ(action("Tervale", "Settings…")->shortcut(), QKeySequence("Ctrl+,"));
     EXPECT_EQ(action("View", "Overview")->shortcut(), QKeySequence("Ctrl+1"));
@@ -88,7 +88,7 @@ TEST_F(MenuBarTest, HasTheUsualKeys) {
     EXPECT_EQ(action("Edit", "Find")->shortcut(), QKeySequence(QKeySequence::Find));
 }
 
-TEST_F(MenuBarTest, ShowsPanes) {
+TEST_F(WindowCommandsTest, ShowsPanes) {
     show();
     action("View", "Profiles")->trigger();
     EXPECT_EQ(view->section(), Pane::profiles);
@@ -96,7 +96,7 @@ TEST_F(MenuBarTest, ShowsPanes) {
     EXPECT_EQ(view->section(), Pane::settings);
 }
 
-TEST_F(MenuBarTest, MarksThePaneThatIsShown) {
+TEST_F(WindowCommandsTest, MarksThePaneThatIsShown) {
     show();
     const auto marked = [this] {
         QStringList all;
@@ -115,7 +115,7 @@ TEST_F(MenuBarTest, MarksThePaneThatIsShown) {
     EXPECT_TRUE(marked().isEmpty());
 }
 
-TEST_F(MenuBarTest, FindsOnlyWhereThereIsAFilter) {
+TEST_F(WindowCommandsTest, FindsOnlyWhereThereIsAFilter) {
     show();
     EXPECT_FALSE(action("Edit", "Find")->isEnabled());
     view->setSection(Pane::sensors);
@@ -126,7 +126,7 @@ TEST_F(MenuBarTest, FindsOnlyWhereThereIsAFilter) {
     EXPECT_FALSE(action("Edit", "Find")->isEnabled());
 }
 
-TEST_F(MenuBarTest, EditsTheTextThatHasTheFocus) {
+TEST_F(WindowCommandsTest, EditsTheTextThatHasTheFocus) {
     show();
     view->setSection(Pane::sensors);
     auto* field = view->findChild<SearchField*>();
@@ -149,7 +149,7 @@ TEST_F(MenuBarTest, EditsTheTextThatHasTheFocus) {
     EXPECT_EQ(field->text(), "gpu");
 }
 
-TEST_F(MenuBarTest, OffersOnlyWhatTheFieldHasSomethingToDoFor) {
+TEST_F(WindowCommandsTest, OffersOnlyWhatTheFieldHasSomethingToDoFor) {
     show();
     QMenu& edit = *menuBar().menus()->actions()[1]->menu();
     const auto offered = [&edit] {
@@ -180,7 +180,7 @@ TEST_F(MenuBarTest, OffersOnlyWhatTheFieldHasSomethingToDoFor) {
     EXPECT_FALSE(action("Edit", "Paste")->isEnabled());
 }
 
-TEST_F(MenuBarTest, MinimizesZoomsAndClosesTheWindow) {
+TEST_F(WindowCommandsTest, MinimizesZoomsAndClosesTheWindow) {
     show();
     action("Window", "Zoom")->trigger();
     EXPECT_TRUE(view->isMaximized());
@@ -196,7 +196,7 @@ TEST_F(MenuBarTest, MinimizesZoomsAndClosesTheWindow) {
     EXPECT_FALSE(view->isVisible());
 }
 
-TEST_F(MenuBarTest, TellsAboutTheApplicationBesideTheWindow) {
+TEST_F(WindowCommandsTest, TellsAboutTheApplicationBesideTheWindow) {
     show();
     action("Tervale", "About Tervale")->trigger();
     const auto* note = view->findChild<QMessageBox*>();
@@ -207,7 +207,7 @@ TEST_F(MenuBarTest, TellsAboutTheApplicationBesideTheWindow) {
     EXPECT_TRUE(note->informativeText().startsWith("Version "));
 }
 
-TEST_F(MenuBarTest, MinimizesZoomsAndClosesTheNoteThatIsInFront) {
+TEST_F(WindowCommandsTest, MinimizesZoomsAndClosesTheNoteThatIsInFront) {
     show();
     action("Tervale", "About Tervale")->trigger();
     QPointer<QMessageBox> note = view->findChild<QMessageBox*>();
@@ -225,7 +225,7 @@ TEST_F(MenuBarTest, MinimizesZoomsAndClosesTheNoteThatIsInFront) {
     EXPECT_TRUE(!note || !note->isVisible());
 }
 
-TEST_F(MenuBarTest, QuitsWithANoteInFront) {
+TEST_F(WindowCommandsTest, QuitsWithANoteInFront) {
     show();
     action("Tervale", "About Tervale")->trigger();
     ASSERT_TRUE(QTest::qWaitForWindowActive(view->findChild<QMessageBox*>()));
@@ -233,9 +233,9 @@ TEST_F(MenuBarTest, QuitsWithANoteInFront) {
     EXPECT_FALSE(view->isVisible());
 }
 
-TEST_F(MenuBarTest, KeepsItsKeysInAWindowWithoutMenus) {
+TEST_F(WindowCommandsTest, KeepsItsKeysInAWindowWithoutMenus) {
     show();
-    const auto* own = view->findChild<MenuBar*>();
+    const auto* own = view->findChild<WindowCommands*>();
     ASSERT_NE(own, nullptr);
     EXPECT_EQ(own->menus(), nullptr);
     const QString key = QKeySequence("Ctrl+1").toString(QKeySequence::NativeText);

@@ -1,4 +1,4 @@
-#include "TervaleWindow/Shell/MenuBar.h"
+#include "TervaleWindow/Shell/WindowCommands.h"
 
 #include "Platform/Platform.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
@@ -69,13 +69,15 @@ void showNote(QWidget& window, const QString& title, const QString& text, const 
 
 } // namespace
 
-MenuBar::Place MenuBar::usualPlace() {
+WindowCommands::Place WindowCommands::usualPlace() {
     // Only where windows really are a Mac's: without its menu bar the keys of menus would be dead.
     return QGuiApplication::platformName() == QLatin1String("cocoa") ? Place::menuBar
                                                                      : Place::window;
 }
 
-MenuBar::MenuBar(ContentView& served, Place place) : QObject(&served), window(served) {
+WindowCommands::WindowCommands(ContentView& served, Place place)
+    : QObject(&served),
+      window(served) {
     makeCommands();
     if (place == Place::menuBar) {
         makeMenus();
@@ -86,13 +88,14 @@ MenuBar::MenuBar(ContentView& served, Place place) : QObject(&served), window(se
         for (QAction* action : offered)
             window.addAction(action);
     }
-    connect(qApp, &QApplication::focusChanged, this, &MenuBar::enableTextCommands);
-    connect(&window, &ContentView::sectionShown, this, &MenuBar::followSection);
+    connect(qApp, &QApplication::focusChanged, this, &WindowCommands::enableTextCommands);
+    connect(&window, &ContentView::sectionShown, this, &WindowCommands::followSection);
     enableTextCommands();
     followSection();
 }
 
-QAction* MenuBar::command(const QString& title, const QKeySequence& key, void (MenuBar::*run)()) {
+QAction* WindowCommands::command(const QString& title, const QKeySequence& key,
+                                 void (WindowCommands::*run)()) {
     auto* action = new QAction(title, this);
     action->setShortcut(key);
     action->setAutoRepeat(false);
@@ -104,8 +107,8 @@ QAction* MenuBar::command(const QString& title, const QKeySequence& key, void (M
 }
 
 template <class Run>
-QAction* MenuBar::textCommand(const QString& title, const QKeySequence& key, Run run,
-                              bool (*isPossible)(const QLineEdit& field)) {
+QAction* WindowCommands::textCommand(const QString& title, const QKeySequence& key, Run run,
+                                     bool (*isPossible)(const QLineEdit& field)) {
     QAction* action = command(title, key, nullptr);
     action->setAutoRepeat(true);
     connect(action, &QAction::triggered, this, [run] {
@@ -116,7 +119,7 @@ QAction* MenuBar::textCommand(const QString& title, const QKeySequence& key, Run
     return action;
 }
 
-QAction* MenuBar::paneCommand(Pane pane) {
+QAction* WindowCommands::paneCommand(Pane pane) {
     const auto number = static_cast<int>(pane) + 1;
     QAction* action = command(title(pane), controlAnd(Qt::Key(Qt::Key_0 + number)), nullptr);
     action->setCheckable(true);
@@ -128,26 +131,26 @@ QAction* MenuBar::paneCommand(Pane pane) {
     return action;
 }
 
-void MenuBar::makeCommands() {
-    about = command(tr("About Tervale"), {}, &MenuBar::showAbout);
+void WindowCommands::makeCommands() {
+    about = command(tr("About Tervale"), {}, &WindowCommands::showAbout);
     about->setMenuRole(QAction::AboutRole);
-    settings = command(tr("Settings…"), controlAnd(Qt::Key_Comma), &MenuBar::showSettings);
+    settings = command(tr("Settings…"), controlAnd(Qt::Key_Comma), &WindowCommands::showSettings);
     settings->setMenuRole(QAction::PreferencesRole);
-    quit = command(tr("Quit Tervale"), controlAnd(Qt::Key_Q), &MenuBar::quitApplication);
+    quit = command(tr("Quit Tervale"), controlAnd(Qt::Key_Q), &WindowCommands::quitApplication);
     quit->setMenuRole(QAction::QuitRole);
     for (const Pane pane : allPanes)
         panes.push_back(paneCommand(pane));
-    findSensor = command(tr("Find"), QKeySequence::Find, &MenuBar::find);
-    closeWindow = command(tr("Close"), QKeySequence::Close, &MenuBar::closeFront);
+    findSensor = command(tr("Find"), QKeySequence::Find, &WindowCommands::find);
+    closeWindow = command(tr("Close"), QKeySequence::Close, &WindowCommands::closeFront);
     // The best known key first, which some desktops list after another.
     QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Close);
     keys.removeAll(controlAnd(Qt::Key_W));
     keys.prepend(controlAnd(Qt::Key_W));
     closeWindow->setShortcuts(keys);
-    help = command(tr("Keyboard Shortcuts"), QKeySequence::HelpContents, &MenuBar::showKeys);
+    help = command(tr("Keyboard Shortcuts"), QKeySequence::HelpContents, &WindowCommands::showKeys);
 }
 
-void MenuBar::makeMenus() {
+void WindowCommands::makeMenus() {
     // The toolkit adds Hide, Hide Others and Show All to the first one, and moves the commands with
     // a role there.
     const std::vector<Menu> menus{
@@ -163,8 +166,8 @@ void MenuBar::makeMenus() {
           nullptr, findSensor}},
         {tr("View"), panes},
         {tr("Window"),
-         {command(tr("Minimize"), controlAnd(Qt::Key_M), &MenuBar::minimize),
-          command(tr("Zoom"), {}, &MenuBar::zoom), nullptr, closeWindow}},
+         {command(tr("Minimize"), controlAnd(Qt::Key_M), &WindowCommands::minimize),
+          command(tr("Zoom"), {}, &WindowCommands::zoom), nullptr, closeWindow}},
         {tr("Help"), {help}},
     };
     // Without a parent it is there for every window.
@@ -176,12 +179,12 @@ void MenuBar::makeMenus() {
                 offered.push_back(action);
             action ? shown->addAction(action) : static_cast<void>(shown->addSeparator());
         }
-        connect(shown, &QMenu::aboutToShow, this, &MenuBar::enablePossibleTextCommands);
-        connect(shown, &QMenu::aboutToHide, this, &MenuBar::enableTextCommands);
+        connect(shown, &QMenu::aboutToShow, this, &WindowCommands::enablePossibleTextCommands);
+        connect(shown, &QMenu::aboutToHide, this, &WindowCommands::enableTextCommands);
     }
 }
 
-QString MenuBar::keys() const {
+QString WindowCommands::keys() const {
     QString rows;
     for (const QAction* action : offered) {
         const QString keys = action->shortcut().toString(QKeySequence::NativeText);
@@ -192,65 +195,65 @@ QString MenuBar::keys() const {
     return rows;
 }
 
-void MenuBar::enableTextCommands() {
+void WindowCommands::enableTextCommands() {
     const bool enabled = textField() != nullptr;
     for (const TextCommand& each : textCommands)
         each.action->setEnabled(enabled);
 }
 
-void MenuBar::enablePossibleTextCommands() {
+void WindowCommands::enablePossibleTextCommands() {
     const QLineEdit* field = textField();
     for (const TextCommand& each : textCommands)
         each.action->setEnabled(field && each.isPossible(*field));
 }
 
-void MenuBar::followSection() {
+void WindowCommands::followSection() {
     for (std::size_t pane = 0; pane < allPanes.size(); ++pane)
         panes[pane]->setChecked(window.section() == allPanes[pane]);
     findSensor->setEnabled(qobject_cast<SensorsView*>(window.detail()) != nullptr);
 }
 
-void MenuBar::showAbout() {
+void WindowCommands::showAbout() {
     showNote(window, tr("About Tervale"), QStringLiteral("Tervale"),
              tr("Version %1").arg(versionText(SystemMetadata(makeBundleText()))));
 }
 
-void MenuBar::showKeys() {
+void WindowCommands::showKeys() {
     showNote(window, tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"),
              QStringLiteral("<table>") + keys() + QStringLiteral("</table>"));
 }
 
-void MenuBar::showSettings() {
+void WindowCommands::showSettings() {
     window.setSection(Pane::settings);
 }
 
-void MenuBar::find() {
+void WindowCommands::find() {
     if (auto* sensors = qobject_cast<SensorsView*>(window.detail()))
         sensors->find();
 }
 
-QWidget& MenuBar::frontWindow() const {
+QWidget& WindowCommands::frontWindow() const {
     QWidget* active = QApplication::activeWindow();
     return active ? *active : window;
 }
 
-void MenuBar::minimize() {
+void WindowCommands::minimize() {
     QWidget& front = frontWindow();
     if (hasButton(front, Qt::WindowMinimizeButtonHint))
         front.showMinimized();
 }
 
-void MenuBar::zoom() {
+void WindowCommands::zoom() {
     QWidget& front = frontWindow();
     if (hasButton(front, Qt::WindowMaximizeButtonHint))
         front.isMaximized() ? front.showNormal() : front.showMaximized();
 }
 
-void MenuBar::closeFront() {
+void WindowCommands::closeFront() {
     frontWindow().close();
 }
 
-void MenuBar::quitApplication() {
+void WindowCommands::quitApplication() {
     window.close();
 }
 
