@@ -1,6 +1,7 @@
 #include "JSON/JSONReader.h"
 
 #include "Base/Overloaded.h"
+#include "JSON/JSONNumber.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,17 +10,26 @@ namespace tervale {
 
 namespace {
 
-const char* nameOf(const JSONValue& json) {
-    return std::visit(overloaded{
-                          [](JSONNull) { return "null"; },
-                          [](bool) { return "a truth value"; },
-                          [](std::int64_t) { return "a number"; },
-                          [](double) { return "a number"; },
-                          [](const std::string&) { return "a string"; },
-                          [](const JSONArray&) { return "an array"; },
-                          [](const JSONObject&) { return "an object"; },
-                      },
-                      json.value);
+const char* nameOf(char first) {
+    switch (first) {
+    case 'n':
+        return "null";
+    case 't':
+    case 'f':
+        return "a truth value";
+    case '"':
+        return "a string";
+    case '[':
+        return "an array";
+    case '{':
+        return "an object";
+    default:
+        return "a number";
+    }
+}
+
+bool beginsNumber(char first) {
+    return first == '-' || (first >= '0' && first <= '9');
 }
 
 } // namespace
@@ -37,42 +47,39 @@ void JSONReader::fail(DecodingError::Kind kind, std::string description) const {
 }
 
 void JSONReader::failToFind(const char* expected) const {
-    const bool isNull = std::holds_alternative<JSONNull>(json.value);
-    fail(isNull ? DecodingError::Kind::valueNotFound : DecodingError::Kind::typeMismatch,
-         std::string("Expected ") + expected + ", found " + nameOf(json) + ".");
+    fail(json.front() == 'n' ? DecodingError::Kind::valueNotFound
+                             : DecodingError::Kind::typeMismatch,
+         std::string("Expected ") + expected + ", found " + nameOf(json.front()) + ".");
 }
 
-const JSONObject& JSONReader::members() const {
-    const auto* object = std::get_if<JSONObject>(&json.value);
-    if (!object)
+JSONItems JSONReader::memberItems() const {
+    if (json.front() != '{')
         failToFind("an object");
-    return *object;
+    return JSONItems(json);
 }
 
-const JSONArray& JSONReader::elementValues() const {
-    const auto* array = std::get_if<JSONArray>(&json.value);
-    if (!array)
+JSONItems JSONReader::elementItems() const {
+    if (json.front() != '[')
         failToFind("an array");
-    return *array;
+    return JSONItems(json);
 }
 
-const JSONValue* JSONReader::find(std::string_view name) const {
-    const JSONObject& object = members();
-    const auto found = std::find_if(object.begin(), object.end(), [name](const JSONMember& member) {
-        return member.name == name;
-    });
-    return found == object.end() ? nullptr : &found->value;
+std::optional<std::string_view> JSONReader::find(std::string_view name) const {
+    for (JSONItems items = memberItems(); items.next();)
+        if (items.isNamed(name))
+            return items.value();
+    return std::nullopt;
 }
 
-std::vector<std::string_view> JSONReader::names() const {
-    std::vector<std::string_view> names;
-    for (const JSONMember& member : members())
-        names.push_back(member.name);
+std::vector<std::string> JSONReader::names() const {
+    std::vector<std::string> names;
+    for (JSONItems items = memberItems(); items.next();)
+        names.push_back(items.name());
     return names;
 }
 
 JSONReader JSONReader::requiredMember(std::string_view name) const {
-    const JSONValue* found = find(name);
+    const std::optional<std::string_view> found = find(name);
     if (!found)
         fail(DecodingError::Kind::keyNotFound,
              "The member \"" + std::string(name) + "\" is missing.");
@@ -80,38 +87,34 @@ JSONReader JSONReader::requiredMember(std::string_view name) const {
 }
 
 bool JSONReader::boolean() const {
-    const bool* value = std::get_if<bool>(&json.value);
-    if (!value)
+    if (json.front() != 't' && json.front() != 'f')
         failToFind("a truth value");
-    return *value;
+    return json.front() == 't';
 }
 
 double JSONReader::number() const {
-    if (const double* value = std::get_if<double>(&json.value))
-        return *value;
-    const std::int64_t* whole = std::get_if<std::int64_t>(&json.value);
-    if (!whole)
+    if (!beginsNumber(json.front()))
         failToFind("a number");
-    return static_cast<double>(*whole);
+    const std::optional<double> value = jsonDouble(firstValue(json));
+    if (!value)
+        fail(DecodingError::Kind::dataCorrupted, "The number is greater than any that fits.");
+    return *value;
 }
 
 std::int64_t JSONReader::integer() const {
-    if (const std::int64_t* value = std::get_if<std::int64_t>(&json.value))
-        return *value;
-    const double* number = std::get_if<double>(&json.value);
-    if (!number)
+    if (!beginsNumber(json.front()))
         failToFind("an integer");
-    // Whole numbers that fit are integers already, but for some spellings of zero.
-    if (*number != 0)
+    const std::optional<std::int64_t> value = jsonInteger(firstValue(json));
+    if (!value)
         fail(DecodingError::Kind::dataCorrupted, "The number is no 64-bit integer.");
-    return 0;
+    return *value;
 }
 
-const std::string& JSONReader::text() const {
-    const auto* value = std::get_if<std::string>(&json.value);
-    if (!value)
+std::string JSONReader::text() const {
+    if (json.front() != '"')
         failToFind("a string");
-    return *value;
+    const std::string_view spelling = firstValue(json);
+    return unescaped(spelling.substr(1, spelling.size() - 2));
 }
 
 } // namespace tervale

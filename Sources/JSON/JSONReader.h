@@ -1,7 +1,8 @@
 #pragma once
 
-#include "JSON/JSON.h"
-#include "JSON/JSONValue.h"
+#include "JSON/JSONError.h"
+#include "JSON/JSONForward.h"
+#include "JSON/JSONText.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,29 +10,21 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <variant>
 #include <vector>
 
 namespace tervale {
 
-/// Ends a decoding from any depth; caught by `decode`.
-struct DecodingFailure {
-    DecodingError error;
-};
-
-/// Picks the `read` of a type.
-template <class Value>
-using Type = std::type_identity<Value>;
-
 /// One value of a JSON text together with the way that leads to it. Checks the shape of what is
-/// asked for and throws `DecodingFailure` where it is another. Borrows the value, the name, and the
-/// reader of the value that it was reached from.
+/// asked for and throws `DecodingFailure` where it is another. Looks things up in the text itself:
+/// what nobody asks for is never built. Borrows the text, the name, and the reader of the value
+/// that it was reached from.
 ///
 /// A type is decoded by an overload of `read(const JSONReader&, Type<Value>)`.
 class JSONReader {
   public:
-    explicit JSONReader(const JSONValue& document) : json(document) {}
+    /// `text` comes from `checkedJSON`.
+    explicit JSONReader(std::string_view text) : json(text) {}
 
     template <class Value>
     Value as() const {
@@ -45,19 +38,17 @@ class JSONReader {
     /// Nothing if the member is absent or null.
     template <class Value>
     std::optional<Value> optionalMember(std::string_view name) const {
-        const JSONValue* found = find(name);
-        if (!found || std::holds_alternative<JSONNull>(found->value))
+        const std::optional<std::string_view> found = find(name);
+        if (!found || found->front() == 'n')
             return std::nullopt;
         return JSONReader(*found, this, name).as<Value>();
     }
 
     template <class Value>
     std::vector<Value> elements() const {
-        const JSONArray& array = elementValues();
         std::vector<Value> values;
-        values.reserve(array.size());
-        for (std::size_t index = 0; index < array.size(); ++index)
-            values.push_back(JSONReader(array[index], this, index).as<Value>());
+        for (JSONItems items = elementItems(); items.next();)
+            values.push_back(JSONReader(items.value(), this, values.size()).as<Value>());
         return values;
     }
 
@@ -74,27 +65,28 @@ class JSONReader {
     double number() const;
     std::int64_t integer() const;
     /// The names of an object's members.
-    std::vector<std::string_view> names() const;
-    const std::string& text() const;
+    std::vector<std::string> names() const;
+    std::string text() const;
 
     [[noreturn]] void fail(DecodingError::Kind kind, std::string description) const;
 
   private:
     using Step = std::variant<std::string_view, std::size_t>;
 
-    JSONReader(const JSONValue& json, const JSONReader* parent, Step step)
+    JSONReader(std::string_view json, const JSONReader* parent, Step step)
         : json(json),
           parent(parent),
           step(step) {}
 
-    /// The first member of that name, or null. The value must be an object.
-    const JSONValue* find(std::string_view name) const;
+    /// The text from the first member of that name on. The value must be an object.
+    std::optional<std::string_view> find(std::string_view name) const;
     JSONReader requiredMember(std::string_view name) const;
-    const JSONArray& elementValues() const;
-    const JSONObject& members() const;
+    JSONItems memberItems() const;
+    JSONItems elementItems() const;
     [[noreturn]] void failToFind(const char* expected) const;
 
-    const JSONValue& json;
+    /// Begins with the value, and goes on behind it.
+    std::string_view json;
     const JSONReader* parent = nullptr;
     Step step;
 };
@@ -102,18 +94,23 @@ class JSONReader {
 template <class Value>
 Value JSONReader::oneOf(std::initializer_list<Case<Value>> cases) const {
     const Case<Value>* chosen = nullptr;
-    std::size_t count = 0;
-    for (const Case<Value>& candidate : cases) {
-        if (find(candidate.name)) {
+    std::string_view text;
+    for (JSONItems items = memberItems(); items.next();) {
+        for (const Case<Value>& candidate : cases) {
+            if (&candidate == chosen || !items.isNamed(candidate.name))
+                continue;
+            if (chosen)
+                fail(DecodingError::Kind::typeMismatch,
+                     "Invalid number of keys found, expected one.");
             chosen = &candidate;
-            ++count;
+            text = items.value();
         }
     }
-    if (count != 1)
+    if (!chosen)
         fail(DecodingError::Kind::typeMismatch, "Invalid number of keys found, expected one.");
-    const JSONReader payload = requiredMember(chosen->name);
+    const JSONReader payload(text, this, chosen->name);
     // Also a case without a payload holds an object.
-    payload.members();
+    payload.memberItems();
     return chosen->payload(payload);
 }
 

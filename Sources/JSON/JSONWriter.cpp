@@ -1,6 +1,6 @@
 #include "JSON/JSONWriter.h"
 
-#include "JSON/JSON.h"
+#include "JSON/JSONError.h"
 
 #include <nlohmann/json.hpp>
 
@@ -18,7 +18,7 @@ void JSONWriter::integer(std::int64_t value) {
 
 void JSONWriter::number(double value) {
     if (!std::isfinite(value))
-        throw EncodingError();
+        throw EncodingError("A number is not finite.");
     constexpr double exactLimit = 9007199254740992.0;
     if (value == 0 && std::signbit(value))
         text += "-0";

@@ -27,7 +27,7 @@ class JSONWriter {
         key(name);
         write(*this, value);
     }
-    /// Nothing is written for nothing.
+    /// An absent value writes no member.
     template <class Value>
     void optionalMember(std::string_view name, const std::optional<Value>& value) {
         if (value)

@@ -1,6 +1,7 @@
 #include "Profiles/Bridge.h"
 
-#include "JSON/JSON.h"
+#include "Profiles/BridgeLimit.h"
+#include "Profiles/JSONCoding.h"
 
 #include <utility>
 
@@ -8,15 +9,23 @@ namespace tervale {
 
 namespace {
 
+/// Nothing for a value that cannot be sent.
+template <class Value>
+std::optional<std::string> textOf(const Value& value) {
+    try {
+        std::string text = encode(value);
+        if (text.size() <= maximumBridgeTextSize)
+            return text;
+    } catch (const EncodingError&) {
+        // Nobody is told: the channel carries no errors.
+    }
+    return std::nullopt;
+}
+
 template <class Value>
 void post(NotificationCenter& center, const char* name, const Value& value) {
-    std::string text;
-    try {
-        text = encode(value);
-    } catch (const EncodingError&) {
-        return;
-    }
-    center.post(name, text);
+    if (const std::optional<std::string> text = textOf(value))
+        center.post(name, text);
 }
 
 template <class Value>
@@ -24,7 +33,7 @@ ObserverToken observe(NotificationCenter& center, const char* name,
                       std::function<void(const Value&)> handler) {
     return center.observe(name,
                           [handler = std::move(handler)](const std::optional<std::string>& object) {
-                              if (!object)
+                              if (!object || object->size() > maximumBridgeTextSize)
                                   return;
                               const Decoded<Value> decoded = decode<Value>(*object);
                               if (const auto* value = std::get_if<Value>(&decoded))
@@ -33,6 +42,10 @@ ObserverToken observe(NotificationCenter& center, const char* name,
 }
 
 } // namespace
+
+bool fitsBridge(const BridgeState& state) {
+    return textOf(state).has_value();
+}
 
 void Bridge::send(const BridgeCommand& command) {
     post(center, commandName, command);

@@ -72,10 +72,4 @@ BridgeState read(const JSONReader& json, Type<BridgeState>) {
             json.member<bool>("launchAtLogin"),     json.member<std::vector<Profile>>("profiles")};
 }
 
-template std::string encode(const BridgeCommand&);
-template std::string encode(const BridgeState&);
-
-template Decoded<BridgeCommand> decode(std::string_view);
-template Decoded<BridgeState> decode(std::string_view);
-
 } // namespace tervale

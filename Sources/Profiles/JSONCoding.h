@@ -1,12 +1,8 @@
 #pragma once
 
 #include "JSON/JSON.h"
-#include "JSON/JSONReader.h"
-#include "JSON/JSONWriter.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/Profile.h"
-
-#include <utility>
 
 namespace tervale {
 
@@ -36,22 +32,5 @@ Profile read(const JSONReader& json, Type<Profile>);
 Date read(const JSONReader& json, Type<Date>);
 BridgeCommand read(const JSONReader& json, Type<BridgeCommand>);
 BridgeState read(const JSONReader& json, Type<BridgeState>);
-
-template <class Value>
-std::string encode(const Value& value) {
-    JSONWriter json;
-    write(json, value);
-    return std::move(json.text);
-}
-
-template <class Value>
-Decoded<Value> decode(std::string_view text) {
-    try {
-        const JSONValue document = parseJSON(text);
-        return JSONReader(document).as<Value>();
-    } catch (DecodingFailure& failure) {
-        return std::move(failure.error);
-    }
-}
 
 } // namespace tervale

@@ -130,24 +130,4 @@ Profile read(const JSONReader& json, Type<Profile>) {
             json.member<ProfileKind>("kind")};
 }
 
-template std::string encode(const SensorGroup&);
-template std::string encode(const TemperatureInput&);
-template std::string encode(const CurvePoint&);
-template std::string encode(const Curve&);
-template std::string encode(const Action&);
-template std::string encode(const Window&);
-template std::string encode(const ProfileKind&);
-template std::string encode(const Profile&);
-template std::string encode(const std::vector<Profile>&);
-
-template Decoded<SensorGroup> decode(std::string_view);
-template Decoded<TemperatureInput> decode(std::string_view);
-template Decoded<CurvePoint> decode(std::string_view);
-template Decoded<Curve> decode(std::string_view);
-template Decoded<Action> decode(std::string_view);
-template Decoded<Window> decode(std::string_view);
-template Decoded<ProfileKind> decode(std::string_view);
-template Decoded<Profile> decode(std::string_view);
-template Decoded<std::vector<Profile>> decode(std::string_view);
-
 } // namespace tervale

@@ -1,8 +1,8 @@
 #include "tervalectl/ActionText.h"
 
 #include "Base/Overloaded.h"
-#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
+#include "Profiles/JSONCoding.h"
 #include "tervalectl/Failure.h"
 #include "tervalectl/Quantities.h"
 

@@ -1,8 +1,8 @@
 #include "tervalectl/AgentConnection.h"
 
 #include "Base/Precondition.h"
-#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
+#include "Profiles/JSONCoding.h"
 #include "tervalectl/Table.h"
 
 #include <QString>

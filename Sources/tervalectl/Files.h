@@ -1,6 +1,6 @@
 #pragma once
 
-#include "JSON/JSONValue.h"
+#include "JSON/JSONText.h"
 #include "tervalectl/Context.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include "tervalectl/ProfileFile.h"
 
-#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
+#include "Profiles/JSONCoding.h"
 #include "tervalectl/Files.h"
 
 namespace tervale {

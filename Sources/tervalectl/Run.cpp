@@ -35,8 +35,8 @@ ExitStatus carryOut(const ctl::Command& command, Context& context, std::ostream&
     } catch (const SMCError& error) {
         return fail(errors, "The controller cannot be read: " + error.description,
                     ExitStatus::refused);
-    } catch (const EncodingError&) {
-        return fail(errors, "A number that is not finite cannot be written as JSON.",
+    } catch (const EncodingError& error) {
+        return fail(errors, "That cannot be written as JSON: " + std::string(error.what()),
                     ExitStatus::refused);
     } catch (const std::exception& error) {
         return fail(errors, error.what(), ExitStatus::refused);

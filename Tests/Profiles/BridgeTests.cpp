@@ -1,15 +1,21 @@
 #include "Profiles/Bridge.h"
+#include "Profiles/BridgeLimit.h"
 #include "Profiles/InProcessNotificationCenter.h"
+#include "Profiles/JSONCoding.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace tervale {
 
 namespace {
+
+using namespace std::string_view_literals;
 
 using Object = std::optional<std::string>;
 
@@ -124,6 +130,48 @@ TEST_F(BridgeTest, IgnoresWhatDoesNotDecode) {
     center.post(Bridge::stateName,
                 R"({"selection":{"automatic":{}},"launchAtLogin":false,"profiles":[]})");
     EXPECT_EQ(states, 1);
+}
+
+TEST_F(BridgeTest, RefusesALongTextUnread) {
+    int states = 0;
+    const ObserverToken token = bridge.onState([&](const BridgeState&) { ++states; });
+    std::string text = encode(BridgeState());
+    text.resize(maximumBridgeTextSize, ' ');
+    center.post(Bridge::stateName, text);
+    EXPECT_EQ(states, 1);
+    center.post(Bridge::stateName, text + " ");
+    EXPECT_EQ(states, 1);
+}
+
+TEST_F(BridgeTest, SendsNoTextThatNobodyReads) {
+    const auto& objects = posted(Bridge::stateName);
+    BridgeState state;
+    const std::size_t shell = R"(,"status":"")"sv.size() + encode(state).size();
+    state.status = std::string(maximumBridgeTextSize - shell, 's');
+    EXPECT_TRUE(fitsBridge(state));
+    bridge.publish(state);
+    EXPECT_EQ(objects.size(), 1U);
+    *state.status += 's';
+    EXPECT_FALSE(fitsBridge(state));
+    bridge.publish(state);
+    EXPECT_EQ(objects.size(), 1U);
+}
+
+TEST_F(BridgeTest, HasRoomForManyTimesTheProfilesThatPeopleMake) {
+    BridgeState state{action::Profile{UUID::random()},
+                      action::Profile{UUID::random()},
+                      Date{785000000.123456},
+                      std::string(200, 's'),
+                      true,
+                      {}};
+    Curve curve;
+    for (int i = 0; i < Profile::maxPoints; ++i)
+        curve.points.push_back({40.123456789012345 + i, 0.123456789012345 + i / 10.0});
+    for (int i = 0; i < 40; ++i)
+        state.profiles.push_back(
+            {UUID::random(), "A profile with a rather long name",
+             kind::Temperature{TemperatureInput::averageOf(SensorGroup::memory), curve}});
+    EXPECT_LT(encode(state).size(), maximumBridgeTextSize / 6);
 }
 
 TEST_F(BridgeTest, HearsOfQuittingWhateverItCarries) {

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "JSON/JSON.h"
+#include "JSON/Decoded.h"
 #include "Profiles/Bridge.h"
+#include "Profiles/JSONCoding.h"
 
 #include <nlohmann/json.hpp>
 
@@ -12,21 +13,6 @@
 #include <vector>
 
 namespace tervale::test {
-
-/// The value, or an exception with the error's text.
-template <class Value>
-Value decoded(std::string_view text) {
-    const Decoded<Value> result = decode<Value>(text);
-    if (const auto* error = std::get_if<DecodingError>(&result))
-        throw std::runtime_error(error->text());
-    return std::get<Value>(result);
-}
-
-/// The error, or an exception if there is none.
-template <class Value>
-DecodingError decodingError(std::string_view text) {
-    return std::get<DecodingError>(decode<Value>(text));
-}
 
 /// Calls `function` with the `std::type_identity` of the type that the fixtures call `name`.
 template <class Function>

@@ -66,6 +66,15 @@ TEST_F(ProfileStoreTest, ReadsAValueOfAnotherTypeAsTheDefault) {
     EXPECT_EQ(store.selection(), Action(action::Fixed{1}));
 }
 
+TEST_F(ProfileStoreTest, KeepsTheOldListRatherThanWriteWhatIsNotReadBack) {
+    const std::vector<Profile> old{load("old", 1)};
+    store.setProfiles(old);
+    Profile endless = load("", 1);
+    endless.name.assign(std::size_t{17} * 1024 * 1024, 'n');
+    store.setProfiles({endless});
+    EXPECT_EQ(store.profiles(), old);
+}
+
 TEST_F(ProfileStoreTest, ReadsAListWithOneBadProfileAsEmptyAndWritesOverIt) {
     store.setProfiles({load("a", 1)});
     Preferences::Data data = *defaults.data("profiles");

@@ -1,4 +1,4 @@
-#include "JSON/JSON.h"
+#include "JSON/JSONError.h"
 
 namespace tervale {
 
