@@ -1,8 +1,10 @@
 #include "Profiles/InProcessNotificationCenter.h"
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <mutex>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -53,14 +55,55 @@ struct InProcessNotificationCenter::Registry {
     }
 };
 
+/// What is to be delivered on one thread, in the order of the posts.
+struct InProcessNotificationCenter::MainThread {
+    const std::thread::id id = std::this_thread::get_id();
+    std::mutex mutex;
+    std::deque<std::function<void()>> deliveries;
+
+    void enqueue(std::function<void()> delivery) {
+        const std::lock_guard lock(mutex);
+        deliveries.push_back(std::move(delivery));
+    }
+    /// Empty if there is none.
+    std::function<void()> next() {
+        const std::lock_guard lock(mutex);
+        if (deliveries.empty())
+            return nullptr;
+        std::function<void()> delivery = std::move(deliveries.front());
+        deliveries.pop_front();
+        return delivery;
+    }
+    void deliver() {
+        while (const auto delivery = next())
+            delivery();
+    }
+};
+
 InProcessNotificationCenter::InProcessNotificationCenter()
-    : InProcessNotificationCenter([](const std::function<void()>& delivery) { delivery(); }) {}
+    : InProcessNotificationCenter(std::make_shared<MainThread>()) {}
+
+InProcessNotificationCenter::InProcessNotificationCenter(
+    const std::shared_ptr<MainThread>& mainThread)
+    : dispatch([mainThread](std::function<void()> delivery) {
+          mainThread->enqueue(std::move(delivery));
+          if (std::this_thread::get_id() == mainThread->id)
+              mainThread->deliver();
+      }),
+      registry(std::make_shared<Registry>()),
+      mainThread(mainThread) {}
 
 InProcessNotificationCenter::InProcessNotificationCenter(Dispatch dispatch)
     : dispatch(std::move(dispatch)),
       registry(std::make_shared<Registry>()) {}
 
 InProcessNotificationCenter::~InProcessNotificationCenter() = default;
+
+void InProcessNotificationCenter::deliverPending() {
+    // A handler may let go of the center.
+    if (const std::shared_ptr<MainThread> thread = mainThread)
+        thread->deliver();
+}
 
 void InProcessNotificationCenter::post(const std::string& name,
                                        const std::optional<std::string>& object) {

@@ -11,6 +11,8 @@ namespace {
 
 using Object = std::optional<std::string>;
 
+const std::thread::id mainThread = std::this_thread::get_id();
+
 /// Keeps deliveries until they are asked for, as a main thread's queue does.
 struct Queue {
     std::vector<std::function<void()>> deliveries;
@@ -108,6 +110,24 @@ TEST(InProcessNotificationCenter, LetsATokenOutliveIt) {
         token = center.observe("a", [](const Object&) {});
     }
     token.reset();
+}
+
+TEST(InProcessNotificationCenter, DeliversOnTheMainThreadWhatAnotherOnePosts) {
+    InProcessNotificationCenter center;
+    std::vector<std::string> received;
+    const ObserverToken token = center.observe("a", [&](const Object& object) {
+        EXPECT_EQ(std::this_thread::get_id(), mainThread);
+        received.push_back(*object);
+    });
+    std::thread([&] { center.post("a", "x"); }).join();
+    EXPECT_TRUE(received.empty());
+    center.deliverPending();
+    EXPECT_EQ(received, std::vector<std::string>{"x"});
+    std::thread([&] { center.post("a", "y"); }).join();
+    center.post("a", "z");
+    EXPECT_EQ(received, (std::vector<std::string>{"x", "y", "z"}));
+    center.deliverPending();
+    EXPECT_EQ(received.size(), 3U);
 }
 
 TEST(InProcessNotificationCenter, LeavesTheDeliveryToItsDispatch) {
