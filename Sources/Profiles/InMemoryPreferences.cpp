@@ -13,6 +13,11 @@ std::optional<Preferences::Data> InMemoryPreferences::data(const std::string& ke
     return data ? std::optional(*data) : std::nullopt;
 }
 
+bool InMemoryPreferences::contains(const std::string& key) const {
+    const std::lock_guard lock(mutex);
+    return values.contains(key);
+}
+
 void InMemoryPreferences::setData(const std::string& key, const Data& data) {
     const std::lock_guard lock(mutex);
     values[key] = data;

@@ -14,6 +14,7 @@ namespace tervale {
 class InMemoryPreferences final : public Preferences {
   public:
     std::optional<Data> data(const std::string& key) const override;
+    bool contains(const std::string& key) const override;
     void setData(const std::string& key, const Data& data) override;
 
     void setString(const std::string& key, std::string string);

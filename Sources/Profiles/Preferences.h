@@ -15,8 +15,10 @@ class Preferences {
 
     virtual ~Preferences() = default;
 
-    /// Nothing when the key is absent or holds something other than data.
+    /// Nothing when the key is absent, or holds something other than data or that cannot be read.
     virtual std::optional<Data> data(const std::string& key) const = 0;
+    /// Whether anything is stored under the key, though it may not be readable.
+    virtual bool contains(const std::string& key) const = 0;
     virtual void setData(const std::string& key, const Data& data) = 0;
 };
 

@@ -92,16 +92,16 @@ bool writeTemporary(std::string& pattern, const Preferences::Data& data) {
 
 /// What a temporary file's name begins with; the rest is six characters. The dot makes sure that it
 /// is never the file of a key.
-std::string temporaryPrefix(const std::string& key) {
-    return "." + key + ".";
+std::string temporaryPrefix(const std::string& name) {
+    return "." + name + ".";
 }
 
 /// Whoever was interrupted while writing left a temporary file behind. Only one that nobody can
 /// still be writing goes.
-void removeLeftovers(const std::filesystem::path& folder, const std::string& key) {
+void removeLeftovers(const std::filesystem::path& folder, const std::string& file) {
     constexpr std::size_t randomCharacters = 6;
     constexpr auto longestWrite = std::chrono::hours(1);
-    const std::string prefix = temporaryPrefix(key);
+    const std::string prefix = temporaryPrefix(file);
     const auto oldest = std::filesystem::file_time_type::clock::now() - longestWrite;
     std::error_code error;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
@@ -112,6 +112,15 @@ void removeLeftovers(const std::filesystem::path& folder, const std::string& key
             entry->last_write_time(unknown) < oldest && !unknown)
             ::unlink(entry->path().c_str());
     }
+}
+
+/// Where the value lies: at the end of the links that people may have put in its place.
+std::filesystem::path followed(std::filesystem::path path) {
+    constexpr int mostLinks = 40;
+    std::error_code error;
+    for (int i = 0; i < mostLinks && std::filesystem::is_symlink(path, error); ++i)
+        path = path.parent_path() / std::filesystem::read_symlink(path, error);
+    return path;
 }
 
 std::filesystem::path homeFolder() {
@@ -144,18 +153,27 @@ std::optional<Preferences::Data> FilePreferences::data(const std::string& key) c
     return readAll(file.number());
 }
 
+bool FilePreferences::contains(const std::string& key) const {
+    precondition(isSafeKey(key), "a preferences key is no safe file name");
+    struct stat status {};
+    // Who may not look does not know.
+    return ::lstat((folder / key).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
 void FilePreferences::setData(const std::string& key, const Data& data) {
     precondition(isSafeKey(key), "a preferences key is no safe file name");
     if (data.size() > largestValue)
         return;
     createFolder(folder);
-    removeLeftovers(folder, key);
-    const std::filesystem::path path = folder / key;
-    std::string temporary = folder / (temporaryPrefix(key) + "XXXXXX");
+    const std::filesystem::path path = followed(folder / key);
+    const std::filesystem::path place = path.parent_path();
+    const std::string name = path.filename();
+    removeLeftovers(place, name);
+    std::string temporary = place / (temporaryPrefix(name) + "XXXXXX");
     if (!writeTemporary(temporary, data))
         return;
     if (::rename(temporary.c_str(), path.c_str()) == 0)
-        syncFolder(folder);
+        syncFolder(place);
     else
         ::unlink(temporary.c_str());
 }

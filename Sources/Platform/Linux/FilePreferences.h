@@ -12,7 +12,8 @@ namespace tervale {
 std::filesystem::path configurationFolder();
 
 /// Preferences as one file a key in a folder of their own, readable by the user alone. A file is
-/// replaced in one step, so that after a power cut it holds the old value or the new one. What
+/// replaced in one step, so that after a power cut it holds the old value or the new one; of a link
+/// in its place the target is. What
 /// cannot be read is absent, and what cannot be written is not. From any thread and process. What a
 /// write that was interrupted leaves in the folder is removed by a later one.
 ///
@@ -24,6 +25,7 @@ class FilePreferences final : public Preferences {
     explicit FilePreferences(std::filesystem::path folder);
 
     std::optional<Data> data(const std::string& key) const override;
+    bool contains(const std::string& key) const override;
     void setData(const std::string& key, const Data& data) override;
 
   private:

@@ -17,6 +17,7 @@ class UserDefaultsPreferences final : public Preferences {
     UserDefaultsPreferences& operator=(const UserDefaultsPreferences&) = delete;
 
     std::optional<Data> data(const std::string& key) const override;
+    bool contains(const std::string& key) const override;
     void setData(const std::string& key, const Data& data) override;
 
   private:

@@ -37,6 +37,12 @@ std::optional<Preferences::Data> UserDefaultsPreferences::data(const std::string
     }
 }
 
+bool UserDefaultsPreferences::contains(const std::string& key) const {
+    @autoreleasepool {
+        return [defaults->store objectForKey:foundationText(key)] != nil;
+    }
+}
+
 void UserDefaultsPreferences::setData(const std::string& key, const Data& data) {
     @autoreleasepool {
         [defaults->store setObject:[NSData dataWithBytes:data.data() length:data.size()]

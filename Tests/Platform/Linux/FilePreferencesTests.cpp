@@ -79,6 +79,33 @@ class FilePreferencesTest : public testing::Test {
 
 } // namespace
 
+TEST_F(FilePreferencesTest, KnowsWhatIsStoredThoughItCannotBeRead) {
+    const FilePreferences preferences(folder);
+    EXPECT_FALSE(preferences.contains("profiles"));
+    writeFile("profiles", "[]");
+    EXPECT_TRUE(preferences.contains("profiles"));
+    EXPECT_FALSE(preferences.contains("selection"));
+    fs::create_directory(folder / "selection");
+    EXPECT_TRUE(preferences.contains("selection"));
+    EXPECT_EQ(preferences.data("selection"), std::nullopt);
+}
+
+TEST_F(FilePreferencesTest, KeepsALinkThatAPersonPutInAFilesPlace) {
+    const fs::path elsewhere = root / "elsewhere";
+    fs::create_directories(elsewhere);
+    fs::create_directories(folder);
+    fs::create_symlink("../../elsewhere/second", folder / "profiles");
+    fs::create_symlink(elsewhere / "third", elsewhere / "second");
+    for (const char* text : {"one", "two"}) {
+        FilePreferences(folder).setData("profiles", bytes(text));
+        EXPECT_EQ(stored("profiles"), bytes(text));
+        EXPECT_TRUE(fs::is_symlink(folder / "profiles"));
+        EXPECT_TRUE(fs::is_symlink(elsewhere / "second"));
+        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(elsewhere / "third")));
+    }
+    EXPECT_EQ(fileCount(), 1U);
+}
+
 TEST_F(FilePreferencesTest, AreEmptyWithoutAFolder) {
     FilePreferences preferences(folder);
     EXPECT_FALSE(preferences.data("profiles"));
