@@ -12,6 +12,14 @@ namespace {
 /// A difference in target that nobody hears, in revolutions per minute.
 constexpr double inaudible = 10.0;
 
+/// No fan turns faster, in revolutions per minute; limits beyond are not to be believed.
+constexpr double fastest = 16000.0;
+
+bool areLimits(double min, double max) {
+    // Not a number is refused as well.
+    return min >= 0 && min <= max && max <= fastest;
+}
+
 /// A controller that counts more fans than this is not to be believed.
 constexpr std::int64_t mostFans = 100;
 
@@ -52,7 +60,7 @@ FanDriver::Error FanDriver::driveAll(double fraction) {
 
 void FanDriver::drive(std::int64_t index, double fraction) {
     const Fan fan = smc.fan(index);
-    if (!std::isfinite(fan.min) || !std::isfinite(fan.max) || fan.min > fan.max)
+    if (!areLimits(fan.min, fan.max))
         throw SMCError("fan " + std::to_string(index) + " has no limits");
     // Rounding must not carry the speed past a limit.
     const double rpm =

@@ -138,6 +138,20 @@ TEST_F(OddController, HasNoSpeedBetweenLimitsThatAreReversedOrNone) {
     }
 }
 
+TEST_F(OddController, HasNoSpeedBetweenLimitsThatNoFanCanHave) {
+    registry.setByte("F0md", 0);
+    registry.set("F0Tg", {"fpe2", test::bytesOf({0, 0}), std::nullopt});
+    for (const float most : {3e38F, 1e9F, 16001.0F}) {
+        registry.setFloat("F0Mx", most);
+        EXPECT_EQ(driver.apply(target::Speed{1}), "fan 0 has no limits") << most;
+    }
+    registry.setFloat("F0Mx", 6000);
+    registry.setFloat("F0Mn", -3e38F);
+    EXPECT_EQ(driver.apply(target::Speed{0}), "fan 0 has no limits");
+    registry.setFloat("F0Mn", 0);
+    EXPECT_EQ(driver.apply(target::Speed{0}), std::nullopt);
+}
+
 TEST_F(OddController, IsNotBelievedToHaveBillionsOfFans) {
     registry.set("FNum", {"ui32", test::bytesOf({255, 255, 255, 255}), std::nullopt});
     EXPECT_EQ(driver.apply(target::Speed{0.5}), "FNum: 4294967295 fans");
