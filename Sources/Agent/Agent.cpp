@@ -2,8 +2,12 @@
 
 #include "Agent/StarterProfiles.h"
 #include "Base/Overloaded.h"
+#include "Profiles/BridgeLimit.h"
+#include "Profiles/JSONCoding.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <variant>
@@ -15,9 +19,15 @@ namespace {
 
 constexpr const char* launchAtLoginKey = "launchAtLogin";
 constexpr const char* profilesKey = "profiles";
+/// Where profiles that could not be read are kept.
+constexpr const char* unreadableKey = "profiles.unreadable";
 
 constexpr const char* tooHot = "Too hot: Max until every CPU and GPU sensor is below 85 °C.";
 constexpr const char* upToDate = "Tervale is up to date.";
+constexpr const char* notStored = "Not everything could be stored yet. Another attempt follows.";
+constexpr const char* unreadable =
+    "The stored profiles cannot be read. They stay until you save others.";
+constexpr const char* tooLong = "Those profiles were not saved: they are too long.";
 constexpr const char* timerRefused = "That timer was not set: it must end within 24 hours.";
 
 Preferences::Data dataOf(std::string_view text) {
@@ -32,6 +42,19 @@ Action withinRange(Action action) {
     return action;
 }
 
+bool holdsProfiles(const Preferences::Data& data) {
+    const std::string_view text(reinterpret_cast<const char*>(data.data()), data.size());
+    return std::holds_alternative<std::vector<Profile>>(decode<std::vector<Profile>>(text));
+}
+
+/// Whether a state with these profiles can be published, whatever else it says.
+bool fits(BridgeState state, const std::vector<Profile>& profiles) {
+    constexpr std::size_t longestStatus = 1024;
+    state.profiles = profiles;
+    state.status.emplace(longestStatus, ' ');
+    return fitsBridge(state);
+}
+
 } // namespace
 
 Agent::Agent(Surroundings surroundings)
@@ -39,18 +62,31 @@ Agent::Agent(Surroundings surroundings)
       bridge(world.center),
       store(world.preferences),
       fans(world.smc) {
-    // Who has deleted every profile does not want these back.
-    if (!world.preferences.data(profilesKey))
-        store.setProfiles(starterProfiles());
-    state.profiles = store.profiles();
     state.selection = withinRange(store.selection());
     state.launchAtLogin = storedLaunchAtLogin();
+    takeUpProfiles();
     commandObserver = bridge.onCommand([this](const BridgeCommand& command) { handle(command); });
     control();
     publish();
 }
 
+void Agent::takeUpProfiles() {
+    // Who has deleted every profile does not want these back.
+    if (!world.preferences.contains(profilesKey)) {
+        state.profiles = starterProfiles();
+        keep();
+        return;
+    }
+    state.profiles = store.profiles();
+    const auto data = world.preferences.data(profilesKey);
+    profilesUnreadable = !data || !holdsProfiles(*data) || !fits(state, state.profiles);
+    if (profilesUnreadable)
+        state.profiles.clear();
+}
+
 void Agent::tick() {
+    if (nextAttempt && world.clock.now() >= *nextAttempt)
+        keep();
     if (state.timerEnds && world.clock.now() >= *state.timerEnds)
         endTimer();
     control();
@@ -63,28 +99,57 @@ std::optional<std::string> Agent::handBack() {
 }
 
 void Agent::handle(const BridgeCommand& command) {
-    std::visit(overloaded{[this](const command::Select& select) {
-                              state.selection = withinRange(select.action);
-                              store.setSelection(state.selection);
-                              notice.reset();
-                          },
-                          [this](const command::StartTimer& timer) { startTimer(timer); },
-                          [this](const command::SaveProfiles& save) {
-                              state.profiles = save.profiles;
-                              store.setProfiles(state.profiles);
-                          },
-                          [this](const command::SetLaunchAtLogin& set) {
-                              state.launchAtLogin = set.enabled;
-                              world.preferences.setData(launchAtLoginKey,
-                                                        dataOf(set.enabled ? "true" : "false"));
-                          },
-                          [this](const command::CancelTimer&) { endTimer(); },
-                          [this](const command::CheckForUpdates&) { notify(upToDate); },
-                          [](const command::RequestState&) {}},
-               command);
+    std::visit(
+        overloaded{
+            [this](const command::Select& select) {
+                state.selection = withinRange(select.action);
+                notice.reset();
+            },
+            [this](const command::StartTimer& timer) { startTimer(timer); },
+            [this](const command::SaveProfiles& save) { saveProfiles(save.profiles); },
+            [this](const command::SetLaunchAtLogin& set) { state.launchAtLogin = set.enabled; },
+            [this](const command::CancelTimer&) { endTimer(); },
+            [this](const command::CheckForUpdates&) { notify(upToDate); },
+            [](const command::RequestState&) {}},
+        command);
+    keep();
     // The fans follow at once rather than at the next tick.
     control();
     publish();
+}
+
+void Agent::saveProfiles(const std::vector<Profile>& profiles) {
+    if (!fits(state, profiles)) {
+        notify(tooLong);
+        return;
+    }
+    state.profiles = profiles;
+    notice.reset();
+    if (!std::exchange(profilesUnreadable, false))
+        return;
+    // A person may want to mend what nobody else can read.
+    if (const auto data = world.preferences.data(profilesKey))
+        world.preferences.setData(unreadableKey, *data);
+    // An empty list reads like one that is unreadable, and would not be written otherwise.
+    store.setProfiles(state.profiles);
+}
+
+void Agent::keep() {
+    if (!profilesUnreadable && store.profiles() != state.profiles)
+        store.setProfiles(state.profiles);
+    if (withinRange(store.selection()) != state.selection)
+        store.setSelection(state.selection);
+    if (storedLaunchAtLogin() != state.launchAtLogin)
+        world.preferences.setData(launchAtLoginKey, dataOf(state.launchAtLogin ? "true" : "false"));
+    nextAttempt.reset();
+    if (!isKept())
+        nextAttempt = world.clock.now() + storingInterval;
+}
+
+bool Agent::isKept() const {
+    return (profilesUnreadable || store.profiles() == state.profiles) &&
+           withinRange(store.selection()) == state.selection &&
+           storedLaunchAtLogin() == state.launchAtLogin;
 }
 
 void Agent::startTimer(const command::StartTimer& timer) {
@@ -116,8 +181,12 @@ void Agent::control() {
         state.status = tooHot;
     else if (error)
         state.status = error;
+    else if (nextAttempt)
+        state.status = notStored;
     else if (notice)
         state.status = notice->text;
+    else if (profilesUnreadable)
+        state.status = unreadable;
     else
         state.status.reset();
 }

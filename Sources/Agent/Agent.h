@@ -13,6 +13,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tervale {
 
@@ -36,6 +37,8 @@ class Agent {
     static constexpr double longestTimer = 24 * 60 * 60;
     /// How long the answer to an update check is shown, in seconds.
     static constexpr double noticeDuration = 6;
+    /// How long until what could not be stored is tried again, in seconds.
+    static constexpr double storingInterval = 10;
 
     /// Takes up the stored profiles and selection, drives the fans for the first time and
     /// publishes its state.
@@ -57,7 +60,9 @@ class Agent {
         Date until;
     };
 
+    void takeUpProfiles();
     void handle(const BridgeCommand& command);
+    void saveProfiles(const std::vector<Profile>& profiles);
     void startTimer(const command::StartTimer& timer);
     void endTimer();
     void notify(const char* text);
@@ -65,6 +70,9 @@ class Agent {
     void control();
     Target evaluate();
     void findSensors();
+    /// Stores what is not stored as it is, and takes note if it still is not then.
+    void keep();
+    bool isKept() const;
     bool storedLaunchAtLogin() const;
     void publish();
 
@@ -78,6 +86,10 @@ class Agent {
     BridgeState state;
     std::optional<BridgeState> published;
     std::optional<Notice> notice;
+    /// Until something is saved in place of the profiles that are stored and cannot be read.
+    bool profilesUnreadable = false;
+    /// What could not be stored is tried again then.
+    std::optional<Date> nextAttempt;
     ObserverToken commandObserver;
 };
 

@@ -1,5 +1,6 @@
 #include "Agent/Agent.h"
 #include "Agent/StarterProfiles.h"
+#include "Profiles/BridgeLimit.h"
 #include "Profiles/InMemoryPreferences.h"
 #include "Profiles/InProcessNotificationCenter.h"
 #include "Simulation/Simulation.h"
@@ -202,6 +203,110 @@ TEST_F(AgentTest, DoesNotOfferProfilesAgainToWhoHasDeletedThem) {
     send(command::SaveProfiles{{}});
     start();
     EXPECT_TRUE(last().profiles.empty());
+}
+
+TEST_F(AgentTest, RefusesProfilesThatWouldSilenceIt) {
+    const std::vector<Profile> before = last().profiles;
+    std::string name(maximumBridgeTextSize - 1000, 'n');
+    EXPECT_EQ(answersTo(command::SaveProfiles{{profileNamed(name, kind::Load{})}}), 1U);
+    EXPECT_EQ(last().profiles, before);
+    EXPECT_EQ(last().status, "Those profiles were not saved: they are too long.");
+    name.resize(name.size() - 1000);
+    EXPECT_EQ(answersTo(command::SaveProfiles{{profileNamed(name, kind::Load{})}}), 1U);
+    EXPECT_EQ(last().profiles.size(), 1U);
+    EXPECT_EQ(last().status, std::nullopt);
+}
+
+/// Preferences that fail as a disk does: nothing is read, or nothing is written.
+class FailingPreferences final : public Preferences {
+  public:
+    std::optional<Data> data(const std::string& key) const override {
+        return canRead ? kept.data(key) : std::nullopt;
+    }
+    bool contains(const std::string& key) const override { return kept.contains(key); }
+    void setData(const std::string& key, const Data& data) override {
+        if (canWrite)
+            kept.setData(key, data);
+    }
+
+    InMemoryPreferences kept;
+    bool canRead = true;
+    bool canWrite = true;
+};
+
+class AgentOnAFailingDisk : public testing::Test {
+  protected:
+    void start() {
+        simulation.reset();
+        simulation = std::make_unique<Simulation>(
+            SimulatedMacOptions{.scenario = Scenario::idle, .fillers = 0}, center, disk);
+    }
+    const BridgeState& state() { return simulation->agent()->currentState(); }
+    std::vector<Profile> stored() { return ProfileStore(disk.kept).profiles(); }
+    void send(const BridgeCommand& command) { Bridge(center).send(command); }
+
+    static constexpr const char* notStored =
+        "Not everything could be stored yet. Another attempt follows.";
+    static constexpr const char* unreadable =
+        "The stored profiles cannot be read. They stay until you save others.";
+    InProcessNotificationCenter center;
+    FailingPreferences disk;
+    std::unique_ptr<Simulation> simulation;
+    const std::vector<Profile> mine{profileNamed("Mine", kind::Load{flatAt70})};
+};
+
+TEST_F(AgentOnAFailingDisk, TellsThatASaveCouldNotBeStoredAndTriesAgain) {
+    start();
+    disk.canWrite = false;
+    send(command::SaveProfiles{mine});
+    EXPECT_EQ(state().profiles, mine);
+    EXPECT_EQ(state().status, notStored);
+    send(command::Select{action::Fixed{0.5}});
+    simulation->advance(30);
+    EXPECT_EQ(state().status, notStored);
+    EXPECT_NE(stored(), mine);
+    disk.canWrite = true;
+    simulation->advance(Agent::storingInterval + 1);
+    EXPECT_EQ(state().status, std::nullopt);
+    EXPECT_EQ(stored(), mine);
+    EXPECT_EQ(ProfileStore(disk.kept).selection(), Action(action::Fixed{0.5}));
+}
+
+TEST_F(AgentOnAFailingDisk, OffersTheStarterProfilesThoughTheyCannotBeStored) {
+    disk.canWrite = false;
+    start();
+    EXPECT_EQ(state().profiles, starterProfiles());
+    EXPECT_EQ(state().status, notStored);
+}
+
+TEST_F(AgentOnAFailingDisk, KeepsProfilesThatCannotBeReadAtTheStart) {
+    ProfileStore(disk.kept).setProfiles(mine);
+    disk.canRead = false;
+    start();
+    EXPECT_TRUE(state().profiles.empty());
+    EXPECT_EQ(state().status, unreadable);
+    EXPECT_EQ(stored(), mine);
+    disk.canRead = true;
+    simulation->advance(100);
+    EXPECT_EQ(stored(), mine);
+    start();
+    EXPECT_EQ(state().profiles, mine);
+    EXPECT_EQ(state().status, std::nullopt);
+}
+
+TEST_F(AgentOnAFailingDisk, KeepsATextThatIsNoListUntilAPersonSavesAndThenBesideIt) {
+    const Preferences::Data text{std::byte{'['}};
+    disk.kept.setData("profiles", text);
+    start();
+    EXPECT_EQ(state().status, unreadable);
+    send(command::Select{action::Fixed{0.5}});
+    EXPECT_EQ(disk.kept.data("profiles"), text);
+    send(command::SaveProfiles{});
+    EXPECT_EQ(state().status, std::nullopt);
+    EXPECT_TRUE(stored().empty());
+    EXPECT_EQ(disk.kept.data("profiles.unreadable"), text);
+    start();
+    EXPECT_EQ(state().status, std::nullopt) << "an empty list is a list";
 }
 
 TEST_F(AgentTest, HandsTheFansBack) {
