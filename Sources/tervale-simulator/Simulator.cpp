@@ -48,9 +48,9 @@ void Simulator::end() {
 
 void Simulator::serve(const std::optional<std::filesystem::path>& chosenPath) {
     path = chosenPath.value_or(controllerSocket::defaultPath());
-    if (!chosenPath && !controllerSocket::makePrivateFolder(path->parent_path()))
-        throw SocketServer::Refused("Cannot serve in '" + path->parent_path().string() +
-                                    "': it is no folder of this user's alone.");
+    // Whether it is fit to serve in is the server's to say.
+    if (!chosenPath)
+        controllerSocket::makePrivateFolder(path->parent_path());
     server = std::make_unique<SocketServer>(simulated.mac(), *path);
 }
 

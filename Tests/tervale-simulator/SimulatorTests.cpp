@@ -108,6 +108,15 @@ TEST_F(SimulatorTest, RefusesARuntimeFolderThatOthersCanWriteTo) {
     EXPECT_THROW(start(), SocketServer::Refused);
 }
 
+TEST_F(SimulatorTest, RefusesASocketWhereNobodyWouldLook) {
+    std::filesystem::create_directory(folder.path / "shared");
+    ASSERT_EQ(::chmod((folder.path / "shared").c_str(), 0777), 0);
+    run.socket = folder.path / "shared" / "socket";
+    EXPECT_THROW(start(), SocketServer::Refused);
+    EXPECT_TRUE(states.empty());
+    EXPECT_FALSE(std::filesystem::exists(*run.socket));
+}
+
 TEST_F(SimulatorTest, KeepsWhatTheAgentStores) {
     {
         const auto simulator = start();

@@ -175,6 +175,9 @@ void SocketServer::listen() {
         ::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder || ::flock(folder.number(), LOCK_EX) != 0)
         throw systemRefusal(path);
+    // Clients do not look where somebody else could have put a socket.
+    if (!controllerSocket::isPrivateFolder(path.parent_path()))
+        throw refusal(path, "its folder is not this user's alone to write to");
     removeStale(path, *address);
     // The socket's own mode becomes that of its file, less what the mask takes away.
     if (::fchmod(socket.number(), S_IRUSR | S_IWUSR) != 0 ||
