@@ -2,6 +2,7 @@ import importlib.machinery
 import importlib.util
 import os
 import shutil
+import subprocess
 import tarfile
 import tempfile
 import unittest
@@ -89,3 +90,43 @@ class Dependencies(unittest.TestCase):
     def test_are_wrong_of_any_version(self):
         declared = [f"{package} (>= 1)" for package in self.needed[1:]] + self.needed[:1]
         self.assertEqual(len(self.faults(declared)), 1)
+
+
+@unittest.skipUnless(shutil.which("c++") and shutil.which("readelf") or os.environ.get("CI") == "true",
+                     "a compiler is missing")
+class Hardening(unittest.TestCase):
+    PROGRAM = """#include <cstdio>
+    #include <cstring>
+    int main(int, char** arguments) {
+        char text[64];
+        std::strcpy(text, arguments[0]);
+        std::puts(text);
+    }"""
+    ALL = ["-O2", "-fPIC", "-pie", "-fstack-protector-strong", "-U_FORTIFY_SOURCE", "-D_FORTIFY_SOURCE=2",
+           "-Wl,-z,relro,-z,now,-z,noexecstack"]
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.root = Path(folder.name)
+        (cls.root / "program.cpp").write_text(cls.PROGRAM)
+
+    def faults(self, *more):
+        program = self.root / "program"
+        subprocess.run(["c++", *self.ALL, *more, str(self.root / "program.cpp"), "-o", str(program)], check=True)
+        return list(check_deb.hardening_faults([program]))
+
+    def test_is_right_with_every_measure(self):
+        self.assertEqual(self.faults(), [])
+
+    def test_is_wrong_without_any_one_of_them(self):
+        for options, expected in (
+                (["-no-pie"], "program is loaded at one address"),
+                (["-Wl,-z,lazy"], "program looks its functions up when they are first called"),
+                (["-Wl,-z,norelro"], "program leaves its tables writable"),
+                (["-Wl,-z,execstack"], "program can run what lies on its stack"),
+                (["-fno-stack-protector"], "program does not guard its stack"),
+                (["-U_FORTIFY_SOURCE"], "no program checks the lengths that it copies")):
+            with self.subTest(expected):
+                self.assertEqual(self.faults(*options), [expected])
