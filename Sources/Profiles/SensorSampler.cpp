@@ -8,6 +8,8 @@ namespace tervale {
 
 namespace {
 
+static_assert(temperatureInputCount <= 16, "a set of inputs has 16 bits; let it have more");
+
 std::size_t indexOf(SensorGroup group) {
     return static_cast<std::size_t>(static_cast<SensorGroup::Case>(group));
 }

@@ -17,6 +17,7 @@ constexpr std::array<Texts, 6> texts{{{"cpu", "CPU"},
                                       {"ssd", "SSD"},
                                       {"power", "Power"},
                                       {"other", "Other"}}};
+static_assert(texts.size() == SensorGroup::allCases.size(), "a group has no name");
 
 // The first prefix that begins a key decides.
 constexpr std::array<std::pair<std::string_view, SensorGroup::Case>, 9> prefixes{

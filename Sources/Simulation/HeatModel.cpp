@@ -1,5 +1,6 @@
 #include "Simulation/HeatModel.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace tervale {
@@ -23,6 +24,8 @@ constexpr std::array<Part, SensorGroup::allCases.size()> parameters{{
     {0.8, 1.5, 1.5, 0.4, 6.0},   // power
     {0.1, 0.1, 0.1, 0.05, 20.0}, // other
 }};
+static_assert(std::ranges::all_of(parameters, [](const Part& part) { return part.capacity > 0; }),
+              "a group has no part of the machine");
 
 constexpr double sinkCapacity = 90.0;
 constexpr double stillAirConductance = 0.33;
