@@ -48,6 +48,7 @@ set(toolkit_users TervaleWindow tervale-agent tervale-simulator tervalectl Machi
 set(json "^nlohmann/")
 
 set(faults 0)
+# Tells a fault, and counts it, unless it is one of those that are pending.
 macro(report text)
     set(excused FALSE)
     foreach(known IN LISTS pending)
@@ -77,6 +78,7 @@ macro(find_fault_of_own_header)
     endif()
 endmacro()
 
+# The same for a header in angle brackets.
 macro(find_fault_of_foreign_header)
     if(header MATCHES "${foreign}" AND NOT folder STREQUAL "Platform")
         set(fault "belongs to an operating system, which only Sources/Platform may know")
