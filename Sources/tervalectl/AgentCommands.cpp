@@ -4,7 +4,7 @@
 #include "Profiles/DisplayText.h"
 #include "Profiles/JSONCoding.h"
 #include "tervalectl/AgentConnection.h"
-#include "tervalectl/Table.h"
+#include "tervalectl/Formatting.h"
 
 #include <QDateTime>
 #include <QString>
@@ -49,7 +49,7 @@ void printState(const BridgeState& state, Context& context) {
 }
 
 /// The action that a text means to this agent, which is asked only if the text names a profile.
-Action resolve(const ActionText& text, AgentConnection& agent) {
+Action resolve(const ActionArgument& text, AgentConnection& agent) {
     if (std::holds_alternative<Action>(text))
         return std::get<Action>(text);
     return resolve(text, agent.state().profiles);

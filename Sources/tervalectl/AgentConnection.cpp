@@ -3,7 +3,7 @@
 #include "Base/Precondition.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/JSONCoding.h"
-#include "tervalectl/Table.h"
+#include "tervalectl/Formatting.h"
 
 #include <QString>
 #include <QTimer>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Machine/MachineChoice.h"
-#include "tervalectl/Command.h"
+#include "tervalectl/CommandTable.h"
 
 #include <QStringList>
 
@@ -13,7 +13,9 @@ namespace tervale::ctl {
 /// What the program's arguments ask for.
 struct CommandLine {
     struct Run {
-        Command command;
+        /// A row of the table.
+        const Command* command = nullptr;
+        Parameters parameters;
         /// Write for programs rather than for eyes.
         bool json = false;
         /// How long to wait for the agent, in seconds.
@@ -35,8 +37,8 @@ struct CommandLine {
     };
     using Request = std::variant<Run, Print, ShowVersion, Refuse>;
 
-    /// `arguments` begin with the program's name.
-    static Request parse(const QStringList& arguments);
+    /// `line` begins with the program's name.
+    static Request parse(const QStringList& line);
 };
 
 } // namespace tervale::ctl

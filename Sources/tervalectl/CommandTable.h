@@ -1,43 +1,44 @@
 #pragma once
 
+#include "tervalectl/Arguments.h"
+#include "tervalectl/Context.h"
+#include "tervalectl/Parameters.h"
+
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace tervale::ctl {
 
-/// An option that some of the commands take.
-struct OptionDescription {
+/// An option of the program. The table holds each once; a command names those that it takes.
+struct Option {
     std::string_view name;
-    /// What its value is called; empty for an option without one.
+    /// The name of its value; empty for an option without one.
     std::string_view value;
     std::string_view summary;
 };
 
-/// What people read of a command.
-struct CommandDescription {
-    /// One word or two.
+/// A row of the table: all that makes a command.
+struct Command {
+    /// One word, or a group and a word.
     std::string_view name;
-    /// The words that follow the name, such as "[FILTER]".
+    /// The positional arguments as the help shows them, such as "[FILTER]".
     std::string_view arguments;
-    std::string_view summary;
-    /// Names of the options that it takes, besides --help.
+    /// The names of its options, without --help, which every command takes.
     std::span<const std::string_view> options;
-    /// Further sentences for its help, each ending its line; may be empty.
+    std::string_view summary;
+    /// Further lines for its help, each with its line break; may be empty.
     std::string_view details;
+    /// Takes the arguments that follow the name. Throws `Failure`.
+    Parameters (*parse)(Arguments&);
+    /// `parameters` hold what `parse` returned. Throws `Failure` and `SMCError`.
+    ExitStatus (*perform)(const Parameters& parameters, Context&);
 };
 
-std::span<const CommandDescription> allCommands();
-std::span<const OptionDescription> allOptions();
+std::span<const Command> allCommands();
+std::span<const Option> allOptions();
 
 /// Null for an unknown name.
-const CommandDescription* findCommand(std::string_view name);
-bool takes(const CommandDescription& command, std::string_view option);
-
-/// The help of the program, and of one command.
-std::string help();
-std::string help(const CommandDescription& command);
-/// The commands whose first of two words this is; empty if there are none.
-std::string help(std::string_view group);
+const Command* findCommand(std::string_view name);
+bool takes(const Command& command, std::string_view option);
 
 } // namespace tervale::ctl

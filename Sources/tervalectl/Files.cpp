@@ -1,5 +1,8 @@
 #include "tervalectl/Files.h"
 
+#include "Profiles/Bridge.h"
+#include "Profiles/JSONCoding.h"
+
 #include <QFile>
 #include <QSaveFile>
 
@@ -38,6 +41,13 @@ std::string files::read(const std::string& path, Context& context) {
     if (file.error() != QFileDevice::NoError)
         throw cannot("read", path, file);
     return notTooLarge(text.toStdString(), path);
+}
+
+std::vector<Profile> files::readProfiles(const std::string& path, Context& context) {
+    auto decoded = decode<std::vector<Profile>>(read(path, context));
+    if (const auto* error = std::get_if<DecodingError>(&decoded))
+        throw refusal("No list of profiles is in " + nameOf(path) + ": " + error->text());
+    return std::get<std::vector<Profile>>(std::move(decoded));
 }
 
 void files::requireReadable(const std::string& path) {

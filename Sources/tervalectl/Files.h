@@ -1,6 +1,7 @@
 #pragma once
 
 #include "JSON/JSONText.h"
+#include "Profiles/Profile.h"
 #include "tervalectl/Context.h"
 
 #include <cstddef>
@@ -8,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tervale {
 
@@ -18,6 +20,10 @@ namespace files {
 std::string read(const std::string& path, Context& context);
 /// In one step: a file that is there keeps its content until the new one is complete.
 void write(const std::string& path, std::string_view text, Context& context);
+
+/// The profiles in a file that `profiles export` wrote, whatever problems they have. Throws
+/// `Failure` also for a text that is no list of profiles.
+std::vector<Profile> readProfiles(const std::string& path, Context& context);
 
 /// The next line, without what ends it; nothing at the end.
 std::optional<std::string> readLine(std::istream& in);

@@ -2,9 +2,8 @@
 
 #include "Profiles/DisplayText.h"
 #include "SMC/SMC.h"
+#include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"
-#include "tervalectl/SpeedText.h"
-#include "tervalectl/Table.h"
 
 #include <QString>
 

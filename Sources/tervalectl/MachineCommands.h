@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tervalectl/Command.h"
 #include "tervalectl/Context.h"
+#include "tervalectl/Parameters.h"
 
 namespace tervale {
 

@@ -3,9 +3,8 @@
 #include "Profiles/DisplayText.h"
 #include "Profiles/SensorSampler.h"
 #include "SMC/SMC.h"
+#include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"
-#include "tervalectl/SpeedText.h"
-#include "tervalectl/Table.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

@@ -5,8 +5,7 @@
 #include "Profiles/Validation.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Files.h"
-#include "tervalectl/ProfileFile.h"
-#include "tervalectl/Table.h"
+#include "tervalectl/Formatting.h"
 
 #include <algorithm>
 
@@ -88,7 +87,7 @@ ExitStatus perform(const ctl::ExportProfiles& command, Context& context) {
 }
 
 ExitStatus perform(const ctl::ImportProfiles& command, Context& context) {
-    const std::vector<Profile> profiles = readProfiles(command.file, context);
+    const std::vector<Profile> profiles = files::readProfiles(command.file, context);
     std::string line;
     for (const Finding& finding : examine(profiles)) {
         if (!isSound(finding))
@@ -103,7 +102,7 @@ ExitStatus perform(const ctl::ImportProfiles& command, Context& context) {
 }
 
 ExitStatus perform(const ctl::ValidateProfiles& command, Context& context) {
-    const std::vector<Profile> profiles = readProfiles(command.file, context);
+    const std::vector<Profile> profiles = files::readProfiles(command.file, context);
     const std::vector<Finding> findings = examine(profiles);
     if (context.json) {
         JSONWriter json;

@@ -4,11 +4,9 @@
 #include "Profiles/Controller.h"
 #include "Profiles/DisplayText.h"
 #include "Profiles/JSONCoding.h"
-#include "tervalectl/Bar.h"
 #include "tervalectl/Files.h"
+#include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"
-#include "tervalectl/ProfileFile.h"
-#include "tervalectl/Table.h"
 
 #include <algorithm>
 #include <cmath>
@@ -104,7 +102,7 @@ const Table& table() {
     static const Table table({{"TIME", Table::Alignment::right, 8},
                               {"READING", Table::Alignment::left, 22},
                               {"TARGET", Table::Alignment::right, 9},
-                              {"FANS", Table::Alignment::left, bar::length},
+                              {"FANS", Table::Alignment::left, barLength},
                               {"SAFETY"}});
     return table;
 }
@@ -121,7 +119,7 @@ void print(const Outcome& outcome, const MachineReading& reading, const DryRun& 
     table().print(context.out,
                   {reading.timeOfDay(), run.reading(reading),
                    speed ? displayText::percent(speed->fraction) : "automatic",
-                   speed ? bar::text(speed->fraction) : "", outcome.safety ? "engaged" : ""});
+                   speed ? barText(speed->fraction) : "", outcome.safety ? "engaged" : ""});
 }
 
 MachineReading readingIn(const std::string& line) {
@@ -147,7 +145,7 @@ void replay(std::istream& trace, DryRun& run, Context& context) {
 } // namespace
 
 ExitStatus perform(const ctl::Replay& command, Context& context) {
-    std::vector<Profile> profiles = readProfiles(command.profiles, context);
+    std::vector<Profile> profiles = files::readProfiles(command.profiles, context);
     const Action selection = resolve(command.selection, profiles);
     DryRun run(selection, std::move(profiles));
     std::ifstream file;

@@ -1,14 +1,8 @@
 #include "tervalectl/Run.h"
 
-#include "JSON/JSON.h"
-#include "Profiles/Bridge.h"
+#include "Profiles/JSONCoding.h"
 #include "SMC/SMC.h"
-#include "tervalectl/AgentCommands.h"
-#include "tervalectl/MachineCommands.h"
-#include "tervalectl/Monitor.h"
-#include "tervalectl/ProfileCommands.h"
-#include "tervalectl/Replay.h"
-#include "tervalectl/Table.h"
+#include "tervalectl/Formatting.h"
 
 namespace tervale {
 
@@ -21,10 +15,9 @@ ExitStatus fail(std::ostream& errors, const std::string& line, ExitStatus status
 
 } // namespace
 
-ExitStatus carryOut(const ctl::Command& command, Context& context, std::ostream& errors) {
+ExitStatus carryOut(const ctl::CommandLine::Run& run, Context& context, std::ostream& errors) {
     try {
-        const ExitStatus status =
-            std::visit([&](const auto& chosen) { return perform(chosen, context); }, command);
+        const ExitStatus status = run.command->perform(run.parameters, context);
         context.out.flush();
         if (!context.out)
             return fail(errors, "The output cannot be written.", ExitStatus::refused);

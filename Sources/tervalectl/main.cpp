@@ -17,7 +17,7 @@ ExitStatus run(const ctl::CommandLine::Run& run) {
     const SystemClock clock;
     Context context{std::cin, std::cout,   clock,
                     run.json, run.timeout, [&run] { return makeMachine(run.machine); }};
-    return carryOut(run.command, context, std::cerr);
+    return carryOut(run, context, std::cerr);
 }
 
 ExitStatus print(const std::string& text) {

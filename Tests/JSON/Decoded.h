@@ -1,6 +1,6 @@
 #pragma once
 
-#include "JSON/JSON.h"
+#include "Profiles/JSONCoding.h"
 
 #include <stdexcept>
 #include <string_view>

@@ -48,16 +48,16 @@ bool hasHeading(const std::string& headings, const std::string& name) {
 
 TEST(Packaging, ExplainsEveryCommandAndOptionInTheManual) {
     const std::string text = headings();
-    for (const ctl::CommandDescription& command : ctl::allCommands())
+    for (const ctl::Command& command : ctl::allCommands())
         EXPECT_TRUE(hasHeading(text, std::string(command.name))) << command.name;
-    for (const ctl::OptionDescription& option : ctl::allOptions())
+    for (const ctl::Option& option : ctl::allOptions())
         EXPECT_TRUE(hasHeading(text, "--" + std::string(option.name))) << option.name;
     EXPECT_FALSE(hasHeading(text, "frobnicate"));
 }
 
 TEST(Packaging, CompletesEveryCommandAndOptionInZsh) {
     const std::string text = read("completions/_tervalectl");
-    for (const ctl::CommandDescription& command : ctl::allCommands()) {
+    for (const ctl::Command& command : ctl::allCommands()) {
         const auto space = command.name.find(' ');
         const std::string first(command.name.substr(0, space));
         EXPECT_TRUE(text.find("'" + first + ":") != std::string::npos ||
@@ -66,7 +66,7 @@ TEST(Packaging, CompletesEveryCommandAndOptionInZsh) {
         const auto second = space == std::string_view::npos ? "" : command.name.substr(space + 1);
         EXPECT_NE(text.find(second, text.find("command:(list")), std::string::npos) << command.name;
     }
-    for (const ctl::OptionDescription& option : ctl::allOptions())
+    for (const ctl::Option& option : ctl::allOptions())
         EXPECT_NE(text.find("--" + std::string(option.name) + "["), std::string::npos)
             << option.name;
 }

@@ -1,5 +1,4 @@
-#include "tervalectl/Bar.h"
-#include "tervalectl/Table.h"
+#include "tervalectl/Formatting.h"
 
 #include <gtest/gtest.h>
 
@@ -37,13 +36,13 @@ TEST(Table, LetsNothingThroughThatATerminalObeys) {
 }
 
 TEST(Bar, IsAsLongAsTheFraction) {
-    EXPECT_EQ(bar::text(0), "");
-    EXPECT_EQ(bar::text(-1), "");
-    EXPECT_EQ(bar::text(0.5 / 24), "▌");
-    EXPECT_EQ(bar::text(2.0 / 24), "██");
+    EXPECT_EQ(barText(0), "");
+    EXPECT_EQ(barText(-1), "");
+    EXPECT_EQ(barText(0.5 / 24), "▌");
+    EXPECT_EQ(barText(2.0 / 24), "██");
     std::string full;
     for (int i = 0; i < 24; ++i)
         full += "█";
-    EXPECT_EQ(bar::text(1), full);
-    EXPECT_EQ(bar::text(7), full);
+    EXPECT_EQ(barText(1), full);
+    EXPECT_EQ(barText(7), full);
 }

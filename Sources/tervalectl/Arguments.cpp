@@ -1,4 +1,4 @@
-#include "tervalectl/Words.h"
+#include "tervalectl/Arguments.h"
 
 #include "tervalectl/CommandTable.h"
 
@@ -20,32 +20,32 @@ Failure misuse(std::string line) {
     return {ExitStatus::wrongUsage, std::move(line)};
 }
 
-Words::Words(const QStringList& arguments) {
-    for (const OptionDescription& option : allOptions())
+Arguments::Arguments(const QStringList& line) {
+    for (const Option& option : allOptions())
         parser.addOption(QCommandLineOption(optionName(option.name), {}, optionName(option.value)));
-    if (!parser.parse(arguments))
+    if (!parser.parse(line))
         throw misuse(parser.errorText().toStdString());
-    words = parser.positionalArguments();
+    positional = parser.positionalArguments();
 }
 
-bool Words::has(std::string_view option) const {
+bool Arguments::has(std::string_view option) const {
     return parser.isSet(optionName(option));
 }
 
-std::string Words::text(std::string_view option) const {
+std::string Arguments::value(std::string_view option) const {
     return parser.value(optionName(option)).toStdString();
 }
 
-std::string Words::path(std::string_view option) const {
+std::string Arguments::path(std::string_view option) const {
     return QFile::encodeName(parser.value(optionName(option))).toStdString();
 }
 
-std::string Words::takePath() {
-    return QFile::encodeName(words.takeFirst()).toStdString();
+std::string Arguments::takePath() {
+    return QFile::encodeName(positional.takeFirst()).toStdString();
 }
 
-std::string Words::takeAll() {
-    return std::exchange(words, {}).join(QLatin1Char(' ')).toStdString();
+std::string Arguments::takeAll() {
+    return std::exchange(positional, {}).join(QLatin1Char(' ')).toStdString();
 }
 
 } // namespace tervale::ctl

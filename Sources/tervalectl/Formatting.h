@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SMC/Fan.h"
+
 #include <cstddef>
 #include <ostream>
 #include <string>
@@ -8,8 +10,25 @@
 
 namespace tervale {
 
-/// Columns of text for eyes, in UTF-8. Nothing in a cell reaches the terminal but characters that
-/// print.
+// Text for people, in UTF-8.
+
+/// The text with a space for every character that a terminal obeys, and with ill-formed UTF-8
+/// repaired.
+std::string printable(std::string_view text);
+
+/// Such as "2317 rpm"; a dash stands for a number that no fan has.
+std::string speedText(double rpm);
+/// Such as "1350–5000 rpm".
+std::string rangeText(const Fan& fan);
+
+/// The length of a full bar, in characters.
+inline constexpr std::size_t barLength = 24;
+
+/// A fraction of 0 to 1 as a bar of block characters, to an eighth of a character; empty for 0,
+/// less than 0 and NaN, full above 1.
+std::string barText(double fraction);
+
+/// Columns of text. Each cell is printed as `printable` returns it.
 class Table {
   public:
     enum class Alignment { left, right };
@@ -40,9 +59,5 @@ class Table {
     std::vector<Column> columns;
     std::vector<Row> rows;
 };
-
-/// The text with a blank for every character that a terminal obeys, and with whatever is no UTF-8
-/// repaired.
-std::string printable(std::string_view text);
 
 } // namespace tervale

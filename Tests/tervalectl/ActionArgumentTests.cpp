@@ -1,4 +1,4 @@
-#include "tervalectl/ActionText.h"
+#include "tervalectl/ActionArgument.h"
 #include "tervalectl/Failure.h"
 
 #include <gtest/gtest.h>
@@ -23,25 +23,26 @@ std::string refusalOf(const char* name, const std::vector<Profile>& profiles) {
 
 } // namespace
 
-TEST(ActionText, ReadsWhatPeopleType) {
-    EXPECT_EQ(parseAction("automatic"), ActionText(Action(action::Automatic{})));
-    EXPECT_EQ(parseAction("max"), ActionText(Action(action::Fixed{1.0})));
-    EXPECT_EQ(parseAction("40%"), ActionText(Action(action::Fixed{0.4})));
-    EXPECT_EQ(parseAction("profile Late at night"), ActionText(ProfileReference{"Late at night"}));
+TEST(ActionArgument, ReadsWhatPeopleType) {
+    EXPECT_EQ(parseAction("automatic"), ActionArgument(Action(action::Automatic{})));
+    EXPECT_EQ(parseAction("max"), ActionArgument(Action(action::Fixed{1.0})));
+    EXPECT_EQ(parseAction("40%"), ActionArgument(Action(action::Fixed{0.4})));
+    EXPECT_EQ(parseAction("profile Late at night"),
+              ActionArgument(ProfileReference{"Late at night"}));
     for (const char* text :
          {"", "Automatic", "profile", "profile ", "40", "140%", "quiet", R"({"automatic":{}})"})
         EXPECT_EQ(parseAction(text), std::nullopt) << text;
 }
 
-TEST(ActionText, ReadsAnActionsJSONWhereItMay) {
+TEST(ActionArgument, ReadsAnActionsJSONWhereItMay) {
     EXPECT_EQ(parseActionOrJSON(R"({"fixed":{"_0":0.25}})"),
-              ActionText(Action(action::Fixed{0.25})));
-    EXPECT_EQ(parseActionOrJSON("max"), ActionText(Action(action::Fixed{1.0})));
+              ActionArgument(Action(action::Fixed{0.25})));
+    EXPECT_EQ(parseActionOrJSON("max"), ActionArgument(Action(action::Fixed{1.0})));
     EXPECT_EQ(parseActionOrJSON(R"({"fixed":{}})"), std::nullopt);
     EXPECT_EQ(parseActionOrJSON("{"), std::nullopt);
 }
 
-TEST(ActionText, FindsProfilesByIdBeforeName) {
+TEST(ActionArgument, FindsProfilesByIdBeforeName) {
     const Profile quiet = named("Quiet");
     const Profile disguised = named(quiet.id.text().c_str());
     const std::vector<Profile> profiles{disguised, quiet};
@@ -51,7 +52,7 @@ TEST(ActionText, FindsProfilesByIdBeforeName) {
     EXPECT_EQ(resolve(Action(action::Fixed{0.5}), profiles), Action(action::Fixed{0.5}));
 }
 
-TEST(ActionText, RefusesProfilesThatAreMissingOrAmbiguous) {
+TEST(ActionArgument, RefusesProfilesThatAreMissingOrAmbiguous) {
     EXPECT_EQ(refusalOf("Quiet", {named("quiet")}), "There is no profile 'Quiet'.");
     EXPECT_EQ(refusalOf("Quiet", {named("Quiet"), named("Quiet")}),
               "Several profiles are named 'Quiet'; give the id.");

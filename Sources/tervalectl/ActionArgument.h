@@ -19,15 +19,15 @@ struct ProfileReference {
 };
 
 /// An action as people type it: "automatic", "max", "40%", "profile Quiet".
-using ActionText = std::variant<Action, ProfileReference>;
+using ActionArgument = std::variant<Action, ProfileReference>;
 
 /// Nothing for a text that is no action.
-std::optional<ActionText> parseAction(std::string_view text);
+std::optional<ActionArgument> parseAction(std::string_view text);
 /// The same, and an action's JSON.
-std::optional<ActionText> parseActionOrJSON(std::string_view text);
+std::optional<ActionArgument> parseActionOrJSON(std::string_view text);
 
 /// The action that the text means among these profiles. Throws `Failure` if none, or several, of
 /// them is the one named.
-Action resolve(const ActionText& text, std::span<const Profile> profiles);
+Action resolve(const ActionArgument& text, std::span<const Profile> profiles);
 
 } // namespace tervale

@@ -1,4 +1,4 @@
-#include "tervalectl/Quantities.h"
+#include "tervalectl/NumberParsing.h"
 
 #include <algorithm>
 #include <array>
@@ -34,14 +34,14 @@ std::optional<double> takeCount(std::string_view& text, char unit) {
     const auto length = static_cast<std::size_t>(end - text.begin());
     if (length == 0 || end == text.end() || *end != unit)
         return std::nullopt;
-    const auto count = quantities::decimal(text.substr(0, length));
+    const auto count = parseDecimal(text.substr(0, length));
     text.remove_prefix(length + 1);
     return count;
 }
 
 } // namespace
 
-std::optional<double> quantities::decimal(std::string_view text) {
+std::optional<double> parseDecimal(std::string_view text) {
     const auto point = text.find('.');
     const auto before = text.substr(0, point);
     const auto after = point == std::string_view::npos ? "0" : text.substr(point + 1);
@@ -51,25 +51,25 @@ std::optional<double> quantities::decimal(std::string_view text) {
     return parse<double>(text);
 }
 
-std::optional<std::int64_t> quantities::whole(std::string_view text) {
+std::optional<std::int64_t> parseWholeNumber(std::string_view text) {
     if (text.empty() || !std::ranges::all_of(text, isDigit))
         return std::nullopt;
     return parse<std::int64_t>(text);
 }
 
-std::optional<double> quantities::percentage(std::string_view text) {
+std::optional<double> parsePercentage(std::string_view text) {
     if (!text.ends_with('%'))
         return std::nullopt;
     text.remove_suffix(1);
-    if (!decimal(text))
+    if (!parseDecimal(text))
         return std::nullopt;
     // Rounded once, so that 33.3% is the number that 0.333 is.
     const auto fraction = parse<double>(std::string(text) + "e-2");
     return fraction && *fraction <= 1 ? fraction : std::nullopt;
 }
 
-std::optional<double> quantities::duration(std::string_view text) {
-    std::optional<double> seconds = decimal(text);
+std::optional<double> parseDuration(std::string_view text) {
+    std::optional<double> seconds = parseDecimal(text);
     if (!seconds) {
         constexpr auto units =
             std::to_array<std::pair<char, double>>({{'h', 3600}, {'m', 60}, {'s', 1}});

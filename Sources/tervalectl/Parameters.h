@@ -1,14 +1,14 @@
 #pragma once
 
 #include "SMC/Sensors.h"
-#include "tervalectl/ActionText.h"
+#include "tervalectl/ActionArgument.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
 
-/// What the program is asked to do. A file named "-" is standard input or output.
+/// What each command takes from its arguments. A file named "-" is standard input or output.
 namespace tervale::ctl {
 
 struct Fans {
@@ -31,11 +31,11 @@ struct State {
     bool operator==(const State&) const = default;
 };
 struct Select {
-    ActionText action;
+    ActionArgument action;
     bool operator==(const Select&) const = default;
 };
 struct Timer {
-    ActionText action;
+    ActionArgument action;
     /// In seconds, positive.
     double duration = 0;
     bool operator==(const Timer&) const = default;
@@ -67,13 +67,13 @@ struct ValidateProfiles {
 };
 struct Replay {
     std::string profiles;
-    ActionText selection;
+    ActionArgument selection;
     std::string trace = "-";
     bool operator==(const Replay&) const = default;
 };
 
-using Command = std::variant<Fans, Sensors, Monitor, State, Select, Timer, CancelTimer,
-                             LaunchAtLogin, CheckForUpdates, ListProfiles, ExportProfiles,
-                             ImportProfiles, ValidateProfiles, Replay>;
+using Parameters = std::variant<Fans, Sensors, Monitor, State, Select, Timer, CancelTimer,
+                                LaunchAtLogin, CheckForUpdates, ListProfiles, ExportProfiles,
+                                ImportProfiles, ValidateProfiles, Replay>;
 
 } // namespace tervale::ctl

@@ -1,10 +1,12 @@
-#include "tervalectl/Table.h"
+#include "tervalectl/Formatting.h"
 
 #include "Base/Precondition.h"
 
 #include <QString>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <utility>
 
 namespace tervale {
@@ -29,6 +31,13 @@ bool isObeyed(QChar character) {
            (category == QChar::Other_Format && character != joiner);
 }
 
+/// No fan turns faster.
+constexpr double fastest = 1e9;
+
+std::string wholeNumber(double rpm) {
+    return std::abs(rpm) <= fastest ? std::to_string(roundedToInteger(rpm)) : "–";
+}
+
 } // namespace
 
 std::string printable(std::string_view text) {
@@ -38,6 +47,27 @@ std::string printable(std::string_view text) {
             character = u' ';
     }
     return safe.toStdString();
+}
+
+std::string speedText(double rpm) {
+    return wholeNumber(rpm) + " RPM";
+}
+
+std::string rangeText(const Fan& fan) {
+    return wholeNumber(fan.min) + "–" + wholeNumber(fan.max) + " RPM";
+}
+
+std::string barText(double fraction) {
+    constexpr std::size_t parts = 8;
+    constexpr std::array<const char*, parts> partial{"", "▏", "▎", "▍", "▌", "▋", "▊", "▉"};
+    if (!(fraction > 0))
+        return {};
+    const auto eighths = static_cast<std::size_t>(
+        std::lround(std::min(fraction, 1.0) * static_cast<double>(barLength * parts)));
+    std::string text;
+    for (std::size_t i = 0; i < eighths / parts; ++i)
+        text += "█";
+    return text + partial[eighths % parts];
 }
 
 Table::Table(std::vector<Column> columns) : columns(std::move(columns)) {}

@@ -1,10 +1,10 @@
-#include "tervalectl/ActionText.h"
+#include "tervalectl/ActionArgument.h"
 
 #include "Base/Overloaded.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/JSONCoding.h"
 #include "tervalectl/Failure.h"
-#include "tervalectl/Quantities.h"
+#include "tervalectl/NumberParsing.h"
 
 namespace tervale {
 
@@ -32,20 +32,20 @@ const Profile& find(const ProfileReference& reference, std::span<const Profile> 
 
 } // namespace
 
-std::optional<ActionText> parseAction(std::string_view text) {
+std::optional<ActionArgument> parseAction(std::string_view text) {
     constexpr std::string_view profile = "profile ";
     if (text == "automatic")
         return action::Automatic{};
     if (text == "max")
         return action::Fixed{1.0};
-    if (const auto speed = quantities::percentage(text))
+    if (const auto speed = parsePercentage(text))
         return action::Fixed{*speed};
     if (text.starts_with(profile) && text.size() > profile.size())
         return ProfileReference{std::string(text.substr(profile.size()))};
     return std::nullopt;
 }
 
-std::optional<ActionText> parseActionOrJSON(std::string_view text) {
+std::optional<ActionArgument> parseActionOrJSON(std::string_view text) {
     if (auto action = parseAction(text))
         return action;
     const auto decoded = decode<Action>(text);
@@ -54,7 +54,7 @@ std::optional<ActionText> parseActionOrJSON(std::string_view text) {
     return std::nullopt;
 }
 
-Action resolve(const ActionText& text, std::span<const Profile> profiles) {
+Action resolve(const ActionArgument& text, std::span<const Profile> profiles) {
     return std::visit(overloaded{
                           [](const Action& action) { return action; },
                           [profiles](const ProfileReference& reference) -> Action {

@@ -1,0 +1,123 @@
+#include "tervalectl/CommandParsing.h"
+
+#include "tervalectl/NumberParsing.h"
+
+#include <string>
+
+namespace tervale::ctl {
+
+namespace {
+
+constexpr double shortestInterval = 0.01;
+constexpr double longestWait = 24 * 60 * 60;
+
+std::string takeFile(Arguments& arguments) {
+    if (arguments.isEmpty())
+        throw misuse("FILE is missing.");
+    std::string file = arguments.takePath();
+    if (file.empty())
+        throw misuse("FILE is empty.");
+    return file;
+}
+
+ActionArgument takeAction(Arguments& arguments) {
+    if (arguments.isEmpty())
+        throw misuse("ACTION is missing.");
+    const std::string text = arguments.takeAll();
+    const auto action = parseAction(text);
+    if (!action)
+        throw misuse("'" + text + "' is no action: automatic, max, N%, or profile NAME.");
+    return *action;
+}
+
+} // namespace
+
+double parseSeconds(const Arguments& arguments, std::string_view option, double usual) {
+    if (!arguments.has(option))
+        return usual;
+    const auto value = parseDuration(arguments.value(option));
+    if (!value || *value > longestWait)
+        throw misuse("--" + std::string(option) + " takes seconds above 0 up to a day, not '" +
+                     arguments.value(option) + "'.");
+    return *value;
+}
+
+Sensors parseSensors(Arguments& arguments) {
+    Sensors sensors;
+    if (arguments.has("group")) {
+        const QString name = QString::fromStdString(arguments.value("group")).toLower();
+        sensors.group = SensorGroup::fromRawValue(name.toStdString());
+        if (!sensors.group)
+            throw misuse("There is no group '" + arguments.value("group") +
+                         "': cpu, gpu, memory, ssd, power, other.");
+    }
+    sensors.filter = arguments.takeAll();
+    return sensors;
+}
+
+Monitor parseMonitor(Arguments& arguments) {
+    Monitor monitor;
+    monitor.interval = parseSeconds(arguments, "interval", monitor.interval);
+    if (monitor.interval < shortestInterval)
+        throw misuse("--interval takes no less than 0.01 seconds.");
+    if (arguments.has("count")) {
+        monitor.count = parseWholeNumber(arguments.value("count"));
+        if (!monitor.count)
+            throw misuse("--count takes a whole number, not '" + arguments.value("count") + "'.");
+    }
+    return monitor;
+}
+
+Select parseSelect(Arguments& arguments) {
+    return {takeAction(arguments)};
+}
+
+Timer parseTimer(Arguments& arguments) {
+    if (arguments.isEmpty())
+        throw misuse("ACTION is missing.");
+    const std::string text = arguments.takeLast();
+    const auto duration = parseDuration(text);
+    if (!duration)
+        throw misuse("'" + text + "' is no DURATION: seconds, or such as 90s, 15m, 1h30m.");
+    return {takeAction(arguments), *duration};
+}
+
+LaunchAtLogin parseLaunchAtLogin(Arguments& arguments) {
+    if (arguments.isEmpty())
+        throw misuse("'on' or 'off' is missing.");
+    const std::string word = arguments.take();
+    if (word != "on" && word != "off")
+        throw misuse("'" + word + "' is neither 'on' nor 'off'.");
+    return {word == "on"};
+}
+
+ExportProfiles parseExport(Arguments& arguments) {
+    return arguments.isEmpty() ? ExportProfiles{} : ExportProfiles{takeFile(arguments)};
+}
+
+ImportProfiles parseImport(Arguments& arguments) {
+    return {takeFile(arguments)};
+}
+
+ValidateProfiles parseValidate(Arguments& arguments) {
+    return {takeFile(arguments)};
+}
+
+Replay parseReplay(Arguments& arguments) {
+    for (const char* required : {"profiles", "selection"}) {
+        if (arguments.value(required).empty())
+            throw misuse("'replay' needs --" + std::string(required) + ".");
+    }
+    const auto selection = parseActionOrJSON(arguments.value("selection"));
+    if (!selection)
+        throw misuse("'" + arguments.value("selection") +
+                     "' is no action: automatic, max, N%, 'profile NAME' in quotes, or JSON.");
+    Replay replay{arguments.path("profiles"), *selection};
+    if (!arguments.isEmpty())
+        replay.trace = takeFile(arguments);
+    if (replay.profiles == "-" && replay.trace == "-")
+        throw misuse("Profiles and TRACE cannot both come from standard input.");
+    return replay;
+}
+
+} // namespace tervale::ctl
