@@ -1,4 +1,5 @@
 #include "Base/Overloaded.h"
+#include "Base/Terminal.h"
 #include "Platform/Linux/TerminationSignals.h"
 #include "Platform/Platform.h"
 #include "Profiles/InProcessNotificationCenter.h"
@@ -16,19 +17,23 @@ namespace {
 constexpr int failure = 1;
 constexpr int wrongUsage = 2;
 
-int print(std::FILE* stream, const QString& text, int status) {
-    std::fputs(text.toLocal8Bit().constData(), stream);
+int complain(const QString& line, int status) {
+    const std::string text = "tervale-simulator: " + printable(line.toStdString()) + '\n';
+    // What cannot be told still shows in the status.
+    static_cast<void>(tervale::print(stderr, text));
     return status;
 }
 
-int complain(const QString& line, int status) {
-    return print(stderr, QStringLiteral("tervale-simulator: %1\n").arg(line), status);
+int print(const QString& text) {
+    return tervale::print(stdout, text.toStdString())
+               ? 0
+               : complain(QStringLiteral("The output cannot be written."), failure);
 }
 
 /// What is there now. Whoever started the program may wait for these lines.
 void announce(const SimulatorCommandLine::Run& run, const Simulator& simulator) {
     if (simulator.socketPath())
-        std::printf("Controller on %s\n", simulator.socketPath()->c_str());
+        std::printf("Controller on %s\n", printable(simulator.socketPath()->string()).c_str());
     if (run.agent)
         std::printf("Agent on the session bus\n");
     std::fflush(stdout);
@@ -62,12 +67,11 @@ int main(int count, char** arguments) {
         overloaded{
             [](const SimulatorCommandLine::Run& run) { return simulate(run); },
             [](const SimulatorCommandLine::ShowHelp&) {
-                return print(stdout, SimulatorCommandLine::help(), 0);
+                return print(SimulatorCommandLine::help());
             },
             [](const SimulatorCommandLine::ShowVersion&) {
                 return print(
-                    stdout,
-                    QStringLiteral("tervale-simulator %1\n").arg(QLatin1String(version::text)), 0);
+                    QStringLiteral("tervale-simulator %1\n").arg(QLatin1String(version::text)));
             },
             [](const SimulatorCommandLine::Refuse& refusal) {
                 return complain(refusal.line + QStringLiteral(" See --help."), wrongUsage);

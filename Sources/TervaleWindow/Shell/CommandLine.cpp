@@ -7,7 +7,30 @@
 
 namespace tervale {
 
-CommandLine::Request CommandLine::parse(const QStringList& arguments) {
+namespace {
+
+/// Such as "-AppleLanguages"; its value is the next argument.
+bool isUserDefault(const QString& argument) {
+    return argument.startsWith(QStringLiteral("-Apple")) ||
+           argument.startsWith(QStringLiteral("-NS"));
+}
+
+QStringList withoutThoseOfMacOS(const QStringList& arguments) {
+    QStringList kept;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const bool hasValue =
+            i + 1 < arguments.size() && !arguments[i + 1].startsWith(QStringLiteral("--"));
+        if (isUserDefault(arguments[i]))
+            i += hasValue ? 1 : 0;
+        else if (!arguments[i].startsWith(QStringLiteral("-psn_")))
+            kept << arguments[i];
+    }
+    return kept;
+}
+
+} // namespace
+
+CommandLine::Request CommandLine::parse(const QStringList& arguments, System system) {
     const QCommandLineOption help(QStringLiteral("help"));
     const QCommandLineOption version(QStringLiteral("version"));
     const QCommandLineOption simulate(QStringLiteral("simulate"));
@@ -15,7 +38,7 @@ CommandLine::Request CommandLine::parse(const QStringList& arguments) {
     const QCommandLineOption pane(QStringLiteral("pane"), {}, QStringLiteral("NAME"));
     QCommandLineParser parser;
     parser.addOptions({help, version, simulate, socket, pane});
-    if (!parser.parse(arguments))
+    if (!parser.parse(system == System::macOS ? withoutThoseOfMacOS(arguments) : arguments))
         return Refuse{parser.errorText()};
     if (!parser.positionalArguments().isEmpty())
         return Refuse{QStringLiteral("Unexpected argument '%1'.")

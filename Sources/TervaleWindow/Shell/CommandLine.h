@@ -29,8 +29,12 @@ struct CommandLine {
     };
     using Request = std::variant<OpenWindow, ShowHelp, ShowVersion, Refuse>;
 
-    /// `arguments` begin with the program's name.
-    static Request parse(const QStringList& arguments);
+    /// The system that the program runs on, as far as it passes arguments of its own.
+    enum class System { macOS, other };
+
+    /// `arguments` begin with the program's name. Those that macOS passes to the programs it opens
+    /// are ignored there: a process serial number, and user defaults with their values.
+    static Request parse(const QStringList& arguments, System system);
     static QString help();
 };
 

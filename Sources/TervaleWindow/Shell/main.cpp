@@ -1,10 +1,12 @@
 #include "Base/Overloaded.h"
+#include "Base/Terminal.h"
 #include "TervaleWindow/Shell/ApplicationIcon.h"
 #include "TervaleWindow/Shell/CommandLine.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
 #include "TervaleWindow/Shell/TervaleWindowApp.h"
 
 #include <QApplication>
+#include <QSysInfo>
 
 #include <clocale>
 #include <cstdio>
@@ -25,13 +27,22 @@ QStringList argumentsOf(int count, char** arguments) {
     return list;
 }
 
-int print(std::FILE* stream, const QString& text, int status) {
-    std::fputs(text.toLocal8Bit().constData(), stream);
+int complain(const QString& line, int status) {
+    const std::string text = "tervale-window: " + printable(line.toStdString()) + '\n';
+    // What cannot be told still shows in the status.
+    static_cast<void>(tervale::print(stderr, text));
     return status;
 }
 
-int complain(const QString& line, int status) {
-    return print(stderr, QStringLiteral("tervale-window: %1\n").arg(line), status);
+int print(const QString& text) {
+    return tervale::print(stdout, text.toStdString())
+               ? 0
+               : complain(QStringLiteral("The output cannot be written."), failure);
+}
+
+CommandLine::System runningSystem() {
+    return QSysInfo::kernelType() == QLatin1String("darwin") ? CommandLine::System::macOS
+                                                             : CommandLine::System::other;
 }
 
 int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
@@ -63,15 +74,14 @@ int main(int count, char** arguments) {
     return std::visit(
         overloaded{
             [&](const CommandLine::OpenWindow& request) { return openWindow(request, arguments); },
-            [](const CommandLine::ShowHelp&) { return print(stdout, CommandLine::help(), 0); },
+            [](const CommandLine::ShowHelp&) { return print(CommandLine::help()); },
             [](const CommandLine::ShowVersion&) {
                 return print(
-                    stdout, QStringLiteral("tervale-window %1\n").arg(QLatin1String(version::text)),
-                    0);
+                    QStringLiteral("tervale-window %1\n").arg(QLatin1String(version::text)));
             },
             [](const CommandLine::Refuse& refusal) {
                 return complain(refusal.line + QStringLiteral(" See --help."), wrongUsage);
             },
         },
-        CommandLine::parse(argumentsOf(count, arguments)));
+        CommandLine::parse(argumentsOf(count, arguments), runningSystem()));
 }

@@ -6,8 +6,9 @@ using namespace tervale;
 
 namespace {
 
-CommandLine::Request parse(QStringList arguments) {
-    return CommandLine::parse(QStringList{"tervale-window"} + arguments);
+CommandLine::Request parse(const QStringList& arguments,
+                           CommandLine::System system = CommandLine::System::other) {
+    return CommandLine::parse(QStringList{"tervale-window"} + arguments, system);
 }
 
 QString refusal(const QStringList& arguments) {
@@ -56,6 +57,33 @@ TEST(CommandLine, RefusesInOneLine) {
          {QStringList{"--frobnicate"}, {"document"}, {"--pane", "Kitchen"}, {"--pane"}}) {
         EXPECT_FALSE(refusal(arguments).isEmpty());
         EXPECT_FALSE(refusal(arguments).contains('\n'));
+    }
+}
+
+TEST(CommandLine, IgnoresOnAMacWhatTheSystemPasses) {
+    const auto macOS = CommandLine::System::macOS;
+    for (const QStringList& passed :
+         std::vector<QStringList>{{"-psn_0_12345"},
+                                  {"-AppleLanguages", "(de)"},
+                                  {"-ApplePersistenceIgnoreState", "YES"},
+                                  {"-NSDocumentRevisionsDebugMode", "YES"},
+                                  {"-NSDocumentRevisionsDebugMode"}}) {
+        EXPECT_EQ(parse(passed, macOS), CommandLine::Request(CommandLine::OpenWindow{}))
+            << passed.join(' ').toStdString();
+        const CommandLine::OpenWindow simulated{true, {}, Pane::settings};
+        EXPECT_EQ(
+            parse(QStringList{"--pane", "Settings"} + passed + QStringList{"--simulate"}, macOS),
+            CommandLine::Request(simulated));
+        EXPECT_FALSE(refusal(passed).isEmpty());
+    }
+}
+
+TEST(CommandLine, StillRefusesOnAMacWhatNobodyKnows) {
+    for (const QStringList& arguments : std::vector<QStringList>{
+             {"--frobnicate"}, {"document"}, {"-s"}, {"-AppleLanguages", "(de)", "(fr)"}}) {
+        const auto request = parse(arguments, CommandLine::System::macOS);
+        EXPECT_TRUE(std::holds_alternative<CommandLine::Refuse>(request))
+            << arguments.join(' ').toStdString();
     }
 }
 
