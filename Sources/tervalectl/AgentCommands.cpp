@@ -36,7 +36,7 @@ std::string timerText(const BridgeState& state) {
 
 void printState(const BridgeState& state, Context& context) {
     if (context.json) {
-        context.out << encode(state) << '\n';
+        printJSON(context.out, encode(state));
         return;
     }
     Table table({{"STATE"}, {"VALUE"}});

@@ -1,6 +1,7 @@
 #include "tervalectl/AgentConnection.h"
 
 #include "Base/Precondition.h"
+#include "Base/Terminal.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/JSONCoding.h"
 #include "tervalectl/Formatting.h"
@@ -72,7 +73,7 @@ Failure AgentConnection::noAnswer() const {
 
 void printConfirmation(const BridgeState& state, Context& context) {
     if (context.json)
-        context.out << encode(state) << '\n';
+        printJSON(context.out, encode(state));
     else if (state.status)
         context.out << printable(*state.status) << '\n';
 }

@@ -1,11 +1,16 @@
 #include "tervalectl/Files.h"
 
+#include "Platform/FileSync.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/JSONCoding.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace tervale {
@@ -14,46 +19,79 @@ namespace {
 
 constexpr const char* standardStream = "-";
 
-Failure cannot(const char* what, const std::string& path, const QFileDevice& file) {
-    return refusal(std::string("Cannot ") + what + " " + path + ": " +
-                   file.errorString().toStdString());
+Failure cannotRead(const std::string& path, int error) {
+    return refusal("Cannot read " + files::nameOf(path) + ": " +
+                   std::generic_category().message(error));
 }
 
-std::string notTooLarge(std::string text, const std::string& path) {
-    if (text.size() > files::largest)
-        throw refusal("There are more than 16 MiB in " + files::nameOf(path) + ".");
-    return text;
+Failure cannotWrite(const std::string& path, const std::string& reason) {
+    return refusal("Cannot write " + path + ": " + reason);
+}
+
+/// The toolkit does not always tell why a buffer could not be written; the system does.
+Failure cannotWrite(const std::string& path, const QFileDevice& file, int error) {
+    return cannotWrite(path, error != 0 ? std::generic_category().message(error)
+                                        : file.errorString().toStdString());
+}
+
+/// Whether the path leads to an open file of this process. Whoever opened it waits for the text in
+/// that file, not in another of the same name.
+bool isOpenFile(const std::string& path) {
+    for (const char* folder : {"/dev/std", "/dev/fd/", "/proc/"}) {
+        if (path.starts_with(folder))
+            return true;
+    }
+    return false;
+}
+
+void replace(const std::string& path, const QByteArray& text) {
+    QSaveFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QIODevice::WriteOnly))
+        throw cannotWrite(path, file.errorString().toStdString());
+    errno = 0;
+    // `commit` would write what is left in the buffer without looking at the result.
+    if (file.write(text) != text.size() || !file.flush() || !syncToDisk(file.handle()))
+        throw cannotWrite(path, file, errno);
+    if (!file.commit())
+        throw cannotWrite(path, file.errorString().toStdString());
+}
+
+void writeInto(const std::string& path, const QByteArray& text) {
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+        throw cannotWrite(path, file.errorString().toStdString());
+    errno = 0;
+    if (file.write(text) != text.size())
+        throw cannotWrite(path, file, errno);
 }
 
 } // namespace
 
+std::istream& files::open(const std::string& path, std::ifstream& file, Context& context) {
+    if (path == standardStream)
+        return context.in;
+    std::error_code unknown;
+    if (std::filesystem::is_directory(path, unknown))
+        throw cannotRead(path, EISDIR);
+    errno = 0;
+    file.open(path, std::ios::binary);
+    if (!file)
+        throw cannotRead(path, errno);
+    return file;
+}
+
 std::string files::read(const std::string& path, Context& context) {
-    if (path == standardStream) {
-        std::string text(largest + 1, '\0');
-        context.in.read(text.data(), static_cast<std::streamsize>(text.size()));
-        text.resize(static_cast<std::size_t>(context.in.gcount()));
-        return notTooLarge(std::move(text), path);
-    }
-    QFile file(QFile::decodeName(path.c_str()));
-    if (!file.open(QIODevice::ReadOnly))
-        throw cannot("read", path, file);
-    const QByteArray text = file.read(largest + 1);
-    if (file.error() != QFileDevice::NoError)
-        throw cannot("read", path, file);
-    return notTooLarge(text.toStdString(), path);
-}
-
-std::vector<Profile> files::readProfiles(const std::string& path, Context& context) {
-    auto decoded = decode<std::vector<Profile>>(read(path, context));
-    if (const auto* error = std::get_if<DecodingError>(&decoded))
-        throw refusal("No list of profiles is in " + nameOf(path) + ": " + error->text());
-    return std::get<std::vector<Profile>>(std::move(decoded));
-}
-
-void files::requireReadable(const std::string& path) {
-    QFile file(QFile::decodeName(path.c_str()));
-    if (!file.open(QIODevice::ReadOnly))
-        throw cannot("read", path, file);
+    std::ifstream file;
+    std::istream& in = open(path, file, context);
+    std::string text(largest + 1, '\0');
+    errno = 0;
+    in.read(text.data(), static_cast<std::streamsize>(text.size()));
+    if (in.bad())
+        throw cannotRead(path, errno);
+    text.resize(static_cast<std::size_t>(in.gcount()));
+    if (text.size() > largest)
+        throw refusal("There are more than 16 MiB in " + nameOf(path) + ".");
+    return text;
 }
 
 std::optional<std::string> files::readLine(std::istream& in) {
@@ -65,20 +103,28 @@ std::optional<std::string> files::readLine(std::istream& in) {
             throw refusal("A line is longer than 16 MiB.");
         line += static_cast<char>(next);
     }
+    if (in.bad())
+        throw refusal("The line cannot be read.");
     return line.empty() ? std::nullopt : std::optional(std::move(line));
 }
 
+std::vector<Profile> files::readProfiles(const std::string& path, Context& context) {
+    auto decoded = decode<std::vector<Profile>>(read(path, context));
+    if (const auto* error = std::get_if<DecodingError>(&decoded))
+        throw refusal("No list of profiles is in " + nameOf(path) + ": " + error->text());
+    return std::get<std::vector<Profile>>(std::move(decoded));
+}
+
 void files::write(const std::string& path, std::string_view text, Context& context) {
-    if (path == standardStream) {
+    // The other name serves also where standard output is a socket, which cannot be opened.
+    if (path == standardStream || path == "/dev/stdout") {
         context.out << text;
         return;
     }
-    QSaveFile file(QFile::decodeName(path.c_str()));
-    // Such as a pipe, or a file in a folder that is not ours, which no other can take the place of.
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly) ||
-        file.write(text.data(), static_cast<qint64>(text.size())) < 0 || !file.commit())
-        throw cannot("write", path, file);
+    const QFileInfo info(QFile::decodeName(path.c_str()));
+    const bool isReplaced = !isOpenFile(path) && (info.isFile() || !info.exists());
+    const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
+    isReplaced ? replace(path, bytes) : writeInto(path, bytes);
 }
 
 std::string files::nameOf(const std::string& path) {

@@ -5,6 +5,7 @@
 #include "tervalectl/Context.h"
 
 #include <cstddef>
+#include <fstream>
 #include <istream>
 #include <optional>
 #include <string>
@@ -17,24 +18,27 @@ namespace tervale {
 /// or written, and texts and lines that are longer than `largest`, throw `Failure`.
 namespace files {
 
+/// The whole text.
 std::string read(const std::string& path, Context& context);
-/// In one step: a file that is there keeps its content until the new one is complete.
+
+/// Opens the file for reading, once, so that a pipe serves too. `file` keeps it open unless the
+/// stream is standard input.
+std::istream& open(const std::string& path, std::ifstream& file, Context& context);
+/// The next line, without its line break; nothing at the end.
+std::optional<std::string> readLine(std::istream& in);
+
+/// Replaces a regular file in one step: it keeps its old text until the disk has the new one, and
+/// also if that fails. Anything else, such as a pipe or a device, is opened and written to.
 void write(const std::string& path, std::string_view text, Context& context);
 
 /// The profiles in a file that `profiles export` wrote, whatever problems they have. Throws
 /// `Failure` also for a text that is no list of profiles.
 std::vector<Profile> readProfiles(const std::string& path, Context& context);
 
-/// The next line, without what ends it; nothing at the end.
-std::optional<std::string> readLine(std::istream& in);
-
-/// Throws for a file that cannot be opened, or is none.
-void requireReadable(const std::string& path);
-
 /// More than anything worth reading, in bytes.
 inline constexpr std::size_t largest = maximumJSONSize;
 
-/// What people call the file.
+/// The path for people.
 std::string nameOf(const std::string& path);
 
 } // namespace files

@@ -1,12 +1,12 @@
 #include "tervalectl/Formatting.h"
 
 #include "Base/Precondition.h"
-
-#include <QString>
+#include "Base/Terminal.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace tervale {
@@ -21,16 +21,6 @@ std::size_t width(std::string_view text) {
         text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
 }
 
-/// Whether a terminal acts on it rather than showing it. The joiner that pictures are put together
-/// with does no harm.
-bool isObeyed(QChar character) {
-    constexpr QChar joiner(0x200D);
-    const QChar::Category category = character.category();
-    return category == QChar::Other_Control || category == QChar::Separator_Line ||
-           category == QChar::Separator_Paragraph ||
-           (category == QChar::Other_Format && character != joiner);
-}
-
 /// No fan turns faster.
 constexpr double fastest = 1e9;
 
@@ -40,13 +30,30 @@ std::string wholeNumber(double rpm) {
 
 } // namespace
 
-std::string printable(std::string_view text) {
-    QString safe = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    for (QChar& character : safe) {
-        if (isObeyed(character))
-            character = u' ';
+std::string terminalSafe(std::string_view json) {
+    constexpr char lead = '\xC2';
+    const auto escape = [](char byte) {
+        constexpr std::string_view digits = "0123456789abcdef";
+        const auto value = static_cast<unsigned char>(byte);
+        return std::string("\\u00") + digits[value >> 4U] + digits[value & 0xFU];
+    };
+    std::string safe;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        // The byte after the lead is the character itself, and is followed by no other byte.
+        const bool isC1 = json[i] == lead && i + 1 < json.size() &&
+                          static_cast<unsigned char>(json[i + 1]) < 0xA0U;
+        if (isC1)
+            safe += escape(json[++i]);
+        else if (json[i] == '\x7F')
+            safe += escape(json[i]);
+        else
+            safe += json[i];
     }
-    return safe.toStdString();
+    return safe;
+}
+
+void printJSON(std::ostream& out, std::string_view json) {
+    out << terminalSafe(json) << '\n';
 }
 
 std::string speedText(double rpm) {
@@ -96,7 +103,9 @@ void Table::printTitles(std::ostream& out) const {
 
 void Table::print(std::ostream& out, const Row& row) const {
     precondition(row.size() == columns.size(), "a row has a cell for each column");
-    printLine(out, row, leastWidths());
+    Row safe;
+    std::ranges::transform(row, std::back_inserter(safe), printable);
+    printLine(out, safe, leastWidths());
 }
 
 std::vector<std::size_t> Table::leastWidths() const {

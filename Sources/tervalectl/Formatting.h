@@ -12,9 +12,11 @@ namespace tervale {
 
 // Text for people, in UTF-8.
 
-/// The text with a space for every character that a terminal obeys, and with ill-formed UTF-8
-/// repaired.
-std::string printable(std::string_view text);
+/// The JSON text with an escape for each control character that JSON lets through: U+007F and
+/// U+0080 to U+009F.
+std::string terminalSafe(std::string_view json);
+/// The same, and a line break.
+void printJSON(std::ostream& out, std::string_view json);
 
 /// Such as "2317 rpm"; a dash stands for a number that no fan has.
 std::string speedText(double rpm);
@@ -28,7 +30,7 @@ inline constexpr std::size_t barLength = 24;
 /// less than 0 and NaN, full above 1.
 std::string barText(double fraction);
 
-/// Columns of text. Each cell is printed as `printable` returns it.
+/// Columns of text. Only what `printable` lets through is printed of a cell.
 class Table {
   public:
     enum class Alignment { left, right };

@@ -53,10 +53,10 @@ void write(JSONWriter& json, const Reading& reading) {
 }
 
 template <class Value>
-void printJSON(const std::vector<Value>& values, Context& context) {
+void printArray(const std::vector<Value>& values, Context& context) {
     JSONWriter json;
     json.array(values);
-    context.out << json.text << '\n';
+    printJSON(context.out, json.text);
 }
 
 } // namespace
@@ -65,7 +65,7 @@ ExitStatus perform(const ctl::Fans&, Context& context) {
     const Machine machine = context.makeMachine();
     const std::vector<Fan> fans = SMC(*machine.registry).fans();
     if (context.json) {
-        printJSON(fans, context);
+        printArray(fans, context);
         return ExitStatus::done;
     }
     constexpr auto right = Table::Alignment::right;
@@ -82,7 +82,7 @@ ExitStatus perform(const ctl::Sensors& command, Context& context) {
     SMC smc(*machine.registry);
     const std::vector<Reading> found = readings(smc, command);
     if (context.json) {
-        printJSON(found, context);
+        printArray(found, context);
         return ExitStatus::done;
     }
     Table table({{"GROUP"}, {"SENSOR"}, {"TEMPERATURE", Table::Alignment::right}});

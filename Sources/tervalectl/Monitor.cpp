@@ -147,7 +147,7 @@ void printLine(const MachineReading& reading, const std::optional<Lines>& lines,
     } else {
         JSONWriter json;
         write(json, reading);
-        context.out << json.text << '\n';
+        printJSON(context.out, json.text);
     }
     context.out.flush();
 }

@@ -1,6 +1,7 @@
 #include "tervalectl/ProfileCommands.h"
 
 #include "Base/Overloaded.h"
+#include "Base/Terminal.h"
 #include "Profiles/JSONCoding.h"
 #include "Profiles/Validation.h"
 #include "tervalectl/AgentConnection.h"
@@ -70,7 +71,7 @@ std::string kindText(const Profile& profile) {
 ExitStatus perform(const ctl::ListProfiles&, Context& context) {
     const BridgeState state = AgentConnection(context).state();
     if (context.json) {
-        context.out << encode(state.profiles) << '\n';
+        printJSON(context.out, encode(state.profiles));
         return ExitStatus::done;
     }
     Table table({{"PROFILE"}, {"KIND"}, {"ID"}});
@@ -82,7 +83,7 @@ ExitStatus perform(const ctl::ListProfiles&, Context& context) {
 
 ExitStatus perform(const ctl::ExportProfiles& command, Context& context) {
     const BridgeState state = AgentConnection(context).state();
-    files::write(command.file, encode(state.profiles) + '\n', context);
+    files::write(command.file, terminalSafe(encode(state.profiles)) + '\n', context);
     return ExitStatus::done;
 }
 
@@ -107,7 +108,7 @@ ExitStatus perform(const ctl::ValidateProfiles& command, Context& context) {
     if (context.json) {
         JSONWriter json;
         json.array(findings);
-        context.out << json.text << '\n';
+        printJSON(context.out, json.text);
     } else {
         for (const Finding& finding : findings) {
             for (const std::string& problem : finding.problems)

@@ -112,7 +112,7 @@ void print(const Outcome& outcome, const MachineReading& reading, const DryRun& 
     if (context.json) {
         JSONWriter json;
         write(json, outcome);
-        context.out << json.text << '\n';
+        printJSON(context.out, json.text);
         return;
     }
     const auto* speed = std::get_if<target::Speed>(&outcome.target);
@@ -149,14 +149,11 @@ ExitStatus perform(const ctl::Replay& command, Context& context) {
     const Action selection = resolve(command.selection, profiles);
     DryRun run(selection, std::move(profiles));
     std::ifstream file;
-    if (command.trace != "-") {
-        files::requireReadable(command.trace);
-        file.open(command.trace, std::ios::binary);
-    }
+    std::istream& trace = files::open(command.trace, file, context);
     if (!context.json)
         table().printTitles(context.out);
     try {
-        replay(command.trace == "-" ? context.in : file, run, context);
+        replay(trace, run, context);
     } catch (const Failure& failure) {
         throw refusal(files::nameOf(command.trace) + ", line " + std::to_string(run.line) + ": " +
                       failure.line);

@@ -1,8 +1,8 @@
 #include "tervalectl/Run.h"
 
+#include "Base/Terminal.h"
 #include "Profiles/JSONCoding.h"
 #include "SMC/SMC.h"
-#include "tervalectl/Formatting.h"
 
 namespace tervale {
 

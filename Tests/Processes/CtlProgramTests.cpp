@@ -87,6 +87,23 @@ TEST_F(CtlProgramTest, TellsHowItEnded) {
     EXPECT_EQ(errors.count('\n'), 1);
 }
 
+TEST_F(CtlProgramTest, KeepsTheExportedFileOnAFullDisk) {
+    const QString script = QStringLiteral(
+        R"(mount -t tmpfs -o size=8k none "$1" || exit 77
+           printf old >"$1/p.json"; head -c 100000 /dev/zero >"$1/rest" 2>/dev/null
+           "$2" profiles export --simulate "$1/p.json"; echo "$?"; cat "$1/p.json"; ls -A "$1")");
+    ChildProcess program(QStringLiteral("unshare"),
+                         {"--user", "--map-root-user", "--mount", "sh", "-c", script, "sh",
+                          QString::fromStdString(bus.runtimeFolder()), QStringLiteral(TERVALE_CTL)},
+                         bus.environment());
+    ASSERT_TRUE(program.ends());
+    if (program.status() != 0)
+        GTEST_SKIP() << "no file system can be mounted here: " << program.errors().toStdString();
+    EXPECT_EQ(program.output(), "1\noldp.json\nrest\n");
+    EXPECT_TRUE(program.errors().contains("No space left on device"))
+        << program.errors().toStdString();
+}
+
 TEST_F(CtlProgramTest, HasASimulatedMacOfItsOwn) {
     EXPECT_EQ(run({"select", "50%", "--simulate"}), 0) << errors.toStdString();
     EXPECT_EQ(run({"state", "--simulate"}), 0);

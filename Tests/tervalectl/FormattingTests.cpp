@@ -26,13 +26,18 @@ TEST(Table, PrintsLineByLineInLeastWidths) {
 }
 
 TEST(Table, LetsNothingThroughThatATerminalObeys) {
-    EXPECT_EQ(printable("a\x1B[2J\n\t\x7F"
-                        "b\xC2\x9B"
-                        "c"),
-              "a [2J   b c");
-    EXPECT_EQ(printable("a\u202Eb\u2028c\u200Ed"), "a b c d");
-    EXPECT_EQ(printable("a\xFF"), "a\uFFFD");
-    EXPECT_EQ(printable("48 °C – ü 👩‍🔧"), "48 °C – ü 👩‍🔧");
+    Table table({{"X"}});
+    table.add({"a\x1B[2J\xFF"});
+    std::ostringstream out;
+    table.print(out);
+    table.print(out, {"\x1Bz"});
+    EXPECT_EQ(out.str(), "X\na [2J\uFFFD\n z\n");
+}
+
+TEST(PrintJSON, EscapesTheControlsThatJSONLetsThrough) {
+    std::ostringstream out;
+    printJSON(out, "\"a\x7F\xC2\x80\xC2\x9B\xC2\xA0\u00FF\"");
+    EXPECT_EQ(out.str(), "\"a\\u007f\\u0080\\u009b\xC2\xA0\u00FF\"\n");
 }
 
 TEST(Bar, IsAsLongAsTheFraction) {

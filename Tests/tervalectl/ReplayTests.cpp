@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <fstream>
+#include <sys/stat.h>
+#include <thread>
 
 using namespace tervale;
 
@@ -94,6 +96,15 @@ TEST_F(ReplayTest, ReadsATraceFromAFile) {
     EXPECT_EQ(std::ranges::count(output, '\n'), 1);
     EXPECT_EQ(replay("max", "", {"--json", QString::fromStdString(folder.path / "absent")}),
               ExitStatus::refused);
+}
+
+TEST_F(ReplayTest, ReadsATraceFromAPipe) {
+    const std::string path = folder.path / "pipe";
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    std::thread writer([&] { std::ofstream(path) << tick(1, "") << std::flush << tick(2, ""); });
+    EXPECT_EQ(replay("max", "", {"--json", QString::fromStdString(path)}), ExitStatus::done);
+    writer.join();
+    EXPECT_EQ(std::ranges::count(output, '\n'), 2);
 }
 
 TEST_F(ReplayTest, RefusesAMalformedLineWithItsNumber) {
