@@ -8,8 +8,6 @@
 
 namespace tervale {
 
-namespace {
-
 const Profile& find(const ProfileReference& reference, std::span<const Profile> profiles) {
     if (const auto id = UUID::parse(reference.text)) {
         if (const Profile* profile = findProfile(profiles, *id))
@@ -29,8 +27,6 @@ const Profile& find(const ProfileReference& reference, std::span<const Profile> 
         throw refusal("Another profile has the id of '" + reference.text + "'.");
     return *named;
 }
-
-} // namespace
 
 std::optional<ActionArgument> parseAction(std::string_view text) {
     constexpr std::string_view profile = "profile ";

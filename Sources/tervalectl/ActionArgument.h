@@ -26,8 +26,11 @@ std::optional<ActionArgument> parseAction(std::string_view text);
 /// The same, and an action's JSON.
 std::optional<ActionArgument> parseActionOrJSON(std::string_view text);
 
-/// The action that the text means among these profiles. Throws `Failure` if none, or several, of
-/// them is the one named.
+/// The profile that the reference means among these. Throws `Failure` if none, or several, of them
+/// is the one named.
+const Profile& find(const ProfileReference& reference, std::span<const Profile> profiles);
+
+/// The action that the text means among these profiles. Throws as `find` does.
 Action resolve(const ActionArgument& text, std::span<const Profile> profiles);
 
 } // namespace tervale

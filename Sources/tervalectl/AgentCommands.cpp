@@ -36,7 +36,7 @@ std::string timerText(const BridgeState& state) {
 
 void printState(const BridgeState& state, Context& context) {
     if (context.json) {
-        printJSON(context.out, encode(state));
+        printJSON(context.out, stateJSON(state));
         return;
     }
     Table table({{"STATE"}, {"VALUE"}});
@@ -46,6 +46,43 @@ void printState(const BridgeState& state, Context& context) {
     table.add({"Launch at login", state.launchAtLogin ? "on" : "off"});
     table.add({"Profiles", std::to_string(state.profiles.size())});
     table.print(context.out);
+}
+
+/// What a line for people tells of a state.
+Table::Row summary(const BridgeState& state) {
+    return {displayText::nameOf(state.selection, state.profiles), timerText(state),
+            state.status.value_or("")};
+}
+
+/// One line for each state that differs from the one before it, each as soon as it is known.
+void follow(AgentConnection& agent, std::optional<std::int64_t> count, Context& context) {
+    const Table table({{"TIME", Table::Alignment::left, 19},
+                       {"SELECTION", Table::Alignment::left, 16},
+                       {"TIMER", Table::Alignment::left, 36},
+                       {"STATUS"}});
+    if (!context.json)
+        table.printTitles(context.out);
+    std::optional<BridgeState> shown;
+    std::int64_t lines = 0;
+    agent.follow([&](const BridgeState& state) {
+        if (count && lines >= *count)
+            return false;
+        const bool isNews =
+            !shown || (context.json ? state != *shown : summary(state) != summary(*shown));
+        if (!isNews)
+            return true;
+        shown = state;
+        if (context.json) {
+            printJSON(context.out, stateJSON(state));
+        } else {
+            Table::Row row = summary(state);
+            row.insert(row.begin(), localTime(context.clock.now()));
+            table.print(context.out, row);
+        }
+        context.out.flush();
+        ++lines;
+        return context.out.good() && lines != count;
+    });
 }
 
 /// The action that a text means to this agent, which is asked only if the text names a profile.
@@ -63,8 +100,12 @@ ExitStatus carryOut(const BridgeCommand& command, AgentConnection::Confirms conf
 
 } // namespace
 
-ExitStatus perform(const ctl::State&, Context& context) {
-    printState(AgentConnection(context).state(), context);
+ExitStatus perform(const ctl::State& command, Context& context) {
+    AgentConnection agent(context);
+    if (command.follow)
+        follow(agent, command.count, context);
+    else
+        printState(agent.state(), context);
     return ExitStatus::done;
 }
 

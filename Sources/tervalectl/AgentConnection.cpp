@@ -6,10 +6,12 @@
 #include "Profiles/JSONCoding.h"
 #include "tervalectl/Formatting.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QTimer>
 
 #include <chrono>
+#include <cmath>
 #include <utility>
 
 namespace tervale {
@@ -18,6 +20,18 @@ namespace {
 
 std::chrono::milliseconds milliseconds(double seconds) {
     return std::chrono::milliseconds(roundedToInteger(seconds * 1000));
+}
+
+/// Nothing for a year that ISO 8601 writes with more than four digits, or less than 0.
+std::optional<std::string> isoDate(Date date) {
+    constexpr double year0 = -62167219200;
+    constexpr double year10000 = 253402300800;
+    const double seconds = std::round(date.sinceReference + Date::referenceSinceUnixEpoch);
+    if (!(seconds >= year0 && seconds < year10000))
+        return std::nullopt;
+    return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds), Qt::UTC)
+        .toString(Qt::ISODate)
+        .toStdString();
 }
 
 } // namespace
@@ -66,14 +80,38 @@ BridgeState AgentConnection::carryOut(const BridgeCommand& command, Confirms con
     return *latest;
 }
 
+void AgentConnection::follow(const std::function<bool(const BridgeState&)>& wantsMore) {
+    if (!wantsMore(state()))
+        return;
+    confirmed = false;
+    awaited = [&wantsMore](const BridgeState& state) { return !wantsMore(state); };
+    loop.exec();
+    awaited = nullptr;
+}
+
 Failure AgentConnection::noAnswer() const {
     return {ExitStatus::noAnswer, "The agent in the menu bar did not answer within " +
                                       QString::number(timeout).toStdString() + " s."};
 }
 
+std::string stateJSON(const BridgeState& state) {
+    JSONWriter json;
+    json.object([&] {
+        json.member("selection", state.selection);
+        json.optionalMember("timerAction", state.timerAction);
+        json.optionalMember("timerEnds", state.timerEnds);
+        if (state.timerEnds)
+            json.optionalMember("timerEndsAt", isoDate(*state.timerEnds));
+        json.optionalMember("status", state.status);
+        json.member("launchAtLogin", state.launchAtLogin);
+        json.member("profiles", state.profiles);
+    });
+    return std::move(json.text);
+}
+
 void printConfirmation(const BridgeState& state, Context& context) {
     if (context.json)
-        printJSON(context.out, encode(state));
+        printJSON(context.out, stateJSON(state));
     else if (state.status)
         context.out << printable(*state.status) << '\n';
 }

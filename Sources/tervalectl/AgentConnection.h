@@ -26,6 +26,10 @@ class AgentConnection {
     /// agent does not answer, and if it answers with other states.
     BridgeState carryOut(const BridgeCommand& command, Confirms confirms);
 
+    /// Calls `wantsMore` with what the agent does now and with each state that it publishes, until
+    /// it returns false. Throws `Failure` if the agent does not answer at first.
+    void follow(const std::function<bool(const BridgeState&)>& wantsMore);
+
   private:
     Failure noAnswer() const;
 
@@ -39,6 +43,10 @@ class AgentConnection {
     QEventLoop loop;
     ObserverToken states;
 };
+
+/// The state as the agent publishes it, and "timerEndsAt": the same as "timerEnds", in ISO 8601 and
+/// UTC. Absent for a date beyond the calendar.
+std::string stateJSON(const BridgeState& state);
 
 /// Prints the state that confirms a command: what its status says, or all of it as JSON.
 void printConfirmation(const BridgeState& state, Context& context);

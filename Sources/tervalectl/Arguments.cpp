@@ -20,9 +20,17 @@ Failure misuse(std::string line) {
     return {ExitStatus::wrongUsage, std::move(line)};
 }
 
+Failure missing(std::string_view command, std::string_view argument) {
+    return misuse(std::string(command) + ": " + std::string(argument) + " is missing.");
+}
+
 Arguments::Arguments(const QStringList& line) {
-    for (const Option& option : allOptions())
-        parser.addOption(QCommandLineOption(optionName(option.name), {}, optionName(option.value)));
+    for (const Option& option : allOptions()) {
+        QStringList names{optionName(option.name)};
+        if (!option.letter.empty())
+            names << optionName(option.letter);
+        parser.addOption(QCommandLineOption(names, {}, optionName(option.value)));
+    }
     if (!parser.parse(line))
         throw misuse(parser.errorText().toStdString());
     positional = parser.positionalArguments();

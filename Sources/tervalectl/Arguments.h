@@ -12,6 +12,8 @@ namespace tervale::ctl {
 
 /// The failure of a command line that is not understood.
 Failure misuse(std::string line);
+/// The same for a command that lacks an argument.
+Failure missing(std::string_view command, std::string_view argument);
 
 /// A command line, split into options and positional arguments. Which options there are, the table
 /// of commands tells.

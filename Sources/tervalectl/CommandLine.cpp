@@ -9,12 +9,22 @@ namespace tervale::ctl {
 
 namespace {
 
+/// Such as "list, export, import".
+std::string membersOf(const std::string& group) {
+    std::string text;
+    for (const Command& command : allCommands()) {
+        if (command.name.starts_with(group + ' '))
+            text += (text.empty() ? "" : ", ") + std::string(command.name.substr(group.size() + 1));
+    }
+    return text;
+}
+
 const Command& takeCommand(Arguments& arguments) {
     std::string name = arguments.take();
     const auto unknown = [&name] { return misuse("There is no command '" + name + "'."); };
     if (!help(std::string_view(name)).empty()) {
         if (arguments.isEmpty())
-            throw misuse("'" + name + "' needs a word more.");
+            throw misuse(name + ": COMMAND is missing: " + membersOf(name) + ".");
         name += ' ' + arguments.take();
     } else if (name.find(' ') != std::string::npos) {
         throw unknown();

@@ -3,6 +3,7 @@
 #include "tervalectl/NumberParsing.h"
 
 #include <string>
+#include <utility>
 
 namespace tervale::ctl {
 
@@ -11,19 +12,37 @@ namespace {
 constexpr double shortestInterval = 0.01;
 constexpr double longestWait = 24 * 60 * 60;
 
-std::string takeFile(Arguments& arguments) {
+std::string takeFile(std::string_view command, Arguments& arguments) {
     if (arguments.isEmpty())
-        throw misuse("FILE is missing.");
+        throw missing(command, "FILE");
     std::string file = arguments.takePath();
     if (file.empty())
         throw misuse("FILE is empty.");
     return file;
 }
 
-ActionArgument takeAction(Arguments& arguments) {
+ProfileReference takeProfile(std::string_view command, Arguments& arguments) {
+    std::string name = arguments.takeAll();
+    if (name.empty())
+        throw missing(command, "NAME");
+    return {std::move(name)};
+}
+
+std::optional<std::int64_t> takeCount(const Arguments& arguments) {
+    if (!arguments.has("count"))
+        return std::nullopt;
+    const auto count = parseWholeNumber(arguments.value("count"));
+    if (!count)
+        throw misuse("--count takes a whole number, not '" + arguments.value("count") + "'.");
+    return count;
+}
+
+ActionArgument takeAction(std::string_view command, Arguments& arguments) {
     if (arguments.isEmpty())
-        throw misuse("ACTION is missing.");
+        throw missing(command, "ACTION");
     const std::string text = arguments.takeAll();
+    if (text == "profile")
+        throw missing(command, "the profile's NAME");
     const auto action = parseAction(text);
     if (!action)
         throw misuse("'" + text + "' is no action: automatic, max, N%, or profile NAME.");
@@ -60,31 +79,37 @@ Monitor parseMonitor(Arguments& arguments) {
     monitor.interval = parseSeconds(arguments, "interval", monitor.interval);
     if (monitor.interval < shortestInterval)
         throw misuse("--interval takes no less than 0.01 seconds.");
-    if (arguments.has("count")) {
-        monitor.count = parseWholeNumber(arguments.value("count"));
-        if (!monitor.count)
-            throw misuse("--count takes a whole number, not '" + arguments.value("count") + "'.");
-    }
+    monitor.count = takeCount(arguments);
     return monitor;
 }
 
+State parseState(Arguments& arguments) {
+    const State state{arguments.has("follow"), takeCount(arguments)};
+    if (state.count && !state.follow)
+        throw misuse("--count goes with --follow.");
+    return state;
+}
+
 Select parseSelect(Arguments& arguments) {
-    return {takeAction(arguments)};
+    return {takeAction("select", arguments)};
 }
 
 Timer parseTimer(Arguments& arguments) {
+    constexpr std::string_view command = "timer";
     if (arguments.isEmpty())
-        throw misuse("ACTION is missing.");
+        throw missing(command, "ACTION");
     const std::string text = arguments.takeLast();
     const auto duration = parseDuration(text);
+    if (!duration && (arguments.isEmpty() || arguments.first() == "profile"))
+        throw missing(command, "DURATION");
     if (!duration)
         throw misuse("'" + text + "' is no DURATION: seconds, or such as 90s, 15m, 1h30m.");
-    return {takeAction(arguments), *duration};
+    return {takeAction(command, arguments), *duration};
 }
 
 LaunchAtLogin parseLaunchAtLogin(Arguments& arguments) {
     if (arguments.isEmpty())
-        throw misuse("'on' or 'off' is missing.");
+        throw missing("launch-at-login", "'on' or 'off'");
     const std::string word = arguments.take();
     if (word != "on" && word != "off")
         throw misuse("'" + word + "' is neither 'on' nor 'off'.");
@@ -92,21 +117,30 @@ LaunchAtLogin parseLaunchAtLogin(Arguments& arguments) {
 }
 
 ExportProfiles parseExport(Arguments& arguments) {
-    return arguments.isEmpty() ? ExportProfiles{} : ExportProfiles{takeFile(arguments)};
+    return arguments.isEmpty() ? ExportProfiles{}
+                               : ExportProfiles{takeFile("profiles export", arguments)};
 }
 
 ImportProfiles parseImport(Arguments& arguments) {
-    return {takeFile(arguments)};
+    return {takeFile("profiles import", arguments), arguments.has("merge")};
 }
 
 ValidateProfiles parseValidate(Arguments& arguments) {
-    return {takeFile(arguments)};
+    return {takeFile("profiles validate", arguments)};
+}
+
+ShowProfile parseShow(Arguments& arguments) {
+    return {takeProfile("profiles show", arguments)};
+}
+
+RemoveProfile parseRemove(Arguments& arguments) {
+    return {takeProfile("profiles remove", arguments)};
 }
 
 Replay parseReplay(Arguments& arguments) {
     for (const char* required : {"profiles", "selection"}) {
         if (arguments.value(required).empty())
-            throw misuse("'replay' needs --" + std::string(required) + ".");
+            throw missing("replay", "--" + std::string(required));
     }
     const auto selection = parseActionOrJSON(arguments.value("selection"));
     if (!selection)
@@ -114,7 +148,7 @@ Replay parseReplay(Arguments& arguments) {
                      "' is no action: automatic, max, N%, 'profile NAME' in quotes, or JSON.");
     Replay replay{arguments.path("profiles"), *selection};
     if (!arguments.isEmpty())
-        replay.trace = takeFile(arguments);
+        replay.trace = takeFile("replay", arguments);
     if (replay.profiles == "-" && replay.trace == "-")
         throw misuse("Profiles and TRACE cannot both come from standard input.");
     return replay;

@@ -9,12 +9,15 @@ namespace tervale::ctl {
 // that are left. Throw `Failure`.
 Sensors parseSensors(Arguments& arguments);
 Monitor parseMonitor(Arguments& arguments);
+State parseState(Arguments& arguments);
 Select parseSelect(Arguments& arguments);
 Timer parseTimer(Arguments& arguments);
 LaunchAtLogin parseLaunchAtLogin(Arguments& arguments);
 ExportProfiles parseExport(Arguments& arguments);
 ImportProfiles parseImport(Arguments& arguments);
 ValidateProfiles parseValidate(Arguments& arguments);
+ShowProfile parseShow(Arguments& arguments);
+RemoveProfile parseRemove(Arguments& arguments);
 Replay parseReplay(Arguments& arguments);
 
 /// The same for a command without parameters.

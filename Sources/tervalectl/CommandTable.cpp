@@ -21,6 +21,8 @@ constexpr std::array machine{"json"sv, "simulate"sv, "socket"sv};
 constexpr std::array sensors{"group"sv, "json"sv, "simulate"sv, "socket"sv};
 constexpr std::array monitor{"interval"sv, "count"sv, "json"sv, "simulate"sv, "socket"sv};
 constexpr std::array agent{"json"sv, "timeout"sv, "simulate"sv, "socket"sv};
+constexpr std::array state{"follow"sv, "count"sv, "json"sv, "timeout"sv, "simulate"sv, "socket"sv};
+constexpr std::array import{"merge"sv, "json"sv, "timeout"sv, "simulate"sv, "socket"sv};
 constexpr std::array file{"json"sv};
 constexpr std::array replay{"profiles"sv, "selection"sv, "json"sv};
 
@@ -50,7 +52,10 @@ constexpr std::array commands{
         "monitor", "", monitor, "show load, temperatures and fans again and again",
         "With --json each line is an object with time (seconds since 1970), minute (of\n"
         "the day), load (percent), temperatures and fans, which 'replay' takes.\n"),
-    command<parseNone<State>>("state", "", agent, "show what the agent does"),
+    command<parseState>(
+        "state", "", state, "show what the agent does",
+        "With --json the state as the agent publishes it, and timerEndsAt, which is timerEnds\n"
+        "(seconds since 2001) in ISO 8601.\n"),
     command<parseSelect>("select", "ACTION", agent, "choose what drives the fans"),
     command<parseTimer>("timer", "ACTION DURATION", agent,
                         "choose what drives the fans for a while",
@@ -65,9 +70,14 @@ constexpr std::array commands{
     command<parseExport>("profiles export", "[FILE]", agent, "write the agent's profiles as JSON",
                          "Writes to standard output without FILE, or if it is '-'.\n"),
     command<parseImport>(
-        "profiles import", "FILE", agent, "replace the agent's profiles",
+        "profiles import", "FILE", import, "replace the agent's profiles",
         "FILE holds what 'profiles export' writes; '-' is standard input. Profiles\n"
-        "with problems are refused, and the agent keeps what it has.\n"),
+        "with problems are refused, and the agent keeps what it has. With --merge a profile\n"
+        "replaces the one with its id, or is added; the others stay.\n"),
+    command<parseShow>("profiles show", "NAME", agent, "show a profile, its curve drawn",
+                       "NAME is the profile's name or id.\n"),
+    command<parseRemove>("profiles remove", "NAME", agent, "remove one of the agent's profiles",
+                         "NAME is the profile's name or id. One that a schedule uses is kept.\n"),
     command<parseValidate>("profiles validate", "FILE", file, "tell what is wrong with profiles",
                            "FILE holds what 'profiles export' writes; '-' is standard input.\n"),
     command<parseReplay>(
@@ -83,13 +93,15 @@ constexpr std::array options{
     Option{"group", "GROUP", "only this group: cpu, gpu, memory, ssd, power, other"},
     Option{"interval", "S", "seconds from line to line (1)"},
     Option{"count", "N", "end after so many lines"},
+    Option{"follow", "", "show the state again whenever it changes"},
+    Option{"merge", "", "keep the agent's other profiles"},
     Option{"profiles", "FILE", "the profiles to try; '-' is standard input"},
     Option{"selection", "ACTION", "what is selected, as for 'select', or its JSON"},
     Option{"json", "", "write JSON, for programs"},
     Option{"timeout", "S", "how long to wait for the agent, in seconds (2)"},
     Option{"simulate", "", "use a simulated Mac whose agent lives as long as the command"},
     Option{"socket", "PATH", "use the controller that is served on this socket"},
-    Option{"help", "", "show this help"},
+    Option{"help", "", "show this help", "h"},
     Option{"version", "", "show the version"},
 };
 

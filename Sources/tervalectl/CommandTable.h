@@ -15,6 +15,8 @@ struct Option {
     /// The name of its value; empty for an option without one.
     std::string_view value;
     std::string_view summary;
+    /// One letter that stands for the name; none unless given.
+    std::string_view letter = {};
 };
 
 /// A row of the table: all that makes a command.

@@ -57,11 +57,11 @@ void printJSON(std::ostream& out, std::string_view json) {
 }
 
 std::string speedText(double rpm) {
-    return wholeNumber(rpm) + " RPM";
+    return wholeNumber(rpm) + " rpm";
 }
 
 std::string rangeText(const Fan& fan) {
-    return wholeNumber(fan.min) + "–" + wholeNumber(fan.max) + " RPM";
+    return wholeNumber(fan.min) + "–" + wholeNumber(fan.max) + " rpm";
 }
 
 std::string barText(double fraction) {

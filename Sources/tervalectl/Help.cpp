@@ -13,7 +13,10 @@ constexpr const char* actions =
     "ACTION is automatic, max, a percentage such as 40%, or profile and its name or id.\n";
 
 std::string synopsis(const Option& option) {
-    std::string text = "--" + std::string(option.name);
+    std::string text;
+    if (!option.letter.empty())
+        text += "-" + std::string(option.letter) + ", ";
+    text += "--" + std::string(option.name);
     if (!option.value.empty())
         text += ' ' + std::string(option.value);
     return text;

@@ -28,6 +28,10 @@ struct Monitor {
     bool operator==(const Monitor&) const = default;
 };
 struct State {
+    /// Print the state again at each change.
+    bool follow = false;
+    /// How many lines when following; without end if there is none.
+    std::optional<std::int64_t> count{};
     bool operator==(const State&) const = default;
 };
 struct Select {
@@ -59,11 +63,21 @@ struct ExportProfiles {
 };
 struct ImportProfiles {
     std::string file;
+    /// Keep the profiles whose ids are not in the file.
+    bool merge = false;
     bool operator==(const ImportProfiles&) const = default;
 };
 struct ValidateProfiles {
     std::string file;
     bool operator==(const ValidateProfiles&) const = default;
+};
+struct ShowProfile {
+    ProfileReference profile;
+    bool operator==(const ShowProfile&) const = default;
+};
+struct RemoveProfile {
+    ProfileReference profile;
+    bool operator==(const RemoveProfile&) const = default;
 };
 struct Replay {
     std::string profiles;
@@ -72,8 +86,9 @@ struct Replay {
     bool operator==(const Replay&) const = default;
 };
 
-using Parameters = std::variant<Fans, Sensors, Monitor, State, Select, Timer, CancelTimer,
-                                LaunchAtLogin, CheckForUpdates, ListProfiles, ExportProfiles,
-                                ImportProfiles, ValidateProfiles, Replay>;
+using Parameters =
+    std::variant<Fans, Sensors, Monitor, State, Select, Timer, CancelTimer, LaunchAtLogin,
+                 CheckForUpdates, ListProfiles, ExportProfiles, ImportProfiles, ValidateProfiles,
+                 ShowProfile, RemoveProfile, Replay>;
 
 } // namespace tervale::ctl

@@ -1,12 +1,12 @@
 #include "tervalectl/ProfileCommands.h"
 
-#include "Base/Overloaded.h"
 #include "Base/Terminal.h"
 #include "Profiles/JSONCoding.h"
 #include "Profiles/Validation.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Files.h"
 #include "tervalectl/Formatting.h"
+#include "tervalectl/ProfilePicture.h"
 
 #include <algorithm>
 
@@ -55,15 +55,32 @@ void write(JSONWriter& json, const Finding& finding) {
     });
 }
 
-std::string kindText(const Profile& profile) {
-    return std::visit(overloaded{
-                          [](const kind::Temperature& temperature) {
-                              return "temperature, " + temperature.input.title();
-                          },
-                          [](const kind::Load&) -> std::string { return "load"; },
-                          [](const kind::Schedule&) -> std::string { return "schedule"; },
-                      },
-                      profile.kind);
+/// Has the agent store the profiles, unless one of them has a problem.
+void save(const std::vector<Profile>& profiles, AgentConnection& agent, Context& context) {
+    const auto confirms = [&](const BridgeState& state) { return state.profiles == profiles; };
+    printConfirmation(agent.carryOut(command::SaveProfiles{profiles}, confirms), context);
+}
+
+void requireSound(const std::vector<Profile>& profiles) {
+    std::string line;
+    for (const Finding& finding : examine(profiles)) {
+        if (!isSound(finding))
+            line += (line.empty() ? "" : " ") + nameOf(finding) + ": " + sentences(finding);
+    }
+    if (!line.empty())
+        throw refusal(line);
+}
+
+/// `profiles` with those of `news` in the places of the same ids, the others at the end.
+std::vector<Profile> merged(std::vector<Profile> profiles, const std::vector<Profile>& news) {
+    for (const Profile& profile : news) {
+        const auto place = std::ranges::find(profiles, profile.id, &Profile::id);
+        if (place == profiles.end())
+            profiles.push_back(profile);
+        else
+            *place = profile;
+    }
+    return profiles;
 }
 
 } // namespace
@@ -88,17 +105,35 @@ ExitStatus perform(const ctl::ExportProfiles& command, Context& context) {
 }
 
 ExitStatus perform(const ctl::ImportProfiles& command, Context& context) {
-    const std::vector<Profile> profiles = files::readProfiles(command.file, context);
-    std::string line;
-    for (const Finding& finding : examine(profiles)) {
-        if (!isSound(finding))
-            line += (line.empty() ? "" : " ") + nameOf(finding) + ": " + sentences(finding);
-    }
-    if (!line.empty())
-        throw refusal(line);
+    std::vector<Profile> profiles = files::readProfiles(command.file, context);
+    if (!command.merge)
+        requireSound(profiles);
     AgentConnection agent(context);
-    const auto confirms = [&](const BridgeState& state) { return state.profiles == profiles; };
-    printConfirmation(agent.carryOut(command::SaveProfiles{profiles}, confirms), context);
+    if (command.merge) {
+        profiles = merged(agent.state().profiles, profiles);
+        requireSound(profiles);
+    }
+    save(profiles, agent, context);
+    return ExitStatus::done;
+}
+
+ExitStatus perform(const ctl::RemoveProfile& command, Context& context) {
+    AgentConnection agent(context);
+    std::vector<Profile> profiles = agent.state().profiles;
+    const Profile& removed = find(command.profile, profiles);
+    profiles.erase(profiles.begin() + (&removed - profiles.data()));
+    requireSound(profiles);
+    save(profiles, agent, context);
+    return ExitStatus::done;
+}
+
+ExitStatus perform(const ctl::ShowProfile& command, Context& context) {
+    const BridgeState state = AgentConnection(context).state();
+    const Profile& profile = find(command.profile, state.profiles);
+    if (context.json)
+        printJSON(context.out, encode(profile));
+    else
+        printProfile(context.out, profile, state.profiles);
     return ExitStatus::done;
 }
 

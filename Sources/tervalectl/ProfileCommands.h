@@ -8,8 +8,10 @@ namespace tervale {
 // The agent's profiles, and files of profiles. Throw `Failure`.
 ExitStatus perform(const ctl::ListProfiles& command, Context& context);
 ExitStatus perform(const ctl::ExportProfiles& command, Context& context);
-/// Sent as one command, and only if no profile has a problem.
+// Both send one command, and only if no profile would have a problem.
 ExitStatus perform(const ctl::ImportProfiles& command, Context& context);
+ExitStatus perform(const ctl::RemoveProfile& command, Context& context);
+ExitStatus perform(const ctl::ShowProfile& command, Context& context);
 /// Refused if a profile has a problem.
 ExitStatus perform(const ctl::ValidateProfiles& command, Context& context);
 

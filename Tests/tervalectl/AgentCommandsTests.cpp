@@ -3,8 +3,13 @@
 #include "tervalectl/CommandRunner.h"
 
 #include <QDateTime>
+#include <QObject>
+#include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
 
 using namespace tervale;
 
@@ -32,6 +37,7 @@ class AgentCommands : public testing::Test, protected CommandRunner {
     }
 
     ScriptedAgent agent{center};
+    QObject later;
 };
 
 } // namespace
@@ -61,6 +67,70 @@ TEST_F(AgentCommands, ShowWhenTheTimerEnds) {
     agent.state.timerEnds = Date{1e300};
     ASSERT_EQ(run({"state"}), ExitStatus::done);
     EXPECT_NE(output.find("Max\n"), std::string::npos) << output;
+}
+
+TEST_F(AgentCommands, WriteWhenTheTimerEndsAlsoInISO8601) {
+    agent.state.timerAction = action::Fixed{1};
+    agent.state.timerEnds = Date{700000000.4};
+    ASSERT_EQ(run({"state", "--json"}), ExitStatus::done);
+    EXPECT_NE(output.find(R"("timerEnds":700000000.4,"timerEndsAt":"2023-03-08T20:26:40Z",)"),
+              std::string::npos)
+        << output;
+    EXPECT_EQ(std::get<BridgeState>(decode<BridgeState>(output)), agent.state);
+    for (const double beyond : {1e300, -1e300, 252424598400.0 + 1e6}) {
+        agent.state.timerEnds = Date{beyond};
+        ASSERT_EQ(run({"state", "--json"}), ExitStatus::done);
+        EXPECT_EQ(output, encode(agent.state) + '\n');
+    }
+}
+
+TEST_F(AgentCommands, FollowTheStateFromChangeToChange) {
+    agent.obey = [this](const BridgeCommand&) {
+        agent.obey = nullptr;
+        // One change after another, and one state that changes nothing.
+        QTimer::singleShot(0, &later, [this] {
+            Bridge bridge(center);
+            bridge.publish(agent.state);
+            agent.state.status = "Too hot";
+            bridge.publish(agent.state);
+            agent.state.timerAction = action::Fixed{1};
+            bridge.publish(agent.state);
+        });
+    };
+    const BridgeState before = agent.state;
+    ASSERT_EQ(run({"state", "--follow", "--count", "3", "--json"}), ExitStatus::done);
+    std::istringstream lines(output);
+    std::vector<BridgeState> states;
+    for (std::string line; std::getline(lines, line);)
+        states.push_back(std::get<BridgeState>(decode<BridgeState>(line)));
+    ASSERT_EQ(states.size(), 3U);
+    EXPECT_EQ(states[0], before);
+    EXPECT_EQ(states[1].status, "Too hot");
+    EXPECT_EQ(states[1].timerAction, std::nullopt);
+    EXPECT_EQ(states[2], agent.state);
+}
+
+TEST_F(AgentCommands, FollowTheStateInLinesForPeople) {
+    agent.obey = [this](const BridgeCommand&) {
+        agent.obey = nullptr;
+        QTimer::singleShot(0, &later, [this] {
+            Bridge bridge(center);
+            agent.state.launchAtLogin = true;
+            bridge.publish(agent.state);
+            agent.state.status = "Too hot";
+            bridge.publish(agent.state);
+        });
+    };
+    ASSERT_EQ(run({"state", "--follow", "--count", "2"}), ExitStatus::done);
+    EXPECT_TRUE(output.starts_with("TIME ")) << output;
+    EXPECT_EQ(std::ranges::count(output, '\n'), 3);
+    EXPECT_TRUE(output.ends_with(" Too hot\n")) << output;
+}
+
+TEST_F(AgentCommands, FollowNobodyWhoDoesNotAnswer) {
+    timeout = 0.05;
+    agent.answers = false;
+    EXPECT_EQ(run({"state", "--follow"}), ExitStatus::noAnswer);
 }
 
 TEST_F(AgentCommands, SendOneCommandAndWaitForItsConfirmation) {

@@ -39,6 +39,7 @@ TEST(CtlCommandLine, ReadsEveryCommand) {
     EXPECT_EQ(parameters({"monitor", "--interval", "0.5", "--count=3"}),
               Parameters(Monitor{0.5, 3}));
     EXPECT_EQ(parameters({"state"}), Parameters(State{}));
+    EXPECT_EQ(parameters({"state", "--follow", "--count", "2"}), Parameters(State{true, 2}));
     EXPECT_EQ(parameters({"select", "40%"}), Parameters(Select{Action(action::Fixed{0.4})}));
     EXPECT_EQ(parameters({"select", "profile", "Late", "night"}),
               Parameters(Select{ProfileReference{"Late night"}}));
@@ -52,6 +53,11 @@ TEST(CtlCommandLine, ReadsEveryCommand) {
     EXPECT_EQ(parameters({"profiles", "export"}), Parameters(ExportProfiles{"-"}));
     EXPECT_EQ(parameters({"profiles", "export", "p.json"}), Parameters(ExportProfiles{"p.json"}));
     EXPECT_EQ(parameters({"profiles", "import", "-"}), Parameters(ImportProfiles{"-"}));
+    EXPECT_EQ(parameters({"profiles", "import", "--merge", "p"}),
+              Parameters(ImportProfiles{"p", true}));
+    EXPECT_EQ(parameters({"profiles", "show", "Late", "night"}),
+              Parameters(ShowProfile{{"Late night"}}));
+    EXPECT_EQ(parameters({"profiles", "remove", "Quiet"}), Parameters(RemoveProfile{{"Quiet"}}));
     EXPECT_EQ(parameters({"profiles", "validate", "p.json"}),
               Parameters(ValidateProfiles{"p.json"}));
     EXPECT_EQ(parameters({"replay", "--profiles", "p", "--selection", "max", "heat"}),
@@ -83,6 +89,8 @@ TEST(CtlCommandLine, HasHelpForTheProgramAndForEachCommand) {
               std::string::npos);
     EXPECT_EQ(parse({"help", "profiles"}), group);
     EXPECT_EQ(parse({"help"}), parse({"--help"}));
+    EXPECT_EQ(parse({"-h"}), parse({"--help"}));
+    EXPECT_EQ(parse({"fans", "-h"}), parse({"fans", "--help"}));
     EXPECT_EQ(parse({"help", "fans"}), parse({"fans", "--help"}));
     EXPECT_EQ(parse({"--version"}), CommandLine::Request(CommandLine::ShowVersion{}));
 }
@@ -113,7 +121,8 @@ TEST(CtlCommandLine, DescribesEveryOptionOnceAndForSomeCommand) {
 TEST(CtlCommandLine, RefusesWhatItDoesNotUnderstand) {
     EXPECT_EQ(refusalOf({}), "A command is missing.");
     EXPECT_EQ(refusalOf({"fan"}), "There is no command 'fan'.");
-    EXPECT_EQ(refusalOf({"profiles"}), "'profiles' needs a word more.");
+    EXPECT_EQ(refusalOf({"profiles"}),
+              "profiles: COMMAND is missing: list, export, import, validate, show, remove.");
     EXPECT_EQ(refusalOf({"profiles", "burn"}), "There is no command 'profiles burn'.");
     EXPECT_EQ(refusalOf({"fans", "now"}), "Unexpected argument 'now'.");
     EXPECT_EQ(refusalOf({"fans", "--count", "1"}), "'fans' takes no --count.");
@@ -131,18 +140,27 @@ TEST(CtlCommandLine, RefusesWhatItDoesNotUnderstand) {
     EXPECT_EQ(refusalOf({"monitor", "--count", "-1"}), "--count takes a whole number, not '-1'.");
     EXPECT_EQ(refusalOf({"state", "--timeout", "2d"}),
               "--timeout takes seconds above 0 up to a day, not '2d'.");
-    EXPECT_EQ(refusalOf({"select"}), "ACTION is missing.");
+    EXPECT_EQ(refusalOf({"select"}), "select: ACTION is missing.");
+    EXPECT_EQ(refusalOf({"select", "profile"}), "select: the profile's NAME is missing.");
     EXPECT_EQ(refusalOf({"select", "fast"}),
               "'fast' is no action: automatic, max, N%, or profile NAME.");
-    EXPECT_EQ(refusalOf({"timer", "5m"}), "ACTION is missing.");
+    EXPECT_EQ(refusalOf({"timer"}), "timer: ACTION is missing.");
+    EXPECT_EQ(refusalOf({"timer", "5m"}), "timer: ACTION is missing.");
+    EXPECT_EQ(refusalOf({"timer", "max"}), "timer: DURATION is missing.");
+    EXPECT_EQ(refusalOf({"timer", "profile", "Late", "night"}), "timer: DURATION is missing.");
+    EXPECT_EQ(refusalOf({"timer", "profile", "5m"}), "timer: the profile's NAME is missing.");
     EXPECT_EQ(refusalOf({"timer", "max", "soon"}),
               "'soon' is no DURATION: seconds, or such as 90s, 15m, 1h30m.");
-    EXPECT_EQ(refusalOf({"launch-at-login"}), "'on' or 'off' is missing.");
+    EXPECT_EQ(refusalOf({"launch-at-login"}), "launch-at-login: 'on' or 'off' is missing.");
     EXPECT_EQ(refusalOf({"launch-at-login", "yes"}), "'yes' is neither 'on' nor 'off'.");
-    EXPECT_EQ(refusalOf({"profiles", "import"}), "FILE is missing.");
+    EXPECT_EQ(refusalOf({"profiles", "import"}), "profiles import: FILE is missing.");
+    EXPECT_EQ(refusalOf({"profiles", "validate"}), "profiles validate: FILE is missing.");
+    EXPECT_EQ(refusalOf({"profiles", "show"}), "profiles show: NAME is missing.");
+    EXPECT_EQ(refusalOf({"profiles", "remove", ""}), "profiles remove: NAME is missing.");
+    EXPECT_EQ(refusalOf({"state", "--count", "2"}), "--count goes with --follow.");
     EXPECT_EQ(refusalOf({"profiles", "export", ""}), "FILE is empty.");
-    EXPECT_EQ(refusalOf({"replay", "--selection", "max"}), "'replay' needs --profiles.");
-    EXPECT_EQ(refusalOf({"replay", "--profiles", "p"}), "'replay' needs --selection.");
+    EXPECT_EQ(refusalOf({"replay", "--selection", "max"}), "replay: --profiles is missing.");
+    EXPECT_EQ(refusalOf({"replay", "--profiles", "p"}), "replay: --selection is missing.");
     EXPECT_EQ(refusalOf({"replay", "--profiles", "-", "--selection", "max"}),
               "Profiles and TRACE cannot both come from standard input.");
     EXPECT_EQ(refusalOf({"state", "--socket", ""}), "--socket takes a path.");

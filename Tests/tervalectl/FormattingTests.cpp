@@ -8,13 +8,13 @@ using namespace tervale;
 
 TEST(Table, IsAsWideAsItsWidestCells) {
     Table table({{"FAN"}, {"SPEED", Table::Alignment::right}, {"MODE"}});
-    table.add({"1", "900 RPM", "automatic"});
-    table.add({"Zwölf", "12000 RPM", ""});
+    table.add({"1", "900 rpm", "automatic"});
+    table.add({"Zwölf", "12000 rpm", ""});
     std::ostringstream out;
     table.print(out);
     EXPECT_EQ(out.str(), "FAN        SPEED  MODE\n"
-                         "1        900 RPM  automatic\n"
-                         "Zwölf  12000 RPM\n");
+                         "1        900 rpm  automatic\n"
+                         "Zwölf  12000 rpm\n");
 }
 
 TEST(Table, PrintsLineByLineInLeastWidths) {

@@ -81,7 +81,7 @@ TEST_F(MachineCommands, ShowTheFans) {
     EXPECT_TRUE(output.starts_with("FAN ")) << output;
     EXPECT_NE(output.find("\nFan 1 "), std::string::npos);
     EXPECT_NE(output.find("\nFan 2 "), std::string::npos);
-    EXPECT_NE(output.find(" RPM  automatic\n"), std::string::npos);
+    EXPECT_NE(output.find(" rpm  automatic\n"), std::string::npos);
 }
 
 TEST_F(MachineCommands, ShowTheFansAsJSON) {

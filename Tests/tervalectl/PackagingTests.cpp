@@ -70,3 +70,25 @@ TEST(Packaging, CompletesEveryCommandAndOptionInZsh) {
         EXPECT_NE(text.find("--" + std::string(option.name) + "["), std::string::npos)
             << option.name;
 }
+
+TEST(Packaging, CompletesEveryCommandAndOptionInFish) {
+    const std::string text = read("completions/tervalectl.fish");
+    for (const ctl::Command& command : ctl::allCommands()) {
+        const auto space = command.name.find(' ');
+        const std::string group(space == std::string_view::npos ? ""
+                                                                : command.name.substr(0, space));
+        const std::string word(command.name.substr(group.empty() ? 0 : space + 1));
+        const std::string place =
+            group.empty() ? "'__tervalectl_at'" : "'__tervalectl_at " + group + "'";
+        EXPECT_NE(text.find("-n " + place + " -a " + word + " "), std::string::npos)
+            << command.name;
+    }
+    for (const ctl::Option& option : ctl::allOptions()) {
+        EXPECT_NE(text.find(" -l " + std::string(option.name) + " "), std::string::npos)
+            << option.name;
+        if (option.letter.empty())
+            continue;
+        EXPECT_NE(text.find(" -s " + std::string(option.letter) + " "), std::string::npos)
+            << option.name;
+    }
+}

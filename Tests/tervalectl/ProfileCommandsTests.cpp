@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <cstdint>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -115,6 +117,81 @@ TEST_F(ProfileCommands, RefuseToImportProfilesWithProblems) {
     EXPECT_EQ(run({"profiles", "import", "-"}, encode(profiles)), ExitStatus::refused);
     EXPECT_TRUE(errors.starts_with("tervalectl: Broken: ")) << errors;
     EXPECT_TRUE(agent.heard.empty());
+}
+
+TEST_F(ProfileCommands, MergeAFileIntoWhatTheAgentHas) {
+    agent.state.profiles = {quiet, busy};
+    Profile louder = quiet;
+    louder.name = "Louder";
+    const Profile added{UUID::random(), "Added", kind::Load{rising}};
+    ASSERT_EQ(run({"profiles", "import", "--merge", "-"}, encode(std::vector{added, louder})),
+              ExitStatus::done);
+    EXPECT_EQ(agent.state.profiles, (std::vector{louder, busy, added}));
+    EXPECT_EQ(run({"profiles", "import", "--merge", "-"}, encode(std::vector{broken})),
+              ExitStatus::refused);
+    EXPECT_EQ(agent.state.profiles, (std::vector{louder, busy, added}));
+}
+
+TEST_F(ProfileCommands, MergeAScheduleThatNamesAProfileOfTheAgents) {
+    const Profile nights{UUID::random(), "Nights",
+                         kind::Schedule{{{0, 60, action::Profile{quiet.id}}}}};
+    const std::string text = encode(std::vector{nights});
+    EXPECT_EQ(run({"profiles", "import", "-"}, text), ExitStatus::refused);
+    EXPECT_EQ(run({"profiles", "import", "--merge", "-"}, text), ExitStatus::done) << errors;
+    EXPECT_EQ(agent.state.profiles, (std::vector{quiet, nights}));
+}
+
+TEST_F(ProfileCommands, RemoveOneByNameOrId) {
+    agent.state.profiles = {quiet, busy};
+    ASSERT_EQ(run({"profiles", "remove", "Quiet"}), ExitStatus::done);
+    EXPECT_EQ(agent.state.profiles, std::vector{busy});
+    EXPECT_EQ(run({"profiles", "remove", "Quiet"}), ExitStatus::refused);
+    EXPECT_EQ(errors, "tervalectl: There is no profile 'Quiet'.\n");
+    ASSERT_EQ(run({"profiles", "remove", QString::fromStdString(busy.id.text())}),
+              ExitStatus::done);
+    EXPECT_TRUE(agent.state.profiles.empty());
+}
+
+TEST_F(ProfileCommands, KeepAProfileThatAScheduleUses) {
+    const Profile nights{UUID::random(), "Nights",
+                         kind::Schedule{{{0, 60, action::Profile{quiet.id}}}}};
+    agent.state.profiles = {quiet, nights};
+    EXPECT_EQ(run({"profiles", "remove", "Quiet"}), ExitStatus::refused);
+    EXPECT_TRUE(errors.starts_with("tervalectl: Nights: ")) << errors;
+    EXPECT_EQ(agent.state.profiles, (std::vector{quiet, nights}));
+}
+
+TEST_F(ProfileCommands, DrawACurve) {
+    ASSERT_EQ(run({"profiles", "show", "Quiet"}), ExitStatus::done);
+    EXPECT_TRUE(output.starts_with("PROFILE  KIND                      ID\n"
+                                   "Quiet    temperature, GPU average  " +
+                                   quiet.id.text() +
+                                   "\n\n"
+                                   "TEMPERATURE  SPEED  FANS                      POINT\n"
+                                   "      30 °C    20%  ████▊                     ●\n"
+                                   "      35 °C    26%  ██████▎\n"))
+        << output;
+    EXPECT_TRUE(output.ends_with("      80 °C    80%  ███████████████████▎      ●\n")) << output;
+    EXPECT_EQ(std::ranges::count(output, '\n'), 3 + 1 + 11);
+    ASSERT_EQ(run({"profiles", "show", "Quiet", "--json"}), ExitStatus::done);
+    EXPECT_EQ(output, encode(quiet) + '\n');
+}
+
+TEST_F(ProfileCommands, ShowASchedule) {
+    agent.state.profiles = {
+        {UUID::random(), "Nights", kind::Schedule{{{1320, 390, action::Fixed{1}}}}}};
+    ASSERT_EQ(run({"profiles", "show", "Nights"}), ExitStatus::done);
+    EXPECT_TRUE(output.ends_with("FROM   TO     ACTION\n22:00  06:30  Max\n")) << output;
+}
+
+TEST_F(ProfileCommands, ShowWhateverNumbersAProfileHas) {
+    agent.state.profiles = {
+        {UUID::random(), "Wild", kind::Load{Curve{{{-1e308, -1e308}, {50, 0.5}, {1e308, 1e308}}}}},
+        {UUID::random(), "Empty", kind::Load{}},
+        {UUID::random(), "Ages", kind::Schedule{{{-1, INT64_MAX, action::Automatic{}}}}}};
+    for (const char* name : {"Wild", "Empty", "Ages"})
+        EXPECT_EQ(run({"profiles", "show", name}), ExitStatus::done) << errors;
+    EXPECT_TRUE(output.ends_with("–     –   Automatic\n")) << output;
 }
 
 TEST_F(ProfileCommands, TellWhichProfileHasNoName) {

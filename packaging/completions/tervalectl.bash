@@ -1,9 +1,16 @@
 # Completion of tervalectl for bash.
 
+# Offers the names of the agent's profiles, or their ids where an id is begun; nothing if the agent
+# does not answer. A name with an escape is left out.
 _tervalectl_profiles() {
-    # Ids of the agent's profiles; nothing if it does not answer.
-    tervalectl profiles list --json --timeout 0.3 2>/dev/null |
-        grep -o '"id":"[^"]*"' | cut -d '"' -f 4
+    local current=$1 list name
+    list=$(tervalectl profiles list --json --timeout 0.3 2>/dev/null)
+    while IFS= read -r name; do
+        [[ -n $name && $name == "$current"* ]] && COMPREPLY+=("$(printf '%q' "$name")")
+    done < <(grep -o '"id":"[^"]*","name":"[^"\\]*"' <<<"$list" | cut -d '"' -f 8)
+    if [[ -n $current ]] && ((${#COMPREPLY[@]} == 0)); then
+        _tervalectl_offer -W "$(grep -o '"id":"[^"]*"' <<<"$list" | cut -d '"' -f 4)" -- "$current"
+    fi
 }
 
 # Takes what compgen takes. Also a Mac's own bash, which is old, can do this.
@@ -16,7 +23,7 @@ _tervalectl_offer() {
 
 _tervalectl() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local words=() word command options arguments='' i
+    local words=() word command options arguments='' names='' i
     COMPREPLY=()
 
     case $previous in
@@ -55,18 +62,23 @@ _tervalectl() {
             check-for-updates profiles replay'
         options='--help --version' ;;
     'profiles ')
-        arguments='list export import validate' options='--help' ;;
+        arguments='list export import validate show remove' options='--help' ;;
     fans) options='--json --simulate --socket --help' ;;
     sensors) options='--group --json --simulate --socket --help' ;;
     monitor) options='--interval --count --json --simulate --socket --help' ;;
-    state | cancel-timer | check-for-updates | 'profiles list' | 'profiles export' | 'profiles import')
+    state) options='--follow --count --json --timeout --simulate --socket --help' ;;
+    cancel-timer | check-for-updates | 'profiles list' | 'profiles export')
         options='--json --timeout --simulate --socket --help' ;;
+    'profiles import') options='--merge --json --timeout --simulate --socket --help' ;;
+    'profiles show' | 'profiles remove')
+        options='--json --timeout --simulate --socket --help'
+        ((${#words[@]} == 1)) && names=yes ;;
     select | timer)
         options='--json --timeout --simulate --socket --help'
         if ((${#words[@]} == 1)); then
             arguments='automatic max profile'
         elif [[ ${words[1]-} == profile ]] && ((${#words[@]} == 2)); then
-            arguments=$(_tervalectl_profiles)
+            names=yes
         fi ;;
     launch-at-login)
         options='--json --timeout --simulate --socket --help'
@@ -78,6 +90,8 @@ _tervalectl() {
 
     if [[ $current == -* ]]; then
         _tervalectl_offer -W "$options" -- "$current"
+    elif [[ -n $names ]]; then
+        _tervalectl_profiles "$current"
     elif [[ $command == replay || $command == profiles\ [eiv]* ]] && ((${#words[@]} == 1)); then
         compopt -o filenames 2>/dev/null
         _tervalectl_offer -f -- "$current"

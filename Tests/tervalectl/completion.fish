@@ -1,0 +1,34 @@
+# Checks what the completion offers. Usage: completion.fish COMPLETION
+source $argv[1]
+set failures 0
+
+# The agent's profiles, without an agent.
+function tervalectl
+    echo '[{"id":"A-1","name":"Quiet"},{"id":"B-2","name":"Late at night"},{"id":"C-3","name":"a\\"b"}]'
+end
+
+# expect 'words before and at the cursor' 'what is offered'
+function expect
+    set -l offered (complete -C $argv[1] | string replace -r '\t.*' '' | string join '|')
+    if test "$offered" != $argv[2]
+        echo "'$argv[1]' offers '$offered', not '$argv[2]'" >&2
+        set failures (math $failures + 1)
+    end
+end
+
+expect 'tervalectl s' 'select|sensors|state'
+expect 'tervalectl profiles ' 'export|import|list|remove|show|validate'
+expect 'tervalectl --simulate profiles v' validate
+expect 'tervalectl --timeout 3 select ' 'automatic|max|profile'
+expect 'tervalectl select profile ' 'Late at night|Quiet'
+expect 'tervalectl timer profile L' 'Late at night'
+expect 'tervalectl profiles remove Q' Quiet
+expect 'tervalectl launch-at-login o' 'off|on'
+expect 'tervalectl sensors --group g' gpu
+expect 'tervalectl monitor --i' --interval
+expect 'tervalectl state --f' --follow
+expect 'tervalectl profiles import --m' --merge
+expect 'tervalectl profiles validate --' '--help|--json'
+expect 'tervalectl fans --' '--help|--json|--simulate|--socket'
+expect 'tervalectl --v' --version
+exit $failures

@@ -1,0 +1,89 @@
+# Completion of tervalectl for fish.
+
+# The names of the agent's profiles; nothing if it does not answer. A name with an escape is left out.
+function __tervalectl_names
+    tervalectl profiles list --json --timeout 0.3 2>/dev/null |
+        string match -ra '"id":"[^"]*","name":"[^"\\\\]*"' |
+        string replace -r '.*"name":"(.*)"' '$1'
+end
+
+# The words before the cursor that are neither options nor their values.
+function __tervalectl_words
+    set -l tokens (commandline -opc)
+    set -l skip no
+    for token in $tokens[2..-1]
+        if test $skip = yes
+            set skip no
+            continue
+        end
+        switch $token
+            case --group --profiles --socket --selection --interval --count --timeout
+                set skip yes
+            case '-*'
+            case '*'
+                echo $token
+        end
+    end
+end
+
+# Whether the words are these.
+function __tervalectl_at
+    set -l words (__tervalectl_words)
+    test "$words" = "$argv"
+end
+
+# Whether the words begin with one of these commands.
+function __tervalectl_in
+    set -l words (__tervalectl_words)
+    for command in $argv
+        string match -q -- "$command *" "$words " && return 0
+    end
+    return 1
+end
+
+complete -c tervalectl -f
+
+# Commands.
+complete -c tervalectl -n '__tervalectl_at' -a fans -d 'show the fans, their speeds and limits'
+complete -c tervalectl -n '__tervalectl_at' -a sensors -d 'show the temperatures of the sensors'
+complete -c tervalectl -n '__tervalectl_at' -a monitor -d 'show load, temperatures and fans again and again'
+complete -c tervalectl -n '__tervalectl_at' -a state -d 'show what the agent does'
+complete -c tervalectl -n '__tervalectl_at' -a select -d 'choose what drives the fans'
+complete -c tervalectl -n '__tervalectl_at' -a timer -d 'choose what drives the fans for a while'
+complete -c tervalectl -n '__tervalectl_at' -a cancel-timer -d 'end a running timer'
+complete -c tervalectl -n '__tervalectl_at' -a launch-at-login -d 'start the agent when the user logs in, or not'
+complete -c tervalectl -n '__tervalectl_at' -a check-for-updates -d 'have the agent look for a newer version'
+complete -c tervalectl -n '__tervalectl_at' -a profiles -d "the agent's profiles"
+complete -c tervalectl -n '__tervalectl_at' -a replay -d 'try profiles on recorded readings'
+complete -c tervalectl -n '__tervalectl_at profiles' -a list -d "show the agent's profiles"
+complete -c tervalectl -n '__tervalectl_at profiles' -a export -d "write the agent's profiles as JSON"
+complete -c tervalectl -n '__tervalectl_at profiles' -a import -d "replace the agent's profiles"
+complete -c tervalectl -n '__tervalectl_at profiles' -a validate -d 'tell what is wrong with profiles'
+complete -c tervalectl -n '__tervalectl_at profiles' -a show -d 'show a profile, its curve drawn'
+complete -c tervalectl -n '__tervalectl_at profiles' -a remove -d "remove one of the agent's profiles"
+
+# Arguments.
+complete -c tervalectl -n '__tervalectl_at select' -a 'automatic max profile'
+complete -c tervalectl -n '__tervalectl_at timer' -a 'automatic max profile'
+complete -c tervalectl -n '__tervalectl_at select profile' -a '(__tervalectl_names)'
+complete -c tervalectl -n '__tervalectl_at timer profile' -a '(__tervalectl_names)'
+complete -c tervalectl -n '__tervalectl_at profiles show' -a '(__tervalectl_names)'
+complete -c tervalectl -n '__tervalectl_at profiles remove' -a '(__tervalectl_names)'
+complete -c tervalectl -n '__tervalectl_at launch-at-login' -a 'on off'
+complete -c tervalectl -n '__tervalectl_in replay "profiles export" "profiles import" "profiles validate"' -F
+
+# Options.
+complete -c tervalectl -s h -l help -d 'show help'
+complete -c tervalectl -n '__tervalectl_at' -l version -d 'show the version'
+complete -c tervalectl -n '__tervalectl_in sensors' -l group -x -a 'cpu gpu memory ssd power other' -d 'only this group'
+complete -c tervalectl -n '__tervalectl_in monitor' -l interval -x -d 'seconds from line to line'
+complete -c tervalectl -n '__tervalectl_in monitor state' -l count -x -d 'end after so many lines'
+complete -c tervalectl -n '__tervalectl_in state' -l follow -d 'show the state again whenever it changes'
+complete -c tervalectl -n '__tervalectl_in "profiles import"' -l merge -d "keep the agent's other profiles"
+complete -c tervalectl -n '__tervalectl_in replay' -l profiles -r -F -d 'the profiles to try'
+complete -c tervalectl -n '__tervalectl_in replay' -l selection -x -a 'automatic max' -d 'what is selected'
+set -l agent 'state select timer cancel-timer launch-at-login check-for-updates "profiles list" "profiles export" "profiles import" "profiles show" "profiles remove"'
+complete -c tervalectl -n "__tervalectl_in fans sensors monitor replay 'profiles validate' $agent" -l json -d 'write JSON'
+complete -c tervalectl -n "__tervalectl_in $agent" -l timeout -x -d 'how long to wait for the agent'
+complete -c tervalectl -n "__tervalectl_in fans sensors monitor $agent" -l simulate -d 'use a simulated Mac with an agent of its own'
+complete -c tervalectl -n "__tervalectl_in fans sensors monitor $agent" -l socket -r -F -d 'use the controller on this socket'
