@@ -130,6 +130,10 @@ Colors Colors::of(const QPalette& palette) {
     colors.dark = label > ground;
     colors.highContrast = isHighContrast(label, ground);
     const Shades& shade = shades(colors.dark, colors.highContrast);
+    // Some desktops' dark ground of lists and fields is darker than their window; a card on it
+    // would look like a hole.
+    if (colors.dark && luminance(colors.card) < ground)
+        colors.card = blended(colors.window, colors.label, 0.06f);
     colors.sidebar = blended(colors.window, colors.label, 0.049f);
     colors.line = faded(colors.label, shade.line);
     colors.secondary = faded(colors.label, shade.secondary);

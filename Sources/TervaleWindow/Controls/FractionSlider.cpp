@@ -1,15 +1,16 @@
 #include "TervaleWindow/Controls/FractionSlider.h"
 
 #include "Base/Precondition.h"
-#include "TervaleWindow/Style/SliderPainting.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace tervale {
 
@@ -17,33 +18,14 @@ namespace {
 
 using Source = SliderGesture::Source;
 
-constexpr double arrowStep = 0.01;
-constexpr double pageStepFraction = 0.1;
-constexpr int wheelNotch = 120;
+QMouseEvent moved(const QMouseEvent& event, const QPointF& distance) {
+    return QMouseEvent(event.type(), event.position() - distance, event.scenePosition() - distance,
+                       event.globalPosition() - distance, event.button(), event.buttons(),
+                       event.modifiers());
+}
 
-/// Where a key takes the slider, or nothing if the key is none of its.
-std::optional<double> destination(int key, double from, Qt::LayoutDirection direction) {
-    const double towardsRight = direction == Qt::RightToLeft ? -arrowStep : arrowStep;
-    switch (key) {
-    case Qt::Key_Right:
-        return from + towardsRight;
-    case Qt::Key_Left:
-        return from - towardsRight;
-    case Qt::Key_Up:
-        return from + arrowStep;
-    case Qt::Key_Down:
-        return from - arrowStep;
-    case Qt::Key_PageUp:
-        return from + pageStepFraction;
-    case Qt::Key_PageDown:
-        return from - pageStepFraction;
-    case Qt::Key_Home:
-        return 0;
-    case Qt::Key_End:
-        return 1;
-    default:
-        return std::nullopt;
-    }
+int stepOf(double fraction) {
+    return static_cast<int>(std::lround(fraction * FractionSlider::resolution));
 }
 
 } // namespace
@@ -52,12 +34,9 @@ FractionSlider::FractionSlider(QWidget* parent) : QSlider(Qt::Horizontal, parent
     setRange(0, resolution);
     setSingleStep(resolution / 100);
     setPageStep(resolution / 10);
-    // Not by the wheel: whoever scrolls past must not take hold of it.
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    wheelTimer.setSingleShot(true);
-    setWheelPause(std::chrono::milliseconds(300));
-    connect(&wheelTimer, &QTimer::timeout, this, [this] { report(gesture.end(Source::wheel)); });
+    connect(this, &QSlider::valueChanged, this, &FractionSlider::followSteps);
 }
 
 double FractionSlider::fraction() const {
@@ -66,30 +45,44 @@ double FractionSlider::fraction() const {
 
 void FractionSlider::setFraction(double fraction) {
     precondition(!std::isnan(fraction), "a slider's fraction is a number");
-    show(std::clamp(fraction, 0.0, 1.0));
+    const QSignalBlocker quiet(this);
+    shown = std::clamp(fraction, 0.0, 1.0);
+    setValue(stepOf(shown));
 }
 
 bool FractionSlider::isEditing() const {
     return gesture.isActive();
 }
 
-void FractionSlider::setWheelPause(std::chrono::milliseconds pause) {
-    wheelTimer.setInterval(pause);
-}
-
 void FractionSlider::moveAtOnce(double fraction) {
     endEveryGesture();
     report(gesture.begin(Source::keyboard));
-    move(fraction);
+    setValue(stepOf(std::clamp(fraction, 0.0, 1.0)));
     report(gesture.end(Source::keyboard));
 }
 
 QSize FractionSlider::sizeHint() const {
-    return {160, minimumSizeHint().height()};
+    return {160, QSlider::sizeHint().height()};
 }
 
 QSize FractionSlider::minimumSizeHint() const {
-    return {60, static_cast<int>(sliderKnob + 2 * sliderMargin)};
+    return {60, QSlider::minimumSizeHint().height()};
+}
+
+QRect FractionSlider::part(QStyle::SubControl part) const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
+}
+
+int FractionSlider::stepAt(int x) const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRect groove = part(QStyle::SC_SliderGroove);
+    const QRect knob = part(QStyle::SC_SliderHandle);
+    const int toMiddle = knob.center().x() - knob.left();
+    return QStyle::sliderValueFromPosition(minimum(), maximum(), x - groove.left() - toMiddle,
+                                           groove.width() - knob.width(), option.upsideDown);
 }
 
 void FractionSlider::mousePressEvent(QMouseEvent* event) {
@@ -97,38 +90,47 @@ void FractionSlider::mousePressEvent(QMouseEvent* event) {
         event->ignore();
         return;
     }
-    const SliderLayout layout = sliderLayout(rect(), shown, layoutDirection());
-    const bool onKnob = layout.knob.contains(event->position());
-    grip = onKnob ? event->position().x() - layout.knob.center().x() : 0;
     report(gesture.begin(Source::pointer));
-    if (!onKnob)
-        move(sliderFraction(rect(), event->position().x(), layoutDirection()));
+    const int place = event->position().toPoint().x();
+    const QRect knob = part(QStyle::SC_SliderHandle);
+    if (place < knob.left() || place > knob.right())
+        setValue(stepAt(place));
+    grip = event->position() - part(QStyle::SC_SliderHandle).center();
+    // Some styles bring the middle of the knob to a press, to the next pixel; a mere press moves
+    // nothing.
+    const QSignalBlocker quiet(this);
+    const int held = value();
+    QMouseEvent inTheMiddle = moved(*event, grip);
+    QSlider::mousePressEvent(&inTheMiddle);
+    setValue(held);
 }
 
 void FractionSlider::mouseMoveEvent(QMouseEvent* event) {
+    QMouseEvent inTheMiddle = moved(*event, grip);
     if (gesture.isHeldBy(Source::pointer))
-        move(sliderFraction(rect(), event->position().x() - grip, layoutDirection()));
+        QSlider::mouseMoveEvent(&inTheMiddle);
     else
         event->ignore();
 }
 
 void FractionSlider::mouseReleaseEvent(QMouseEvent* event) {
+    QSlider::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton)
         report(gesture.end(Source::pointer));
-    else
-        event->ignore();
 }
 
 void FractionSlider::keyPressEvent(QKeyEvent* event) {
-    const bool plain = (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == 0;
-    const std::optional<double> target = destination(event->key(), shown, layoutDirection());
-    if (!plain || !target) {
+    if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) {
         event->ignore();
         return;
     }
-    heldKeys.insert(event->key());
-    report(gesture.begin(Source::keyboard));
-    move(*target);
+    // Told before the slider moves, if it is to move at all.
+    const auto begin = [this] { report(gesture.begin(Source::keyboard)); };
+    const auto connection = connect(this, &QSlider::actionTriggered, this, begin);
+    QSlider::keyPressEvent(event);
+    disconnect(connection);
+    if (event->isAccepted())
+        heldKeys.insert(event->key());
 }
 
 void FractionSlider::keyReleaseEvent(QKeyEvent* event) {
@@ -142,19 +144,7 @@ void FractionSlider::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void FractionSlider::wheelEvent(QWheelEvent* event) {
-    const int turn = event->inverted() ? -event->angleDelta().y() : event->angleDelta().y();
-    if (!hasFocus() || turn == 0) {
-        event->ignore();
-        return;
-    }
-    report(gesture.begin(Source::wheel));
-    // What is finer than a step of the slider must not be lost: touch pads send little at a time.
-    const double steps = wheelRest + turn * arrowStep * resolution / wheelNotch;
-    const double whole = std::trunc(steps);
-    wheelRest = steps - whole;
-    move(shown + whole / resolution);
-    wheelTimer.start();
-    event->accept();
+    event->ignore();
 }
 
 void FractionSlider::focusOutEvent(QFocusEvent* event) {
@@ -174,32 +164,20 @@ void FractionSlider::changeEvent(QEvent* event) {
     QSlider::changeEvent(event);
 }
 
+void FractionSlider::followSteps(int step) {
+    shown = double(step) / resolution;
+    emit fractionChanged(shown);
+}
+
 void FractionSlider::report(const SliderGesture::Reports& reports) {
-    for (const SliderGesture::Report report : reports) {
-        if (report == SliderGesture::Report::ended)
-            wheelRest = 0;
+    for (const SliderGesture::Report report : reports)
         emit editingChanged(report == SliderGesture::Report::began);
-    }
 }
 
 void FractionSlider::endEveryGesture() {
     heldKeys.clear();
-    wheelTimer.stop();
+    setSliderDown(false);
     report(gesture.endAny());
-}
-
-void FractionSlider::show(double fraction) {
-    shown = fraction;
-    setValue(static_cast<int>(std::lround(fraction * resolution)));
-}
-
-void FractionSlider::move(double fraction) {
-    // Steps add up without drifting away from the slider's own grid.
-    const double target = std::round(std::clamp(fraction, 0.0, 1.0) * resolution) / resolution;
-    if (std::equal_to<>()(target, shown))
-        return;
-    show(target);
-    emit fractionChanged(shown);
 }
 
 } // namespace tervale

@@ -4,17 +4,15 @@
 
 #include <QSet>
 #include <QSlider>
-#include <QTimer>
-
-#include <chrono>
+#include <QStyle>
 
 namespace tervale {
 
-/// A horizontal slider over 0.0 to 1.0. Whatever moves it, be it a pointer, a key with its repeats,
-/// a turn of the wheel or assistive technology, is one gesture: `editingChanged(true)` when it
-/// begins and `editingChanged(false)` exactly once when it is over. Arrows move by 1 %, page keys
-/// by 10 %. The wheel moves it only while it has the focus, so that a pane can be scrolled over it.
-/// Assistive technology sees whole percents, 0 to 100.
+/// A horizontal slider over 0.0 to 1.0, the toolkit's own over finer steps than there are pixels.
+/// Whatever moves it, be it a pointer, a key with its repeats or assistive technology, is one
+/// gesture: `editingChanged(true)` when it begins and `editingChanged(false)` exactly once when it
+/// is over. Arrows move by 1 %, page keys by 10 %; a press beside the knob brings it there. The
+/// wheel is the pane's, to scroll with. Assistive technology sees whole percents, 0 to 100.
 class FractionSlider : public QSlider {
     Q_OBJECT
 
@@ -28,8 +26,6 @@ class FractionSlider : public QSlider {
     /// Shows a value, clamped to 0...1, without either of the signals below.
     void setFraction(double fraction);
     bool isEditing() const;
-    /// How long the wheel must rest for its gesture to be over.
-    void setWheelPause(std::chrono::milliseconds pause);
     /// One whole gesture that ends at `fraction`.
     void moveAtOnce(double fraction);
 
@@ -53,19 +49,18 @@ class FractionSlider : public QSlider {
     void changeEvent(QEvent* event) override;
 
   private:
+    QRect part(QStyle::SubControl part) const;
+    /// The step at which the middle of the knob stands at `x`.
+    int stepAt(int x) const;
+    void followSteps(int step);
     void report(const SliderGesture::Reports& reports);
     void endEveryGesture();
-    void show(double fraction);
-    void move(double fraction);
 
     double shown = 0;
     SliderGesture gesture;
     /// From the middle of the knob to where it was taken hold of.
-    qreal grip = 0;
+    QPointF grip;
     QSet<int> heldKeys;
-    /// The part of the wheel's turn that was too small to show yet, in steps.
-    double wheelRest = 0;
-    QTimer wheelTimer;
 };
 
 } // namespace tervale

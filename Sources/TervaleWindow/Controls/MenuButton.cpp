@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace tervale {
 
 MenuButton::MenuButton(const QString& title, QMenu* menu, QWidget* parent)
@@ -12,6 +14,11 @@ MenuButton::MenuButton(const QString& title, QMenu* menu, QWidget* parent)
     setFont(systemFont(fontSize::body));
     menu->setParent(this, menu->windowFlags());
     setMenu(menu);
+}
+
+QSize MenuButton::sizeHint() const {
+    const QSize natural = QPushButton::sizeHint();
+    return {std::max(natural.width(), leastWidth), natural.height()};
 }
 
 void MenuButton::keyPressEvent(QKeyEvent* event) {

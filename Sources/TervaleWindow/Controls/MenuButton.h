@@ -16,6 +16,8 @@ class MenuButton : public QPushButton {
     /// The menu becomes the button's child.
     MenuButton(const QString& title, QMenu* menu, QWidget* parent = nullptr);
 
+    QSize sizeHint() const override;
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 };

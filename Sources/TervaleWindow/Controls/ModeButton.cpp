@@ -3,6 +3,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QKeyEvent>
 
@@ -20,7 +21,7 @@ ModeButton::ModeButton(const QString& title, QWidget* parent) : QPushButton(titl
     setFont(systemFont(fontSize::body, QFont::Medium));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
-    setFocusRadius(*this, capsuleHeight / 2);
+    FocusRing::shared().surround(*this, capsuleHeight / 2);
 }
 
 bool ModeButton::isSelected() const {

@@ -1,7 +1,5 @@
 #include "TervaleWindow/Controls/PopUpButton.h"
 
-#include "TervaleWindow/Style/MenuRowDelegate.h"
-
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -21,6 +19,18 @@ bool opensTheList(int key) {
            key == Qt::Key_Enter;
 }
 
+/// Keys that would choose an entry of a closed list, unseen.
+bool choosesUnseen(int key) {
+    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
+}
+
+bool isLetter(const QKeyEvent& event) {
+    const bool plain = !(event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+    return plain && !event.text().isEmpty() && event.text().front().isPrint() &&
+           event.key() != Qt::Key_Space;
+}
+
 } // namespace
 
 PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
@@ -34,11 +44,6 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
     connect(model(), &QAbstractItemModel::dataChanged, this, &PopUpButton::updateGeometry);
     connect(model(), &QAbstractItemModel::modelReset, this, &PopUpButton::updateGeometry);
     setMaxVisibleItems(mostVisibleEntries);
-    setItemDelegate(new MenuRowDelegate(this));
-    // The panel around the list shines through.
-    view()->setFrameShape(QFrame::NoFrame);
-    view()->setAutoFillBackground(false);
-    view()->viewport()->setAutoFillBackground(false);
     view()->installEventFilter(this);
 }
 
@@ -73,15 +78,23 @@ void PopUpButton::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
     if (plain && opensTheList(event->key()))
         showPopup();
+    else if (isLetter(*event))
+        openAndSearch(*event);
+    else if (choosesUnseen(event->key()))
+        event->ignore();
     else
         QComboBox::keyPressEvent(event);
 }
 
+void PopUpButton::openAndSearch(QKeyEvent& letter) {
+    showPopup();
+    if (view()->isVisible())
+        QCoreApplication::sendEvent(view(), &letter);
+}
+
+// The pane scrolls, whatever has the focus.
 void PopUpButton::wheelEvent(QWheelEvent* event) {
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
-        event->ignore();
+    event->ignore();
 }
 
 } // namespace tervale

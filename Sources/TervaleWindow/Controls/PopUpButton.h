@@ -6,9 +6,9 @@ namespace tervale {
 
 /// A button that shows the chosen entry and opens a list of all, the chosen one ticked. It takes
 /// the width of its longest entry, at least 130, and shortens a name with an ellipsis where it is
-/// given less. Space, Return, Up and Down open the list, and
-/// Space and Return choose in it. Only the user's choice emits `activated`;
-/// `setCurrentIndex` never does.
+/// given less. Space, Return, Up, Down and letters open the list, and Space and Return choose in
+/// it; nothing is chosen while it is closed, neither by a key nor by the wheel. Only the user's
+/// choice emits `activated`; `setCurrentIndex` never does.
 class PopUpButton : public QComboBox {
     Q_OBJECT
 
@@ -22,8 +22,12 @@ class PopUpButton : public QComboBox {
     QSize minimumSizeHint() const override;
 
   protected:
+    /// A letter opens the list and goes to the entry that begins with it.
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void openAndSearch(QKeyEvent& letter);
 };
 
 } // namespace tervale

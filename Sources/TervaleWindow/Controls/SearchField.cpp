@@ -2,7 +2,6 @@
 
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Symbol.h"
-#include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FieldPainting.h"
 
 #include <QAction>
@@ -23,7 +22,7 @@ SearchField::SearchField(const QString& prompt, QWidget* parent)
     setPlaceholderText(prompt);
     setAccessibleName(prompt);
     setClearButtonEnabled(true);
-    setFocusRadius(*this, searchRadius);
+    markAsSearchField(*this);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     tintMagnifier();
 }

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 namespace tervale {
 
@@ -37,7 +38,7 @@ void paintSelection(QPainter& painter, const QRectF& segment, const Colors& colo
 
 SegmentButton::SegmentButton(const QString& title, QWidget* parent) : QRadioButton(title, parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setFocusRadius(*this, cornerRadius);
+    FocusRing::shared().surround(*this, cornerRadius);
 }
 
 // As wide as when it is selected, so that nothing moves then.

@@ -10,8 +10,6 @@ SliderGesture::Holder SliderGesture::holder(Source source) {
         return Holder::pointer;
     case Source::keyboard:
         return Holder::keyboard;
-    case Source::wheel:
-        return Holder::wheel;
     }
     precondition(false, "a gesture has a source");
     return Holder::nobody;

@@ -5,11 +5,11 @@
 namespace tervale {
 
 /// Makes one gesture out of everything that moves a slider at a time: a gesture has one source,
-/// and whoever begins another one ends it. A pointer that holds the knob takes in whatever keys and
-/// wheel do meanwhile.
+/// and whoever begins another one ends it. A pointer that holds the knob takes in whatever the keys
+/// do meanwhile.
 class SliderGesture {
   public:
-    enum class Source { pointer, keyboard, wheel };
+    enum class Source { pointer, keyboard };
     enum class Report { began, ended };
     /// What is to be told to the outside, in order.
     using Reports = std::vector<Report>;
@@ -22,7 +22,7 @@ class SliderGesture {
     bool isHeldBy(Source source) const;
 
   private:
-    enum class Holder { nobody, pointer, keyboard, wheel };
+    enum class Holder { nobody, pointer, keyboard };
     static Holder holder(Source source);
 
     Holder current = Holder::nobody;

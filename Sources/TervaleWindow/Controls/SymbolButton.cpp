@@ -1,6 +1,7 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 
 #include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QKeyEvent>
 
@@ -21,7 +22,7 @@ SymbolButton::SymbolButton(Symbol symbol, const QString& name, QWidget* parent)
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
-    setFocusRadius(*this, cornerRadius);
+    FocusRing::shared().surround(*this, cornerRadius);
 }
 
 QSize SymbolButton::sizeHint() const {

@@ -59,11 +59,9 @@ QAbstractSpinBox::StepEnabled TimeField::stepEnabled() const {
     return isReadOnly() ? StepEnabled(StepNone) : StepUpEnabled | StepDownEnabled;
 }
 
+// The pane scrolls, whatever has the focus.
 void TimeField::wheelEvent(QWheelEvent* event) {
-    if (hasFocus())
-        QTimeEdit::wheelEvent(event);
-    else
-        event->ignore();
+    event->ignore();
 }
 
 bool TimeField::eventFilter(QObject* watched, QEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QStyle>
 
@@ -25,7 +26,7 @@ QRectF knob(const QRectF& track, qreal position, Qt::LayoutDirection direction) 
 ToggleSwitch::ToggleSwitch(const QString& name, QWidget* parent) : QCheckBox(parent) {
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setFocusRadius(*this, switchSize.height() / 2);
+    FocusRing::shared().surround(*this, switchSize.height() / 2);
     animation.setDuration(slideDuration);
     animation.setEasingCurve(QEasingCurve::InOutQuad);
     connect(&animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {

@@ -12,7 +12,7 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
-#include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QMenu>
 #include <QPushButton>

@@ -4,6 +4,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/TabularText.h"
 #include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QLinearGradient>
 #include <QPainterPath>
@@ -22,7 +23,7 @@ constexpr qreal ringWidth = 2.5;
 constexpr qreal markerWidth = 1.5;
 constexpr qreal dashOn = 4;
 constexpr qreal dashOff = 3;
-constexpr qreal focusGap = 3.5;
+constexpr qreal focusGap = 2;
 
 QPointF toPointF(const PlotPoint& point) {
     return {point.x, point.y};
@@ -113,15 +114,14 @@ void paintMarker(QPainter& painter, const CurveDrawing& drawing, const QRectF& b
     paintTabularText(painter, room, Qt::AlignLeft | Qt::AlignVCenter, font, text);
 }
 
-void paintKnots(QPainter& painter, const CurveDrawing& drawing, KeyFocus focus) {
+void paintKnots(QPainter& painter, const CurveDrawing& drawing, const Colors& colors,
+                KeyFocus focus) {
     for (const CurveDrawing::Knot& knot : drawing.knots) {
         const QPointF middle = toPointF(knot.middle);
         if (knot.chosen && focus == KeyFocus::present) {
-            QColor halo = Theme::accent();
-            halo.setAlphaF(0.5F);
-            painter.setPen(QPen(halo, 3));
-            painter.setBrush(Qt::NoBrush);
-            painter.drawEllipse(middle, knot.radius + focusGap, knot.radius + focusGap);
+            const qreal reach = knot.radius + focusGap;
+            const QRectF shape(middle - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach));
+            paintFocusRing(painter, shape, reach, colors);
         }
         painter.setPen(QPen(knotColor(drawing, knot.x), ringWidth));
         painter.setBrush(Qt::white);
@@ -142,7 +142,7 @@ void paintCurve(QPainter& painter, const CurveDrawing& drawing, const QRectF& bo
     paintAxes(painter, drawing, colors);
     paintLine(painter, drawing);
     paintMarker(painter, drawing, bounds, colors);
-    paintKnots(painter, drawing, focus);
+    paintKnots(painter, drawing, colors, focus);
     painter.restore();
 }
 

@@ -7,6 +7,7 @@
 
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <limits>
@@ -18,6 +19,7 @@ namespace {
 constexpr int cardSpacing = 14;
 constexpr int usualMargin = 18;
 constexpr int narrowMargin = 12;
+constexpr int narrowMarginBesideScrollBar = 8;
 /// Below this width the margins give way.
 constexpr int narrowWidth = 400;
 
@@ -87,7 +89,15 @@ void ProfileEditor::showName() {
 
 void ProfileEditor::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    setMargins(*this, width() < narrowWidth ? narrowMargin : usualMargin);
+    setMargins(*this, margin());
+}
+
+int ProfileEditor::margin() const {
+    if (width() >= narrowWidth)
+        return usualMargin;
+    // A scroll bar that lies over the contents takes no room of theirs.
+    const bool overlaps = style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarOverlap) > 0;
+    return overlaps ? narrowMargin : narrowMarginBesideScrollBar;
 }
 
 bool ProfileEditor::isFor(const Profile& other) const {

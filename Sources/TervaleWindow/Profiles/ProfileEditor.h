@@ -35,6 +35,8 @@ class ProfileEditor final : public QWidget {
 
   private:
     void showName();
+    /// At the sides of the cards.
+    int margin() const;
     void showProblems();
 
     DraftModel& draft;

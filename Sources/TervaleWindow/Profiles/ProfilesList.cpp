@@ -5,7 +5,7 @@
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ProfileRowDelegate.h"
 #include "TervaleWindow/Profiles/ScheduleTargets.h"
-#include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QListView>
 #include <QMenu>

@@ -8,7 +8,7 @@
 #include "TervaleWindow/Profiles/FocusOrder.h"
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 #include "TervaleWindow/Profiles/ProfilesList.h"
-#include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>

@@ -6,6 +6,7 @@
 #include "TervaleWindow/Controls/TextStyle.h"
 #include "TervaleWindow/Gauges/BarLayerView.h"
 #include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QStyle>
 

@@ -1,7 +1,6 @@
 #include "TervaleWindow/Style/ButtonPainting.h"
 
 #include "TervaleWindow/Appearance/Theme.h"
-#include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QStyle>
@@ -96,8 +95,7 @@ void paintPushButton(QPainter& painter, const QStyleOptionButton& option) {
 
 QSize pushButtonSize(const QStyleOptionButton& option) {
     const int text = option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width();
-    const int width = opensMenu(option) ? std::max(popUpWidth(text), MenuButton::leastWidth)
-                                        : text + 2 * (line + buttonPadding);
+    const int width = opensMenu(option) ? popUpWidth(text) : text + 2 * (line + buttonPadding);
     return {width, std::max(buttonHeight, option.fontMetrics.height() + 8)};
 }
 

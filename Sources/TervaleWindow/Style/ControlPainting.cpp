@@ -5,7 +5,6 @@
 
 #include <QImage>
 #include <QRadialGradient>
-#include <QVariant>
 
 #include <cmath>
 
@@ -13,20 +12,10 @@ namespace tervale {
 
 namespace {
 
-constexpr const char* focusRadiusProperty = "tervaleFocusRadius";
-constexpr const char* keyboardFocusProperty = "tervaleKeyboardFocus";
-
 QColor black(qreal alpha) {
     QColor color(Qt::black);
     color.setAlphaF(static_cast<float>(alpha));
     return color;
-}
-
-/// A pale ring would drown on a dark ground, and is no help to who needs high contrast.
-float ringOpacity(const Colors& colors) {
-    if (colors.controlLine.alphaF() > 0.5f)
-        return 1;
-    return colors.dark ? 0.6f : 0.35f;
 }
 
 } // namespace
@@ -101,38 +90,6 @@ void paintChevrons(QPainter& painter, const QRectF& square) {
     painter.setBrush(Theme::accent());
     painter.drawRoundedRect(square, 4, 4);
     paintSymbol(painter, Symbol::chevronUpDown, square.adjusted(2, 2, -2, -2), Qt::white, 1.4);
-}
-
-void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const Colors& colors) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    QColor color = Theme::accent();
-    color.setAlphaF(ringOpacity(colors));
-    painter.setPen(QPen(color, focusRingWidth));
-    painter.setBrush(Qt::NoBrush);
-    const qreal half = focusRingWidth / 2.0;
-    painter.drawRoundedRect(shape.adjusted(-half, -half, half, half), radius + half, radius + half);
-}
-
-void setFocusRadius(QWidget& widget, int radius) {
-    widget.setProperty(focusRadiusProperty, radius);
-}
-
-int focusRadius(const QWidget& widget) {
-    const QVariant radius = widget.property(focusRadiusProperty);
-    return radius.isValid() ? radius.toInt() : controlRadius;
-}
-
-void setFocusOrigin(QWidget& widget, FocusOrigin origin) {
-    widget.setProperty(keyboardFocusProperty, origin == FocusOrigin::keyboard);
-}
-
-bool hasKeyboardFocus(const QWidget& widget) {
-    return widget.hasFocus() && widget.property(keyboardFocusProperty).toBool();
-}
-
-void handFocusOn(const QWidget& from, QWidget& to) {
-    if (from.hasFocus())
-        to.setFocus(hasKeyboardFocus(from) ? Qt::TabFocusReason : Qt::OtherFocusReason);
 }
 
 } // namespace tervale

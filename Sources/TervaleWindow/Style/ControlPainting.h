@@ -4,7 +4,6 @@
 
 #include <QPainter>
 #include <QRectF>
-#include <QWidget>
 
 #include <functional>
 
@@ -14,13 +13,11 @@ namespace tervale {
 
 inline constexpr qreal disabledOpacity = 0.45;
 inline constexpr int controlRadius = 7;
-inline constexpr int focusRingWidth = 3;
 
 /// A rounded box whose line runs inside its edge.
 void paintBox(QPainter& painter, const QRectF& box, qreal radius, const QColor& fill,
               const QColor& line);
-/// As paintBox for a button or field that is drawn on the window's ground, with the light shadow of
-/// a raised one.
+/// As paintBox, for a button or field in the colours of a control.
 void paintControlBox(QPainter& painter, const QRectF& box, const Colors& colors);
 /// Whether a control can be used, for the painters that fade it as a whole when it cannot.
 enum class Availability { available, unavailable };
@@ -34,19 +31,5 @@ QColor pressedShade(const Colors& colors);
 void paintKnob(QPainter& painter, const QRectF& disc);
 /// The accent-coloured square with chevrons of a control that opens a list.
 void paintChevrons(QPainter& painter, const QRectF& square);
-/// Around the outside of a shape.
-void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const Colors& colors);
-
-/// The corner radius of the ring around a control that is not the usual box.
-void setFocusRadius(QWidget& widget, int radius);
-int focusRadius(const QWidget& widget);
-/// What brought the focus to a widget. Only the keyboard's leaves a ring around most controls.
-enum class FocusOrigin { other, keyboard };
-void setFocusOrigin(QWidget& widget, FocusOrigin origin);
-bool hasKeyboardFocus(const QWidget& widget);
-
-/// Moves the focus on, with its ring if it has one, before a control that may have it goes or is
-/// disabled. The toolkit would choose the next one on its own.
-void handFocusOn(const QWidget& from, QWidget& to);
 
 } // namespace tervale

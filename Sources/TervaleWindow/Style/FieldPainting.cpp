@@ -1,17 +1,21 @@
 #include "TervaleWindow/Style/FieldPainting.h"
 
-#include "TervaleWindow/Controls/SearchField.h"
 #include "TervaleWindow/Style/ButtonPainting.h"
 #include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QAbstractSpinBox>
+#include <QLineEdit>
 #include <QStyle>
+#include <QVariant>
 
 #include <algorithm>
 
 namespace tervale {
 
 namespace {
+
+constexpr const char* searchFieldProperty = "tervaleSearchField";
 
 // QLineEdit itself keeps two more pixels on either side of its text.
 constexpr int fieldPadding = 8;
@@ -28,13 +32,22 @@ bool isInsideSpinBox(const QWidget* widget) {
 
 } // namespace
 
+void markAsSearchField(QLineEdit& field) {
+    field.setProperty(searchFieldProperty, true);
+    setFocusRadius(field, searchRadius);
+}
+
+bool isSearchField(const QWidget* widget) {
+    return widget && widget->property(searchFieldProperty).toBool();
+}
+
 void paintField(QPainter& painter, const QStyleOptionFrame& option, const QWidget* widget) {
     if (isInsideSpinBox(widget) || option.lineWidth == 0)
         return;
     const Colors colors = Colors::of(option.palette);
     painter.save();
     fade(painter, option);
-    if (qobject_cast<const SearchField*>(widget))
+    if (isSearchField(widget))
         paintBox(painter, option.rect, searchRadius, colors.quaternary, Qt::transparent);
     else
         paintControlBox(painter, option.rect, colors);
@@ -44,8 +57,7 @@ void paintField(QPainter& painter, const QStyleOptionFrame& option, const QWidge
 QRect fieldContents(const QStyleOption& option, const QWidget* widget) {
     if (isInsideSpinBox(widget))
         return option.rect;
-    const bool search = qobject_cast<const SearchField*>(widget);
-    const int padding = search ? searchPadding : fieldPadding;
+    const int padding = isSearchField(widget) ? searchPadding : fieldPadding;
     return option.rect.adjusted(padding, 1, -padding, -1);
 }
 

@@ -5,6 +5,8 @@
 #include <QStyleOptionComplex>
 #include <QStyleOptionFrame>
 
+class QLineEdit;
+
 namespace tervale {
 
 /// Fields for text and for times, and tool tips.
@@ -13,6 +15,10 @@ inline constexpr int fieldHeight = 28;
 inline constexpr int searchRadius = 8;
 inline constexpr int searchIconSide = 14;
 inline constexpr int searchIconMargin = 7;
+
+/// Fields that look for something have a rounded ground instead of a box.
+void markAsSearchField(QLineEdit& field);
+bool isSearchField(const QWidget* widget);
 
 void paintField(QPainter& painter, const QStyleOptionFrame& option, const QWidget* widget);
 /// Where a field has its text.

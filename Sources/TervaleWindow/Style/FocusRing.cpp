@@ -1,17 +1,43 @@
 #include "TervaleWindow/Style/FocusRing.h"
 
-#include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Appearance/Theme.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QSlider>
+#include <QStyleOption>
+#include <QVariant>
 
 namespace tervale {
 
 namespace {
+
+constexpr const char* radiusProperty = "tervaleFocusRadius";
+constexpr const char* keyboardFocusProperty = "tervaleKeyboardFocus";
+
+/// The radius of the usual box of a control.
+constexpr int usualRadius = 7;
+
+/// What brought the focus to a widget. Only the keyboard's leaves a ring around most controls.
+enum class FocusOrigin { other, keyboard };
+
+void setFocusOrigin(QWidget& widget, FocusOrigin origin) {
+    widget.setProperty(keyboardFocusProperty, origin == FocusOrigin::keyboard);
+}
+
+/// A pale ring would drown on a dark ground or on the accent colour, and is no help to who needs
+/// high contrast.
+float ringOpacity(const Colors& colors, RingGround ground) {
+    if (colors.controlLine.alphaF() > 0.5f)
+        return 1;
+    if (ground == RingGround::accent)
+        return 0.8f;
+    return colors.dark ? 0.6f : 0.35f;
+}
 
 bool isField(const QWidget& widget) {
     return qobject_cast<const QLineEdit*>(&widget) ||
@@ -46,17 +72,90 @@ bool isInterruption(Qt::FocusReason reason) {
 
 } // namespace
 
+void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const Colors& colors,
+                    RingGround ground) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor color = ground == RingGround::accent ? QColor(Qt::white) : Theme::accent();
+    color.setAlphaF(ringOpacity(colors, ground));
+    painter.setPen(QPen(color, focusRingWidth));
+    painter.setBrush(Qt::NoBrush);
+    const qreal half = focusRingWidth / 2.0;
+    painter.drawRoundedRect(shape.adjusted(-half, -half, half, half), radius + half, radius + half);
+}
+
+void setFocusRadius(QWidget& widget, int radius) {
+    widget.setProperty(radiusProperty, radius);
+}
+
+int focusRadius(const QWidget& widget) {
+    const QVariant radius = widget.property(radiusProperty);
+    return radius.isValid() ? radius.toInt() : usualRadius;
+}
+
+bool hasKeyboardFocus(const QWidget& widget) {
+    return widget.hasFocus() && widget.property(keyboardFocusProperty).toBool();
+}
+
+void handFocusOn(const QWidget& from, QWidget& to) {
+    if (from.hasFocus())
+        to.setFocus(hasKeyboardFocus(from) ? Qt::TabFocusReason : Qt::OtherFocusReason);
+}
+
+void FocusRingStyle::drawControl(ControlElement element, const QStyleOption* option,
+                                 QPainter* painter, const QWidget* widget) const {
+    const auto* frame = qobject_cast<const QFocusFrame*>(widget);
+    if (element != CE_FocusFrame || !frame || !frame->widget())
+        return;
+    const int margin = focusRingWidth;
+    paintFocusRing(*painter, QRectF(option->rect).adjusted(margin, margin, -margin, -margin),
+                   focusRadius(*frame->widget()), Colors::of(option->palette));
+}
+
+int FocusRingStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                const QWidget* widget) const {
+    const bool margin = metric == PM_FocusFrameHMargin || metric == PM_FocusFrameVMargin;
+    return margin ? focusRingWidth : QCommonStyle::pixelMetric(metric, option, widget);
+}
+
+int FocusRingStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                              QStyleHintReturn* result) const {
+    if (hint == SH_FocusFrame_AboveWidget)
+        return 1;
+    // The ring is painted on nothing, so there is nothing to cut out.
+    return hint == SH_FocusFrame_Mask ? 0 : QCommonStyle::styleHint(hint, option, widget, result);
+}
+
+FocusRing::FocusRing(QObject* parent) : QObject(parent) {}
+
+FocusRing& FocusRing::shared() {
+    static QPointer<FocusRing> ring;
+    if (!ring)
+        ring = new FocusRing(qApp);
+    return *ring;
+}
+
 FocusRing::~FocusRing() {
     delete frame;
 }
 
-void FocusRing::watch(QWidget* widget) {
-    if ((isField(*widget) || isControl(*widget)) && !isPartOfControl(*widget))
-        widget->installEventFilter(this);
+void FocusRing::watch(QWidget& widget) {
+    widget.installEventFilter(this);
 }
 
-void FocusRing::unwatch(QWidget* widget) {
-    widget->removeEventFilter(this);
+void FocusRing::surround(QWidget& widget, int radius) {
+    setFocusRadius(widget, radius);
+    // A Mac's style would add its own.
+    widget.setAttribute(Qt::WA_MacShowFocusRect, false);
+    watch(widget);
+}
+
+void FocusRing::watchStandardWidget(QWidget& widget) {
+    if ((isField(widget) || isControl(widget)) && !isPartOfControl(widget))
+        watch(widget);
+}
+
+void FocusRing::unwatch(QWidget& widget) {
+    widget.removeEventFilter(this);
 }
 
 bool FocusRing::eventFilter(QObject* object, QEvent* event) {
@@ -73,8 +172,8 @@ void FocusRing::focusIn(QWidget& widget, Qt::FocusReason reason) {
         const bool keyboard = isField(widget) || comesFromKeyboard(reason);
         setFocusOrigin(widget, keyboard ? FocusOrigin::keyboard : FocusOrigin::other);
     }
-    if (hasKeyboardFocus(widget))
-        surround(widget);
+    if (hasKeyboardFocus(widget) && !drawsItsOwnRing(widget))
+        show(widget);
 }
 
 void FocusRing::focusOut(QWidget& widget, Qt::FocusReason reason) {
@@ -84,11 +183,11 @@ void FocusRing::focusOut(QWidget& widget, Qt::FocusReason reason) {
         frame->setWidget(nullptr);
 }
 
-void FocusRing::surround(QWidget& widget) {
-    if (drawsItsOwnRing(widget))
-        return;
-    if (!frame)
+void FocusRing::show(QWidget& widget) {
+    if (!frame) {
         frame = new QFocusFrame;
+        frame->setStyle(&style);
+    }
     frame->setWidget(&widget);
 }
 

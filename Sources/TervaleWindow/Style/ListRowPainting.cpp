@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QStyle>
 
@@ -10,15 +11,14 @@ namespace tervale {
 namespace {
 
 constexpr qreal cornerRadius = 7;
-constexpr qreal ringWidth = 2;
-constexpr float ringOpacity = 0.8f;
+constexpr int ringInset = focusRingWidth + 1;
 
 bool isChosen(const QStyleOptionViewItem& row) {
     return row.state.testFlag(QStyle::State_Selected);
 }
 
 /// Whether the keyboard brought the focus here, rather than the pointer.
-bool hasKeyboardFocus(const QStyleOptionViewItem& row) {
+bool isReachedByKeyboard(const QStyleOptionViewItem& row) {
     const auto flags = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
     return (row.state & flags) == flags;
 }
@@ -32,15 +32,12 @@ void paintListRowGround(QPainter& painter, const QRect& ground, const QStyleOpti
         painter.setBrush(Theme::accent());
         painter.drawRoundedRect(ground, cornerRadius, cornerRadius);
     }
-    if (!hasKeyboardFocus(row))
+    if (!isReachedByKeyboard(row))
         return;
-    QColor ring = listRowInk(row, Theme::accent());
-    ring.setAlphaF(ringOpacity);
-    painter.setPen(QPen(ring, ringWidth));
-    painter.setBrush(Qt::NoBrush);
     // Within the row, since the next row begins right behind it.
-    painter.drawRoundedRect(QRectF(ground).adjusted(ringWidth, ringWidth, -ringWidth, -ringWidth),
-                            cornerRadius - ringWidth, cornerRadius - ringWidth);
+    paintFocusRing(painter, ground.adjusted(ringInset, ringInset, -ringInset, -ringInset),
+                   cornerRadius - ringInset, Colors::of(row.palette),
+                   isChosen(row) ? RingGround::accent : RingGround::window);
 }
 
 QColor listRowInk(const QStyleOptionViewItem& row, const QColor& usual) {

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 
 #include <algorithm>
 
@@ -38,12 +39,15 @@ SliderLayout sliderLayout(const QRectF& bounds, double fraction, Qt::LayoutDirec
     return layout;
 }
 
-double sliderFraction(const QRectF& bounds, qreal x, Qt::LayoutDirection direction) {
-    const qreal way = travel(bounds);
-    if (way <= 0)
-        return 0;
-    const double fromLeft = std::clamp((x - firstCentre(bounds)) / way, 0.0, 1.0);
-    return direction == Qt::RightToLeft ? 1 - fromLeft : fromLeft;
+QRect sliderPart(const SliderLayout& layout, QStyle::SubControl part) {
+    if (part == QStyle::SC_SliderHandle)
+        return {layout.knob.topLeft().toPoint(), layout.knob.size().toSize()};
+    // As high as the knob, so that a press beside the thin groove counts.
+    if (part == QStyle::SC_SliderGroove)
+        return QRectF(layout.groove.left(), layout.knob.top(), layout.groove.width(),
+                      layout.knob.height())
+            .toRect();
+    return {};
 }
 
 void paintSlider(QPainter& painter, const SliderLayout& layout, const Colors& colors,

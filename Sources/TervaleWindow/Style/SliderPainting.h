@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QRectF>
+#include <QStyle>
 
 namespace tervale {
 
@@ -22,8 +23,8 @@ inline constexpr qreal sliderKnob = 20;
 inline constexpr qreal sliderMargin = 3;
 
 SliderLayout sliderLayout(const QRectF& bounds, double fraction, Qt::LayoutDirection direction);
-/// The fraction, 0 to 1, at which the knob's middle stands at `x`.
-double sliderFraction(const QRectF& bounds, qreal x, Qt::LayoutDirection direction);
+/// Where the toolkit takes hold of the knob, or of the groove beside it.
+QRect sliderPart(const SliderLayout& layout, QStyle::SubControl part);
 
 enum class KnobRing { none, shown };
 void paintSlider(QPainter& painter, const SliderLayout& layout, const Colors& colors,

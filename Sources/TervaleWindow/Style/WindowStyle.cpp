@@ -4,7 +4,9 @@
 #include "TervaleWindow/Style/ButtonPainting.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FieldPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 #include "TervaleWindow/Style/MenuPainting.h"
+#include "TervaleWindow/Style/MenuRowDelegate.h"
 #include "TervaleWindow/Style/ScrollBarPainting.h"
 #include "TervaleWindow/Style/SliderPainting.h"
 
@@ -77,6 +79,16 @@ QRect listRect(const QStyleOption& option, const QWidget* widget) {
     return QStyle::visualRect(option.direction, rect, wide);
 }
 
+/// The list looks as a menu does.
+void useMenuRows(QComboBox& popUp) {
+    popUp.setItemDelegate(new MenuRowDelegate(&popUp));
+    // The panel around the list shines through.
+    QAbstractItemView& list = *popUp.view();
+    list.setFrameShape(QFrame::NoFrame);
+    list.setAutoFillBackground(false);
+    list.viewport()->setAutoFillBackground(false);
+}
+
 bool isHorizontalSlider(const QStyleOptionSlider* option) {
     return option && option->orientation == Qt::Horizontal;
 }
@@ -108,16 +120,18 @@ void WindowStyle::polish(QPalette& palette) {
 
 void WindowStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
-    ring.watch(widget);
+    FocusRing::shared().watchStandardWidget(*widget);
     if (FloatingPanels::isPanel(widget))
         panels.prepare(widget);
+    if (auto* popUp = qobject_cast<QComboBox*>(widget))
+        useMenuRows(*popUp);
     // The contents shine through beside the thumb.
     if (qobject_cast<QScrollBar*>(widget))
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
 void WindowStyle::unpolish(QWidget* widget) {
-    ring.unwatch(widget);
+    FocusRing::shared().unwatch(*widget);
     QProxyStyle::unpolish(widget);
 }
 
@@ -140,7 +154,6 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     const auto* comboBox = qstyleoption_cast<const QStyleOptionComboBox*>(option);
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    const auto* frame = qobject_cast<const QFocusFrame*>(widget);
     if (element == CE_PushButton && button) {
         paintPushButton(*painter, *button);
     } else if (element == CE_ComboBoxLabel && comboBox) {
@@ -150,10 +163,6 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
                      item->direction);
     } else if (element == CE_ShapedFrame && FloatingPanels::isPanel(widget)) {
         paintMenuPanel(*painter, option->rect, Colors::of(option->palette));
-    } else if (element == CE_FocusFrame && frame && frame->widget()) {
-        const int margin = focusRingWidth;
-        paintFocusRing(*painter, QRectF(option->rect).adjusted(margin, margin, -margin, -margin),
-                       focusRadius(*frame->widget()), Colors::of(option->palette));
     } else if (element != CE_MenuEmptyArea) {
         QProxyStyle::drawControl(element, option, painter, widget);
     }
@@ -195,10 +204,8 @@ QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComp
         return popUpLayout(option->rect, option->direction).chevrons;
     if (control == CC_SpinBox)
         return spinBoxRect(*option, subControl);
-    if (control == CC_Slider && isHorizontalSlider(slider) && subControl == SC_SliderHandle)
-        return layoutOf(*slider).knob.toAlignedRect();
-    if (control == CC_Slider && isHorizontalSlider(slider) && subControl == SC_SliderGroove)
-        return option->rect;
+    if (control == CC_Slider && isHorizontalSlider(slider))
+        return sliderPart(layoutOf(*slider), subControl);
     if (control == CC_ScrollBar && slider) {
         if (subControl == SC_ScrollBarSlider)
             return scrollBarThumb(*slider);
@@ -248,9 +255,6 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return static_cast<int>(sliderKnob);
     case PM_SliderThickness:
         return static_cast<int>(sliderKnob + 2 * sliderMargin);
-    case PM_FocusFrameHMargin:
-    case PM_FocusFrameVMargin:
-        return focusRingWidth;
     case PM_LineEditIconSize:
         return searchIconSide;
     case PM_LineEditIconMargin:
@@ -265,10 +269,8 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                            QStyleHintReturn* result) const {
     switch (static_cast<int>(hint)) {
-    case SH_FocusFrame_AboveWidget:
     case SH_Menu_SpaceActivatesItem:
         return 1;
-    case SH_FocusFrame_Mask: // the ring is painted on nothing, so there is nothing to cut out
     case SH_EtchDisabledText:
     case SH_ComboBox_Popup: // the list opens below, as long as it may be, and scrolls
     case SH_ScrollBar_Transient:

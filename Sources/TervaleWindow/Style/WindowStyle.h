@@ -1,14 +1,15 @@
 #pragma once
 
 #include "TervaleWindow/Style/FloatingPanels.h"
-#include "TervaleWindow/Style/FocusRing.h"
 
 #include <QProxyStyle>
 
 namespace tervale {
 
-/// The window's look of the standard widgets, the same on every platform, in the colours of their
-/// palettes. Install it on the application; it also sets the application's font.
+/// The window's look of the toolkit's standard widgets, in the colours of their palettes, for a
+/// system that has no look of its own to keep. Nothing else depends on it: with another style the
+/// window works, and is laid out, as well. Install it on the application; it also sets the
+/// application's font.
 /// A push button is prominent when it is a default button, and shows up-down chevrons when it has a
 /// menu. The focus ring shows on fields, and elsewhere only once the keyboard moved the focus.
 class WindowStyle : public QProxyStyle {
@@ -44,7 +45,6 @@ class WindowStyle : public QProxyStyle {
                        const QWidget* widget) const override;
 
   private:
-    FocusRing ring;
     FloatingPanels panels;
 };
 

@@ -81,6 +81,15 @@ TEST(Colors, OfTheDarkPalette) {
     expectNear(colors.accentLabel, 0x5b9bff);
 }
 
+TEST(Colors, MakeNoCardDarkerThanADarkWindow) {
+    QPalette palette = darkPalette();
+    palette.setColor(QPalette::Window, QColor(0x32, 0x32, 0x32));
+    palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
+    const Colors colors = Colors::of(palette);
+    EXPECT_GT(luminance(colors.card), luminance(colors.window));
+    EXPECT_GE(contrast(colors.card, colors.label), 7);
+}
+
 class HighContrast : public testing::TestWithParam<QPalette> {};
 
 TEST_P(HighContrast, KeepsEverythingReadable) {

@@ -1,9 +1,9 @@
-#include "ControlsFixture.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
+#include "TervaleWindow/Support/ControlsFixture.h"
 
 #include <QBoxLayout>
 #include <QFocusFrame>
@@ -53,7 +53,7 @@ TEST_F(ButtonTest, AModeIsSelectedOnlyFromOutside) {
 TEST_F(ButtonTest, AModeIsFilledWithTheAccentWhileItIsSelected) {
     ModeButton& button = show(new ModeButton("50%"));
     const QPoint probe(8, 15);
-    for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+    for (const QPalette& palette : {lightLook(), darkLook()}) {
         wear(palette);
         const Colors colors = Colors::of(palette);
         button.setSelected(Selection::unselected);
@@ -72,40 +72,7 @@ TEST_F(ButtonTest, ADisabledModeIsFadedAndCannotBeClicked) {
     EXPECT_EQ(clicks.count(), 0);
     QColor faded = Theme::accent();
     faded.setAlphaF(0.45f);
-    EXPECT_TRUE(
-        isClose(pixel(button, {8, 15}), onto(lightPalette().color(QPalette::Window), faded)));
-}
-
-TEST_F(ButtonTest, ThePlainAndTheProminentButtonHaveTheirColours) {
-    QPushButton& plain = show(new QPushButton("Revert"));
-    QPushButton& prominent = show(new QPushButton("Save"));
-    prominent.setDefault(true);
-    EXPECT_EQ(plain.height(), 26);
-    for (const QPalette& palette : {lightPalette(), darkPalette()}) {
-        wear(palette);
-        EXPECT_TRUE(isClose(pixel(plain, {8, 6}), Colors::of(palette).control));
-        EXPECT_TRUE(isClose(pixel(prominent, {8, 6}), Theme::accent()));
-    }
-}
-
-TEST_F(ButtonTest, OnlyTheKeyboardLeavesARing) {
-    QPushButton& first = show(new QPushButton("Revert"));
-    QPushButton& second = show(new QPushButton("Save"));
-    first.setFocus(Qt::MouseFocusReason);
-    QApplication::processEvents();
-    EXPECT_EQ(visibleRing(), nullptr);
-    QTest::keyClick(&window, Qt::Key_Tab);
-    QApplication::processEvents();
-    ASSERT_TRUE(second.hasFocus());
-    ASSERT_NE(visibleRing(), nullptr);
-    EXPECT_EQ(visibleRing()->widget(), &second);
-    const QPoint outside = second.geometry().topLeft() + QPoint(20, -2);
-    QColor ring = Theme::accent();
-    ring.setAlphaF(0.35f);
-    EXPECT_TRUE(
-        isClose(pixel(window, outside), onto(lightPalette().color(QPalette::Window), ring)));
-    first.setFocus(Qt::MouseFocusReason);
-    EXPECT_EQ(visibleRing(), nullptr);
+    EXPECT_TRUE(isClose(pixel(button, {8, 15}), onto(lightLook().color(QPalette::Window), faded)));
 }
 
 TEST_F(ButtonTest, ASwitchAsksAndShowsTheAnswer) {

@@ -1,10 +1,10 @@
-#include "ControlsFixture.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Support/ControlsFixture.h"
 
 #include <QBoxLayout>
 
@@ -90,10 +90,10 @@ TEST_F(LabelTest, ATextStartsAtTheRightWhereTextRunsFromThere) {
 TEST_F(LabelTest, ColoursFollowThePaletteAtOnce) {
     TextLabel label("Profile");
     EXPECT_LT(darkest(label), 60);
-    wear(darkPalette());
+    wear(darkLook());
     QImage image = label.grab().toImage();
-    EXPECT_TRUE(isClose(image.pixelColor(image.width() - 1, 0), Colors::of(darkPalette()).window));
-    EXPECT_LT(darkest(label), 40); // the ground
+    EXPECT_TRUE(isClose(image.pixelColor(image.width() - 1, 0), Colors::of(darkLook()).window));
+    EXPECT_GE(darkest(label), Colors::of(darkLook()).window.lightness() - 1);
     const Colors dark = Colors::of(label.palette());
     EXPECT_EQ(color(TextColor::label, dark), dark.label);
     EXPECT_EQ(color(TextColor::secondary, dark), dark.secondary);
@@ -171,14 +171,14 @@ TEST_F(LabelTest, ACardKeepsItsContentsAtItsPadding) {
 TEST_F(LabelTest, ACardIsARoundedPanelInLightAndDark) {
     Card card;
     card.resize(200, 102);
-    for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+    for (const QPalette& palette : {lightLook(), darkLook()}) {
         wear(palette);
         const Colors colors = Colors::of(palette);
         EXPECT_TRUE(isClose(pixel(card, {100, 50}), colors.card));
         EXPECT_TRUE(isClose(pixel(card, {0, 50}), onto(colors.card, colors.line)));
         EXPECT_TRUE(isClose(pixel(card, {0, 0}), colors.window));
     }
-    EXPECT_TRUE(isClose(pixel(card, {100, 101}), Colors::of(darkPalette()).window));
+    EXPECT_TRUE(isClose(pixel(card, {100, 101}), Colors::of(darkLook()).window));
 }
 
 TEST_F(LabelTest, ADividerIsAHairline) {
@@ -187,6 +187,6 @@ TEST_F(LabelTest, ADividerIsAHairline) {
     EXPECT_EQ(horizontal.maximumHeight(), 1);
     EXPECT_EQ(vertical.maximumWidth(), 1);
     horizontal.resize(20, 1);
-    const Colors colors = Colors::of(lightPalette());
+    const Colors colors = Colors::of(lightLook());
     EXPECT_TRUE(isClose(pixel(horizontal, {10, 0}), onto(colors.window, colors.line)));
 }

@@ -21,16 +21,16 @@ TEST(SliderGesture, BeginsOnceHoweverOftenItsSourceBegins) {
 
 TEST(SliderGesture, IsEndedOnceAndByItsOwnSource) {
     SliderGesture gesture;
-    gesture.begin(Source::wheel);
+    gesture.begin(Source::keyboard);
     EXPECT_EQ(gesture.end(Source::pointer), Reports{});
-    EXPECT_EQ(gesture.end(Source::wheel), Reports{Report::ended});
-    EXPECT_EQ(gesture.end(Source::wheel), Reports{});
+    EXPECT_EQ(gesture.end(Source::keyboard), Reports{Report::ended});
+    EXPECT_EQ(gesture.end(Source::keyboard), Reports{});
     EXPECT_EQ(gesture.endAny(), Reports{});
 }
 
 TEST(SliderGesture, GivesWayToTheNextSource) {
     SliderGesture gesture;
-    gesture.begin(Source::wheel);
+    gesture.begin(Source::keyboard);
     EXPECT_EQ(gesture.begin(Source::pointer), (Reports{Report::ended, Report::began}));
     EXPECT_TRUE(gesture.isHeldBy(Source::pointer));
 }

@@ -8,7 +8,6 @@
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
 #include "TervaleWindow/Overview/OverviewView.h"
-#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QAccessible>
@@ -34,7 +33,6 @@ std::vector<Profile> twoProfiles() {
 class Overview : public ModelFixture {
   protected:
     void SetUp() override {
-        QApplication::setStyle(new WindowStyle);
         installAccessibleFactory();
         controller.setFan(0, 2893, 3100, 1200, 5777, 1);
         controller.setFan(1, 2911, 3100, 1300, 6241);

@@ -10,7 +10,7 @@
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
-#include "TervaleWindow/Style/ControlPainting.h"
+#include "TervaleWindow/Style/FocusRing.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QLabel>

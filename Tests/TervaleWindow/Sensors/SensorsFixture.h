@@ -4,7 +4,6 @@
 #include "TervaleWindow/Sensors/SensorList.h"
 #include "TervaleWindow/Sensors/SensorSectionCard.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
-#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QApplication>
@@ -18,8 +17,6 @@ namespace tervale {
 /// The pane on a model with a fake controller, and what it shows.
 class SensorsFixture : public ModelFixture {
   protected:
-    void SetUp() override { QApplication::setStyle(new WindowStyle); }
-
     void useUsualSensors() {
         for (const auto& [key, value] :
              std::initializer_list<std::pair<const char*, double>>{{"Tp01", 57},

@@ -1,7 +1,6 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Settings/SettingsView.h"
-#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QAccessible>
@@ -29,10 +28,7 @@ const QString safetyText =
 
 class Settings : public ModelFixture {
   protected:
-    void SetUp() override {
-        QApplication::setStyle(new WindowStyle);
-        installAccessibleFactory();
-    }
+    void SetUp() override { installAccessibleFactory(); }
 
     void show(int width = 790) {
         makeModel();

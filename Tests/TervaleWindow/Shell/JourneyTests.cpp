@@ -6,7 +6,6 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Shell/ContentView.h"
-#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/Settable.h"
 
 #include <QAction>
@@ -24,7 +23,6 @@ using namespace tervale;
 class Journey : public testing::Test {
   protected:
     Journey() {
-        QApplication::setStyle(new WindowStyle);
         window.resize(980, 680);
         window.show();
     }

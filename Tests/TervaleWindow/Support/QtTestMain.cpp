@@ -1,3 +1,5 @@
+#include "TervaleWindow/Support/Look.h"
+
 #include <QApplication>
 #include <QLocale>
 
@@ -16,5 +18,6 @@ int main(int argumentCount, char** arguments) {
     // unless a test chooses another, whatever the locale of whoever runs it.
     std::setlocale(LC_NUMERIC, "C");
     QLocale::setDefault(QLocale::c());
+    tervale::wear(tervale::lookUnderTest());
     return RUN_ALL_TESTS();
 }

@@ -7,30 +7,37 @@
 
 using namespace tervale;
 
-TEST(SliderLayout, SpansItsGrooveAndFillsItUpToTheKnob) {
-    const SliderLayout layout = sliderLayout(QRectF(0, 0, 226, 26), 0.5, Qt::LeftToRight);
-    EXPECT_EQ(layout.knob, QRectF(103, 3, 20, 20));
-    EXPECT_EQ(layout.groove, QRectF(3, 11, 220, 4));
-    EXPECT_EQ(layout.filled, QRectF(3, 11, 110, 4));
+namespace {
+
+QRect partAt(double fraction, QStyle::SubControl part, Qt::LayoutDirection direction) {
+    return sliderPart(sliderLayout(QRectF(0, 0, 226, 26), fraction, direction), part);
 }
 
-TEST(SliderLayout, IsMirroredFromRightToLeft) {
-    const SliderLayout layout = sliderLayout(QRectF(0, 0, 226, 26), 0.25, Qt::RightToLeft);
-    EXPECT_EQ(layout.knob, QRectF(153, 3, 20, 20));
-    EXPECT_EQ(layout.filled, QRectF(163, 11, 60, 4));
-}
+} // namespace
 
-TEST(SliderFraction, IsTheInverseOfTheLayout) {
-    const QRectF bounds(10, 0, 226, 26);
+TEST(SliderLayout, FillsItsGrooveUpToTheMiddleOfTheKnob) {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-        for (const double fraction : {0.0, 0.1, 0.4567, 1.0}) {
-            const qreal x = sliderLayout(bounds, fraction, direction).knob.center().x();
-            EXPECT_NEAR(sliderFraction(bounds, x, direction), fraction, 1e-9);
+        for (const double fraction : {0.0, 0.25, 1.0}) {
+            const SliderLayout layout = sliderLayout(QRectF(0, 0, 226, 26), fraction, direction);
+            const bool mirrored = direction == Qt::RightToLeft;
+            EXPECT_EQ(mirrored ? layout.filled.left() : layout.filled.right(),
+                      layout.knob.center().x());
+            EXPECT_EQ(mirrored ? layout.filled.right() : layout.filled.left(),
+                      mirrored ? layout.groove.right() : layout.groove.left());
+            EXPECT_EQ(layout.groove.center().y(), layout.knob.center().y());
         }
     }
-    EXPECT_EQ(sliderFraction(bounds, -100, Qt::LeftToRight), 0);
-    EXPECT_EQ(sliderFraction(bounds, 1000, Qt::LeftToRight), 1);
-    EXPECT_EQ(sliderFraction(QRectF(0, 0, 5, 26), 3, Qt::LeftToRight), 0);
+}
+
+TEST(SliderLayout, IsTakenHoldOfWhereItIsDrawn) {
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        const QRect groove = partAt(0.5, QStyle::SC_SliderGroove, direction);
+        const QRect first = partAt(0, QStyle::SC_SliderHandle, direction);
+        const QRect last = partAt(1, QStyle::SC_SliderHandle, direction);
+        EXPECT_EQ(first.united(last), groove);
+        EXPECT_EQ(first.size(), last.size());
+        EXPECT_EQ(partAt(0.4567, QStyle::SC_SliderHandle, direction).size(), first.size());
+    }
 }
 
 TEST(PopUpLayout, PutsTheChevronsAtTheTrailingEnd) {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "TervaleWindow/Appearance/Colors.h"
-#include "TervaleWindow/Style/WindowStyle.h"
+#include "TervaleWindow/Support/Look.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QImage>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -15,17 +16,10 @@
 
 namespace tervale {
 
-/// Installs the window's style once, and the light palette before each test.
+/// Starts each test with the light palette of the look under test.
 class ControlsFixture : public testing::Test {
   protected:
-    static void SetUpTestSuite() {
-        static bool installed = false;
-        if (!installed)
-            QApplication::setStyle(new WindowStyle);
-        installed = true;
-    }
-
-    void SetUp() override { wear(lightPalette()); }
+    void SetUp() override { wear(lightLook()); }
 
     /// Changes the palette as the desktop does.
     static void wear(const QPalette& palette) {
@@ -38,6 +32,15 @@ inline void present(QWidget& window) {
     window.show();
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+inline void turnWheel(QWidget& widget, int delta) {
+    const QPointF place = widget.rect().center();
+    QWheelEvent event(place, widget.mapToGlobal(place), {}, QPoint(0, delta), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    // Only what comes from a device travels up to the pane.
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&widget, &event);
 }
 
 inline QColor pixel(QWidget& widget, const QPoint& place) {
