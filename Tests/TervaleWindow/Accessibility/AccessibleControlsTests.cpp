@@ -1,11 +1,11 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Accessibility/AccessiblePopUp.h"
-#include "TervaleWindow/Controls/ControlsFixture.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
+#include "TervaleWindow/Support/ControlsFixture.h"
 
 #include <QAbstractItemView>
 #include <QRadioButton>
