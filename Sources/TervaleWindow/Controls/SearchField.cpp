@@ -24,7 +24,7 @@ SearchField::SearchField(const QString& prompt, QWidget* parent)
     setClearButtonEnabled(true);
     markAsSearchField(*this);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    tintMagnifier();
+    followPalette();
 }
 
 QSize SearchField::sizeHint() const {
@@ -41,11 +41,22 @@ void SearchField::keyPressEvent(QKeyEvent* event) {
 void SearchField::changeEvent(QEvent* event) {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        tintMagnifier();
+        followPalette();
 }
 
-void SearchField::tintMagnifier() {
-    magnifier->setIcon(symbolIcon(Symbol::magnifyingGlass, Colors::of(palette()).secondary));
+void SearchField::followPalette() {
+    const Colors colors = Colors::of(palette());
+    magnifier->setIcon(symbolIcon(Symbol::magnifyingGlass, colors.secondary));
+    if (!colors.highContrast) {
+        if (testAttribute(Qt::WA_SetPalette))
+            setPalette({});
+        return;
+    }
+    // A prompt is usually as pale as no text may be in high contrast.
+    QPalette readable;
+    readable.setColor(QPalette::PlaceholderText, colors.secondary);
+    if (palette().color(QPalette::PlaceholderText) != colors.secondary)
+        setPalette(readable);
 }
 
 } // namespace tervale

@@ -20,7 +20,7 @@ class SearchField : public QLineEdit {
     void changeEvent(QEvent* event) override;
 
   private:
-    void tintMagnifier();
+    void followPalette();
 
     QAction* magnifier;
 };

@@ -57,20 +57,15 @@ class RecordingDevice final : public QPaintDevice {
 
   protected:
     int metric(PaintDeviceMetric asked) const override {
-        switch (asked) {
-        case PdmWidth:
+        if (asked == PdmWidth)
             return widget.width();
-        case PdmHeight:
+        if (asked == PdmHeight)
             return widget.height();
-        case PdmDevicePixelRatioScaled:
+        if (asked == PdmDevicePixelRatioScaled)
             return static_cast<int>(QPaintDevice::devicePixelRatioFScale());
-        case PdmDevicePixelRatio:
+        if (asked == PdmDevicePixelRatio)
             return 1;
-        case PdmDepth:
-            return 32;
-        default:
-            return 96;
-        }
+        return asked == PdmDepth ? 32 : 96;
     }
 
   private:
