@@ -70,6 +70,11 @@ Model::Model(IORegistry& registry, Bridge& bridge, const Clock& clock, const Vis
 
 Model::~Model() = default;
 
+void Model::pollWith(std::shared_ptr<void> running) {
+    timer.stop();
+    systemTimer = std::move(running);
+}
+
 void Model::open(IORegistry& registry) {
     try {
         smc = std::make_unique<SMC>(registry);

@@ -82,6 +82,9 @@ class Model final : public QObject {
     void readAllSensors();
     /// One poll, as the timer makes it.
     void refresh();
+    /// Leaves the polls to a timer of the system's, which calls `refresh` every second as long as
+    /// it lives. The model keeps it.
+    void pollWith(std::shared_ptr<void> running);
 
     /// An action's name for people: "Max", "50%", a profile's name, "Missing profile", "Automatic".
     QString nameOf(const Action& action) const;
@@ -120,6 +123,7 @@ class Model final : public QObject {
     std::unique_ptr<SMC> smc;
     std::optional<SensorSampler> sampler;
     QTimer timer{this};
+    std::shared_ptr<void> systemTimer;
     ObserverToken stateObserver;
     std::int64_t ticks = 0;
 };

@@ -94,6 +94,17 @@ TEST_F(ModelStart, PollsOnceASecond) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return model->fans().front().actual == 5000; }));
 }
 
+TEST_F(ModelStart, LeavesThePollsToATimerOfTheSystemsAndKeepsIt) {
+    const auto* timer = makeModel().findChild<QTimer*>();
+    auto system = std::make_shared<int>();
+    const std::weak_ptr<int> kept = system;
+    model->pollWith(std::move(system));
+    EXPECT_FALSE(timer->isActive());
+    EXPECT_FALSE(kept.expired());
+    model.reset();
+    EXPECT_TRUE(kept.expired());
+}
+
 TEST_F(ModelStart, LetsGoOfTheBridgeWithTheModel) {
     QSignalSpy spy(&makeModel(), &Model::connectedChanged);
     model.reset();
