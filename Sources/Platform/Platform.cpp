@@ -6,7 +6,9 @@
 #include "Platform/macOS/BundleMetadata.h"
 #include "Platform/macOS/DistributedNotificationCenter.h"
 #include "Platform/macOS/IOKitRegistry.h"
+#include "Platform/macOS/OpenMenus.h"
 #include "Platform/macOS/SystemSymbols.h"
+#include "Platform/macOS/TolerantTimer.h"
 #include "Platform/macOS/UserDefaultsPreferences.h"
 
 #include <cstdlib>
@@ -47,6 +49,16 @@ std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSy
     return &systemSymbol;
 }
 
+std::function<void()> makeOpenMenuCanceller() {
+    return openMenuCanceller();
+}
+
+std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds interval,
+                                        std::chrono::milliseconds tolerance,
+                                        std::function<void()> handler) {
+    return tolerantTimer(interval, tolerance, std::move(handler));
+}
+
 void prepareEventLoop() {
     // The toolkit's own loop for programs without windows serves no run loop, which delivers.
     ::setenv("QT_EVENT_DISPATCHER_CORE_FOUNDATION", "1", 1);
@@ -75,6 +87,15 @@ std::function<std::optional<std::string>(const std::string&)> makeBundleText() {
 }
 
 std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSystemSymbols() {
+    return nullptr;
+}
+
+std::function<void()> makeOpenMenuCanceller() {
+    return nullptr;
+}
+
+std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds, std::chrono::milliseconds,
+                                        std::function<void()>) {
     return nullptr;
 }
 

@@ -6,6 +6,7 @@
 #include "Profiles/Preferences.h"
 #include "SMC/IORegistry.h"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -45,6 +46,16 @@ std::function<std::optional<std::string>(const std::string& key)> makeBundleText
 /// Null for a system without symbols.
 std::function<std::optional<SymbolMask>(const std::string& name, int side, double weight)>
 makeSystemSymbols();
+
+/// Follows the menus of the system's that the user holds open from now on, and cancels them when it
+/// is called. Null for a system whose menus end with the toolkit's event loop.
+std::function<void()> makeOpenMenuCanceller();
+
+/// Calls `handler` every `interval` for as long as what it returns lives, each call up to
+/// `tolerance` late. Null where no timer of the system's takes a tolerance: the toolkit's serve.
+std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds interval,
+                                        std::chrono::milliseconds tolerance,
+                                        std::function<void()> handler);
 
 /// Has an event loop of the toolkit deliver notifications also in a program without windows. Before
 /// the application object.

@@ -1,8 +1,12 @@
 #include "TervaleWindow/Shell/TervaleWindowApp.h"
 
+#include <QGuiApplication>
+
 #include <utility>
 
 namespace tervale {
+
+using namespace std::chrono_literals;
 
 TervaleWindowApp::TervaleWindowApp(Machine chosen)
     : machine(std::move(chosen)),
@@ -10,6 +14,11 @@ TervaleWindowApp::TervaleWindowApp(Machine chosen)
 
 void TervaleWindowApp::launch(Pane pane) {
     model = std::make_unique<Model>(*machine.registry, bridge, clock, visibility);
+    // Tests run on other platforms of the toolkit's, which serve no timers of the system's.
+    if (QGuiApplication::platformName() == QLatin1String("cocoa")) {
+        if (auto timer = makeTolerantTimer(1s, 200ms, [this] { model->refresh(); }))
+            model->pollWith(std::move(timer));
+    }
     content = std::make_unique<ContentView>(*model, bridge);
     content->setObjectName(QStringLiteral("main"));
     content->setWindowTitle(QStringLiteral("Tervale"));

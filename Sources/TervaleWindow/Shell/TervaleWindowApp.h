@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Machine/Machine.h"
+#include "Platform/Platform.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/Clock.h"
 #include "TervaleWindow/Model/Model.h"
@@ -33,7 +34,7 @@ class TervaleWindowApp {
     Bridge bridge;
     SystemClock clock;
     WindowVisibility visibility;
-    WindowDelegate delegate;
+    WindowDelegate delegate{makeOpenMenuCanceller()};
     std::unique_ptr<Model> model;
     std::unique_ptr<ContentView> content;
 };

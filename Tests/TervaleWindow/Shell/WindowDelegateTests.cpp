@@ -3,6 +3,7 @@
 #include "TervaleWindow/Shell/WindowVisibility.h"
 
 #include <QApplication>
+#include <QMenu>
 #include <QTimer>
 #include <QWidget>
 
@@ -41,6 +42,34 @@ TEST(WindowDelegate, EndsTheApplicationWhenTheAgentAsksForIt) {
     delegate.applicationDidFinishLaunching(bridge);
     EXPECT_TRUE(endsTheApplication([&] { bridge.quitWindow(); }));
     EXPECT_TRUE(endsTheApplication([&] { center.post(Bridge::quitName, "whatever it carries"); }));
+}
+
+TEST(WindowDelegate, CancelsTheSystemsMenusWhenItEndsTheApplication) {
+    InProcessNotificationCenter center;
+    Bridge bridge(center);
+    QWidget window;
+    window.show();
+    int cancelled = 0;
+    WindowDelegate delegate([&cancelled] { ++cancelled; });
+    delegate.applicationDidFinishLaunching(bridge);
+    EXPECT_EQ(cancelled, 0);
+    EXPECT_TRUE(endsTheApplication([&] { bridge.quitWindow(); }));
+    EXPECT_EQ(cancelled, 1);
+}
+
+TEST(WindowDelegate, EndsTheApplicationWhileAMenuIsHeldOpen) {
+    InProcessNotificationCenter center;
+    Bridge bridge(center);
+    QWidget window;
+    window.show();
+    WindowDelegate delegate;
+    delegate.applicationDidFinishLaunching(bridge);
+    QMenu menu(&window);
+    menu.addAction("Quiet");
+    EXPECT_TRUE(endsTheApplication([&] {
+        QTimer::singleShot(0, [&] { bridge.quitWindow(); });
+        menu.exec();
+    }));
 }
 
 TEST(WindowDelegate, EndsTheApplicationWithItsLastWindow) {

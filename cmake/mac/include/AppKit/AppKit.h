@@ -33,6 +33,13 @@ enum : NSCompositingOperation { NSCompositingOperationSourceOver = 2 };
           fraction:(CGFloat)opacity;
 @end
 
+extern "C" NSString* const NSMenuDidBeginTrackingNotification;
+extern "C" NSString* const NSMenuDidEndTrackingNotification;
+
+@interface NSMenu : NSObject
+- (void)cancelTrackingWithoutAnimation;
+@end
+
 @interface NSGraphicsContext : NSObject
 @property(class, strong) NSGraphicsContext* currentContext;
 + (NSGraphicsContext*)graphicsContextWithCGContext:(CGContextRef)context flipped:(BOOL)flipped;

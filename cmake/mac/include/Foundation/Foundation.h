@@ -57,7 +57,28 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 @end
 
 @interface NSNotificationCenter : NSObject
+@property(class, readonly, strong) NSNotificationCenter* defaultCenter;
+- (void)addObserver:(id)observer selector:(SEL)selector name:(NSString*)name object:(id)object;
 - (void)removeObserver:(id)observer;
+@end
+
+typedef double NSTimeInterval;
+
+@interface NSTimer : NSObject
+@property NSTimeInterval tolerance;
++ (NSTimer*)timerWithTimeInterval:(NSTimeInterval)interval
+                           target:(id)target
+                         selector:(SEL)selector
+                         userInfo:(id)information
+                          repeats:(BOOL)repeats;
+- (void)invalidate;
+@end
+
+extern "C" NSString* const NSRunLoopCommonModes;
+
+@interface NSRunLoop : NSObject
+@property(class, readonly, strong) NSRunLoop* mainRunLoop;
+- (void)addTimer:(NSTimer*)timer forMode:(NSString*)mode;
 @end
 
 typedef NSUInteger NSNotificationSuspensionBehavior;
