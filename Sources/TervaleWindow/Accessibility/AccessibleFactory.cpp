@@ -4,10 +4,12 @@
 #include "TervaleWindow/Accessibility/AccessibleFractionSlider.h"
 #include "TervaleWindow/Accessibility/AccessibleGauge.h"
 #include "TervaleWindow/Accessibility/AccessiblePopUp.h"
+#include "TervaleWindow/Accessibility/AccessibleTimeField.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentButton.h"
+#include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
@@ -26,6 +28,7 @@ std::vector<AccessibleMaker>& makers() {
         makeAccessible<ToggleSwitch, AccessibleSwitch>,
         makeAccessible<PopUpButton, AccessiblePopUp>,
         makeAccessible<FractionSlider, AccessibleFractionSlider>,
+        makeAccessible<TimeField, AccessibleTimeField>,
         makeAccessible<FanDial, AccessibleGauge>,
         makeAccessible<ThermalBar, AccessibleGauge>,
     };

@@ -4,6 +4,7 @@
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
+#include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
 
@@ -144,4 +145,31 @@ TEST_F(AccessibleControls, MakeEachChangeOfTheSliderAGesture) {
     slider.setEnabled(false);
     value->setCurrentValue(10);
     EXPECT_EQ(reports, "+-+-+-");
+}
+
+TEST_F(AccessibleControls, GiveTheTimeThatAFieldShowsAsItsValue) {
+    auto& field = show(new TimeField);
+    field.setLocale(QLocale::c());
+    field.setAccessibleName("From");
+    field.setMinuteOfDay(425);
+    QAccessibleInterface* time = accessible(field);
+    EXPECT_EQ(time->role(), QAccessible::SpinBox);
+    EXPECT_EQ(time->text(QAccessible::Name), "From");
+    EXPECT_EQ(time->text(QAccessible::Value), "07:05");
+    ASSERT_NE(time->valueInterface(), nullptr);
+    EXPECT_EQ(time->valueInterface()->currentValue().toString(), "07:05");
+    EXPECT_EQ(time->valueInterface()->currentValue().toDouble(), 425);
+    ASSERT_NE(time->textInterface(), nullptr);
+    EXPECT_EQ(time->textInterface()->text(0, 5), "07:05");
+}
+
+TEST_F(AccessibleControls, StepATimeAsTheKeysDo) {
+    auto& field = show(new TimeField);
+    field.setMinuteOfDay(425);
+    QSignalSpy changes(&field, &TimeField::minuteOfDayChanged);
+    act(field, QAccessibleActionInterface::increaseAction());
+    EXPECT_NE(field.minuteOfDay(), 425);
+    act(field, QAccessibleActionInterface::decreaseAction());
+    EXPECT_EQ(field.minuteOfDay(), 425);
+    EXPECT_EQ(changes.count(), 2);
 }

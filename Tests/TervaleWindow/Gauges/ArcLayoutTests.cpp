@@ -48,9 +48,11 @@ bool isFill(const QColor& color) {
 
 TEST(ArcLayout, LiesWithinTheSquareByHalfItsLine) {
     const ArcLayout layout = arcLayout(square);
-    EXPECT_EQ(layout.center, QPointF(105, 105));
-    EXPECT_EQ(layout.radius, 88);
-    EXPECT_EQ(layout.tick, QRectF(103.5, 6, 3, 22));
+    EXPECT_EQ(layout.center, square.center());
+    EXPECT_EQ(layout.radius + ArcLayout::lineWidth / 2, square.width() / 2);
+    // Upright on the line's top.
+    EXPECT_EQ(layout.tick.center(), layout.center - QPointF(0, layout.radius));
+    EXPECT_EQ(layout.tick.size(), QSizeF(3, 22));
 }
 
 TEST(ArcLayout, TakesItsRadiusFromTheWidthAlone) {

@@ -1,7 +1,6 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
-#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -23,10 +22,6 @@ TEST_F(SystemAppearance, GivesButtonsTheirOwnWeight) {
     label.ensurePolished();
     EXPECT_EQ(button.font(), systemFont(fontSize::body, QFont::Medium));
     EXPECT_EQ(label.font(), systemFont(fontSize::body));
-}
-
-TEST_F(SystemAppearance, DrawsInTheWindowsStyle) {
-    EXPECT_NE(qobject_cast<WindowStyle*>(QApplication::style()), nullptr);
 }
 
 TEST_F(SystemAppearance, MarksWhatIsSelectedInTheAccentColor) {
