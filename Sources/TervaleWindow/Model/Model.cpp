@@ -117,19 +117,16 @@ void Model::refresh() {
 }
 
 std::vector<Model::DisplayFan> Model::readFans() {
-    std::vector<DisplayFan> shown;
     if (!smc)
-        return shown;
+        return {};
     try {
-        for (const Fan& fan : smc->fans()) {
-            if (!isShowable(fan))
-                return {};
-            shown.push_back({fan.index, fan.actual, fan.target, fan.min, fan.max, fan.manual});
-        }
+        std::vector<DisplayFan> read = smc->fans();
+        if (std::all_of(read.begin(), read.end(), isShowable))
+            return read;
     } catch (const SMCError&) {
         return {};
     }
-    return shown;
+    return {};
 }
 
 void Model::readAllSensors() {

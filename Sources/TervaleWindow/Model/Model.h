@@ -28,18 +28,8 @@ class Model final : public QObject {
     Q_OBJECT
 
   public:
-    /// A fan as it is shown; speeds in revolutions per minute.
-    struct DisplayFan {
-        /// 0-based.
-        std::int64_t index = 0;
-        double actual = 0;
-        double target = 0;
-        double min = 0;
-        double max = 0;
-        bool manual = false;
-
-        bool operator==(const DisplayFan&) const = default;
-    };
+    /// A fan as it is shown is the fan as it was read.
+    using DisplayFan = Fan;
     /// Degrees Celsius by sensor.
     using Readings = std::unordered_map<TemperatureSensor, double>;
 

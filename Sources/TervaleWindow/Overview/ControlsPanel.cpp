@@ -6,12 +6,14 @@
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
-#include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/SymbolView.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Model/DisplayName.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
+#include "TervaleWindow/Overview/TimerLabel.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FocusRing.h"
 
 #include <QMenu>
@@ -27,11 +29,6 @@ QHBoxLayout* rowIn(QWidget& widget) {
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(12);
     return row;
-}
-
-/// A name as it is, in a menu that would take an ampersand for a key and a tab for a shortcut.
-QString menuTitle(QString name) {
-    return name.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ');
 }
 
 } // namespace
@@ -117,8 +114,7 @@ QWidget* ControlsPanel::makeProfileRow() {
 
 QWidget* ControlsPanel::makeTimerRow() {
     timerMenu = new MenuButton(QStringLiteral("Timer"), new QMenu);
-    timerLabel = new SymbolLabel(Symbol::timer, {});
-    timerLabel->setOverflow(Overflow::elide);
+    timerLabel = new TimerLabel;
     cancelButton = new QPushButton(QStringLiteral("Cancel"));
     connect(cancelButton, &QPushButton::clicked, this,
             [this] { bridge.send(command::CancelTimer{}); });
@@ -170,7 +166,7 @@ void ControlsPanel::updateProfiles() {
     profilePicker->clear();
     profilePicker->addItem(QStringLiteral("No profile"));
     for (const Profile& profile : model.profiles())
-        profilePicker->addItem(QString::fromStdString(profile.name));
+        profilePicker->addItem(displayName(profile));
     profileRow->setVisible(!model.profiles().empty());
     updateChosenProfile();
 }
@@ -183,9 +179,10 @@ void ControlsPanel::updateChosenProfile() {
 }
 
 void ControlsPanel::updateTimer() {
-    const QString text = timerText(model);
-    timerLabel->setText(text);
-    const bool running = !text.isEmpty();
+    const std::optional<TimerLine> line = timerLine(model);
+    const bool running = line.has_value();
+    if (line)
+        timerLabel->show(*line);
     // The one that comes is there before the one that goes, to take the focus over.
     (running ? timerRunning : static_cast<QWidget*>(timerMenu))->show();
     if (running)

@@ -18,7 +18,7 @@ class FractionSlider;
 class MenuButton;
 class ModeButton;
 class PopUpButton;
-class SymbolLabel;
+class TimerLabel;
 
 /// Every way to change what drives the fans. Each control sends one command; what is shown as
 /// chosen is only what the agent confirmed.
@@ -57,7 +57,7 @@ class ControlsPanel final : public Card {
     MenuButton* timerMenu = nullptr;
     QWidget* timerRunning = nullptr;
     QPushButton* cancelButton = nullptr;
-    SymbolLabel* timerLabel = nullptr;
+    TimerLabel* timerLabel = nullptr;
 };
 
 } // namespace tervale

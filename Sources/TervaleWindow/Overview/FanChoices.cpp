@@ -2,6 +2,7 @@
 
 #include "Base/Overloaded.h"
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Model/DisplayName.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -37,7 +38,7 @@ std::vector<TimerTarget> timerTargets(const Model& model) {
         targets.push_back({QString::fromLatin1(preset.title), action::Fixed{preset.fraction}});
     targets.push_back({QStringLiteral("Automatic"), action::Automatic{}});
     for (const Profile& profile : model.profiles())
-        targets.push_back({QString::fromStdString(profile.name), action::Profile{profile.id}});
+        targets.push_back({displayName(profile), action::Profile{profile.id}});
     return targets;
 }
 
@@ -51,7 +52,7 @@ const Action& running(const Model& model) {
 
 QString subtitle(const Model& model) {
     if (model.status())
-        return QString::fromStdString(*model.status());
+        return shortened(QString::fromStdString(*model.status()), longestStatus);
     return std::visit(
         overloaded{
             [](const action::Automatic&) { return QStringLiteral("macOS decides the fan speed."); },
@@ -63,12 +64,17 @@ QString subtitle(const Model& model) {
         running(model));
 }
 
-QString timerText(const Model& model) {
+QString TimerLine::text() const {
+    // All at once: a name may hold what looks like a place for the next.
+    return QStringLiteral("%1 until %2, then %3").arg(runs, until, follows);
+}
+
+std::optional<TimerLine> timerLine(const Model& model) {
     if (!model.timerAction() || !model.timerEnds())
-        return {};
-    return QStringLiteral("%1 until %2, then %3")
-        .arg(model.nameOf(*model.timerAction()), timeOfDay(*model.timerEnds()),
-             model.nameOf(model.selection()));
+        return std::nullopt;
+    return TimerLine{displayName(*model.timerAction(), model.profiles()),
+                     timeOfDay(*model.timerEnds()),
+                     displayName(model.selection(), model.profiles())};
 }
 
 } // namespace tervale

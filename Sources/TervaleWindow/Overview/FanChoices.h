@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace tervale {
@@ -43,11 +44,26 @@ Action fixedAt(double sliderValue);
 /// What runs now: the timer's action while a timer runs, otherwise the selection.
 const Action& running(const Model& model);
 
-/// The heading's second line: the agent's status, or a sentence on what runs.
+/// The most characters of the agent's status that are shown.
+inline constexpr qsizetype longestStatus = 1000;
+
+/// The heading's second line: the agent's status, cut after `longestStatus`, or a sentence on what
+/// runs.
 QString subtitle(const Model& model);
 
-/// The line on a running timer, its end as a time of day in the user's short style; empty when none
-/// runs.
-QString timerText(const Model& model);
+/// The line on a running timer.
+struct TimerLine {
+    /// The name of what runs now.
+    QString runs;
+    /// The timer's end as a time of day in the user's short style.
+    QString until;
+    /// The name of what runs then.
+    QString follows;
+
+    QString text() const;
+    bool operator==(const TimerLine&) const = default;
+};
+/// Nothing while no timer runs.
+std::optional<TimerLine> timerLine(const Model& model);
 
 } // namespace tervale

@@ -3,6 +3,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Model/DisplayName.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 
 #include <QVBoxLayout>
@@ -29,7 +30,7 @@ ModeHeading::ModeHeading(Model& modelShown, QWidget* parent)
 }
 
 void ModeHeading::update() {
-    title->setText(model.nameOf(running(model)));
+    title->setText(displayName(running(model), model.profiles()));
     explanation->setText(subtitle(model));
 }
 

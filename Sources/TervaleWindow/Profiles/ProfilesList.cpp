@@ -2,9 +2,11 @@
 
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
+#include "TervaleWindow/Model/DisplayName.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ProfileRowDelegate.h"
 #include "TervaleWindow/Profiles/ScheduleTargets.h"
+#include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FocusRing.h"
 
 #include <QListView>

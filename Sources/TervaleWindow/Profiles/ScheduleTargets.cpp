@@ -1,20 +1,10 @@
 #include "TervaleWindow/Profiles/ScheduleTargets.h"
 
+#include "TervaleWindow/Model/DisplayName.h"
+
 #include <algorithm>
 
 namespace tervale {
-
-QString displayName(const Profile& profile) {
-    if (profile.name.empty())
-        return QStringLiteral("Untitled");
-    QString name = QString::fromStdString(profile.name);
-    for (QChar& character : name) {
-        if (character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
-            character == QChar::ParagraphSeparator)
-            character = u' ';
-    }
-    return name;
-}
 
 std::vector<ScheduleTarget> scheduleTargets(std::span<const Profile> profiles,
                                             const ScheduleEditing::Choice& chosen) {

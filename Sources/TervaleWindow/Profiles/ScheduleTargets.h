@@ -17,9 +17,6 @@ struct ScheduleTarget {
     bool operator==(const ScheduleTarget&) const = default;
 };
 
-/// A profile's name on one line, or "Untitled".
-QString displayName(const Profile& profile);
-
 /// The profiles that a window may run, in their order. Schedules cannot be run, so they are left
 /// out; but whatever is chosen already is in the list, be it that or a profile that is missing.
 std::vector<ScheduleTarget> scheduleTargets(std::span<const Profile> profiles,

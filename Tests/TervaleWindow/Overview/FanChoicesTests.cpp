@@ -21,6 +21,12 @@ Date dateOf(const QTime& time) {
     return {static_cast<double>(moment.toSecsSinceEpoch()) - Date::referenceSinceUnixEpoch};
 }
 
+/// The line on a running timer; empty while none runs.
+QString timerText(const Model& model) {
+    const auto line = timerLine(model);
+    return line ? line->text() : QString();
+}
+
 /// Sets the user's locale for one test.
 class UserLocale {
   public:

@@ -8,10 +8,13 @@
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
 #include "TervaleWindow/Overview/OverviewView.h"
+#include "TervaleWindow/Overview/TimerLabel.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
@@ -26,6 +29,12 @@ constexpr UUID loudId{{8}};
 
 std::vector<Profile> twoProfiles() {
     return {{quietId, "Quiet", kind::Load{}}, {loudId, "Loud & clear", kind::Load{}}};
+}
+
+/// The line on a running timer; empty while none runs.
+QString timerText(const Model& model) {
+    const auto line = timerLine(model);
+    return line ? line->text() : QString();
 }
 
 } // namespace
@@ -430,4 +439,76 @@ TEST_F(Overview, FitsTheSmallestWindowWithoutClipping) {
         const int right = widget->mapTo(view.get(), QPoint(widget->width(), 0)).x();
         EXPECT_LE(right, 590) << widget->metaObject()->className();
     }
+}
+
+TEST_F(Overview, ReadsANamelessProfileAndOneOfTwoLinesTheSameEverywhere) {
+    for (const auto& [name, read] :
+         {std::pair("", "Untitled"), {"Quiet\nand cool", "Quiet and cool"}}) {
+        show();
+        BridgeState state;
+        state.profiles = {{quietId, name, kind::Load{}}};
+        state.selection = action::Profile{quietId};
+        publish(state);
+        EXPECT_EQ(view->findChild<ModeHeading*>()->findChild<QLabel*>()->text(), read);
+        EXPECT_EQ(picker()->currentText(), read);
+        EXPECT_EQ(timerMenu()->menu()->actions().back()->text(), read);
+        state.timerAction = state.selection;
+        state.timerEnds = Date{0};
+        publish(state);
+        EXPECT_TRUE(timerText(*model).startsWith(QString(read) + " until "));
+        EXPECT_TRUE(timerText(*model).endsWith(QString("then ") + read));
+    }
+}
+
+TEST_F(Overview, KeepsTheTimersEndInSightWhereTheNamesAreLong) {
+    show();
+    BridgeState state;
+    state.profiles = {{quietId, std::string(60, 'W'), kind::Load{}},
+                      {loudId, "Loud", kind::Load{}}};
+    state.timerAction = action::Profile{quietId};
+    state.timerEnds = Date{0};
+    state.selection = action::Profile{loudId};
+    publish(state);
+    view->resize(590, 1200);
+    QApplication::processEvents();
+    const auto* line = view->findChild<TimerLabel*>();
+    const QString until = " until " + timerLine(*model)->until + ", then ";
+    EXPECT_TRUE(line->text().contains("…" + until + "Loud")) << line->text().toStdString();
+    EXPECT_TRUE(line->text().startsWith("WW"));
+    const auto* text = line->findChild<QLabel*>();
+    EXPECT_LE(text->fontMetrics().horizontalAdvance(text->text()), text->width());
+    EXPECT_TRUE(line->toolTip().contains(timerText(*model)));
+    // Two long names give way alike.
+    state.profiles[1].name = std::string(60, 'M');
+    publish(state);
+    QApplication::processEvents();
+    EXPECT_TRUE(line->text().contains("W…" + until + "M")) << line->text().toStdString();
+    EXPECT_TRUE(line->text().endsWith("M…"));
+    EXPECT_LE(text->fontMetrics().horizontalAdvance(text->text()), text->width());
+    state.profiles = twoProfiles();
+    publish(state);
+    QApplication::processEvents();
+    EXPECT_EQ(line->text(), timerText(*model));
+    EXPECT_EQ(line->toolTip(), QString());
+}
+
+TEST_F(Overview, ShowsOfAnEndlessStatusWhatFits) {
+    show();
+    QElapsedTimer elapsed;
+    elapsed.start();
+    BridgeState state;
+    state.status = std::string(200'000, 'x');
+    state.profiles = {{quietId, std::string(200'000, 'W'), kind::Load{}}};
+    state.selection = action::Profile{quietId};
+    state.timerAction = state.selection;
+    state.timerEnds = Date{0};
+    publish(state);
+    for (const int width : {790, 590, 790}) {
+        view->resize(width, 1200);
+        QApplication::processEvents();
+        view->grab();
+    }
+    EXPECT_LT(elapsed.elapsed(), 5000);
+    EXPECT_EQ(subtitle(*model).size(), longestStatus);
+    EXPECT_TRUE(shows(subtitle(*model)));
 }

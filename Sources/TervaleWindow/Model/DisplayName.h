@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Profiles/Profile.h"
+
+#include <QString>
+
+#include <span>
+
+namespace tervale {
+
+/// The most characters of a profile's name that are ever shown.
+inline constexpr qsizetype longestName = 300;
+
+/// A text that is cut after so many characters, the last of which is an ellipsis then.
+QString shortened(const QString& text, qsizetype most);
+
+/// A profile's name as people read it: on one line, no longer than `longestName`, or "Untitled".
+QString displayName(const Profile& profile);
+
+/// An action's name as people read it; `profiles` are those that it may name.
+QString displayName(const Action& action, std::span<const Profile> profiles);
+
+/// A name in a menu, which would take an ampersand for a key and a tab for a shortcut.
+QString menuTitle(QString name);
+
+} // namespace tervale
