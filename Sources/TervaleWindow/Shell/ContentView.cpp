@@ -15,7 +15,8 @@
 
 namespace tervale {
 
-ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
+ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, std::optional<Pane> section,
+                         QWidget* parent)
     : QWidget(parent),
       model(modelShown),
       bridge(bridgeUsed),
@@ -27,7 +28,7 @@ ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, QWidget* parent)
     columns->addWidget(sidebar);
     setAutoFillBackground(true);
     connect(sidebar, &Sidebar::sectionChosen, this, &ContentView::setSection);
-    setSection(shown);
+    setSection(section);
     new WindowCommands(*this);
 }
 

@@ -21,8 +21,9 @@ class ContentView final : public QWidget {
     Q_OBJECT
 
   public:
-    /// `model` and `bridge` outlive the view.
-    ContentView(Model& model, Bridge& bridge, QWidget* parent = nullptr);
+    /// `model` and `bridge` outlive the view, which shows this section first and makes no other.
+    ContentView(Model& model, Bridge& bridge, std::optional<Pane> section = Pane::overview,
+                QWidget* parent = nullptr);
 
     std::optional<Pane> section() const { return shown; }
     /// Without a section the Overview is shown.
@@ -39,7 +40,7 @@ class ContentView final : public QWidget {
 
     Model& model;
     Bridge& bridge;
-    std::optional<Pane> shown = Pane::overview;
+    std::optional<Pane> shown;
     Sidebar* sidebar;
     QHBoxLayout* columns;
     QWidget* pane = nullptr;

@@ -19,10 +19,9 @@ void TervaleWindowApp::launch(Pane pane) {
         if (auto timer = makeTolerantTimer(1s, 200ms, [this] { model->refresh(); }))
             model->pollWith(std::move(timer));
     }
-    content = std::make_unique<ContentView>(*model, bridge);
+    content = std::make_unique<ContentView>(*model, bridge, pane);
     content->setObjectName(QStringLiteral("main"));
     content->setWindowTitle(QStringLiteral("Tervale"));
-    content->setSection(pane);
     content->resize(defaultWidth, defaultHeight);
     content->show();
     visibility.follow(*content);

@@ -3,6 +3,7 @@
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
+#include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Shell/ContentView.h"
 #include "TervaleWindow/Shell/Sidebar.h"
 #include "TervaleWindow/Shell/SidebarSummary.h"
@@ -50,6 +51,33 @@ TEST_F(Content, ShowsTheOverviewWithoutASelection) {
     view->setSection(std::nullopt);
     EXPECT_NE(qobject_cast<OverviewView*>(view->detail()), nullptr);
     EXPECT_EQ(list().currentRow(), -1);
+}
+
+/// Counts what is sent to objects of one class.
+class Messages final : public QObject {
+  public:
+    explicit Messages(const char* className) : className(className) {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent*) override {
+        count += qstrcmp(watched->metaObject()->className(), className) == 0 ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+
+  private:
+    const char* className;
+};
+
+TEST_F(Content, MakesNoOtherPaneThanTheOneItBeginsWith) {
+    makeModel();
+    const Messages toOverview("tervale::OverviewView");
+    ContentView begun(*model, bridge, Pane::sensors);
+    EXPECT_EQ(begun.section(), Pane::sensors);
+    EXPECT_NE(qobject_cast<SensorsView*>(begun.detail()), nullptr);
+    EXPECT_EQ(toOverview.count, 0);
+    begun.setSection(Pane::overview);
+    EXPECT_GT(toOverview.count, 0);
 }
 
 TEST_F(Content, ListsThePanesInOrder) {

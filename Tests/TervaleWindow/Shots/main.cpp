@@ -102,8 +102,7 @@ void draw(const Scene& scene, const QString& path) {
         scene.change(state);
         bridge.publish(state);
     }
-    ContentView window(model, bridge);
-    window.setSection(scene.pane);
+    ContentView window(model, bridge, scene.pane);
     window.resize(scene.size);
     window.show();
     settle();
