@@ -13,6 +13,8 @@ constexpr double unitLabelOffset = 13;
 constexpr double markerLabelOffset = 5;
 constexpr double markerLabelDrop = 7;
 constexpr double largestShown = 1e6;
+/// Beyond it no canvas reaches; NaN is outside too.
+constexpr ClosedRange plottable{-largestShown, largestShown};
 
 std::string percent(double fraction) {
     return wholeNumber(fraction * 100) + "%";
@@ -81,8 +83,7 @@ CurveDrawing drawingOf(const CurveEditing& editing, std::string_view unit,
     drawing.load = isLoadUnit(unit);
     layAxes(drawing, mapping, unitMark(unit));
     layCurve(drawing, mapping, editing);
-    // Beside the plot it would run through the labels.
-    if (marker && editing.range.contains(*marker)) {
+    if (marker && plottable.contains(*marker)) {
         const double x = mapping.positionOfX(*marker);
         drawing.marker = {*marker,
                           x,

@@ -22,7 +22,7 @@ struct CurveDrawing {
         std::string text;
         bool operator==(const Label&) const = default;
     };
-    /// The line of the current input value, where that is on the plot.
+    /// The line of the current input value, which may be beside the plot.
     struct Marker {
         double value = 0;
         double x = 0;

@@ -107,8 +107,9 @@ void paintMarker(QPainter& painter, const CurveDrawing& drawing, const QRectF& b
     const QString text = QString::fromStdString(marker.text);
     const qreal width = std::ceil(tabularTextWidth(font, text));
     QRectF room(marker.leading.x, marker.leading.y - 10, width, 20);
-    // A hot reading's label would leave the canvas; it changes to the other side of its line.
-    if (room.right() > bounds.right() - 2)
+    // A hot reading's label would leave the canvas; it changes to the other side of its line, as
+    // long as that is there itself.
+    if (room.right() > bounds.right() - 2 && marker.x <= bounds.right())
         room.moveRight(2 * marker.x - marker.leading.x);
     painter.setPen(drawing.load ? color : colors.figure(marker.value));
     paintTabularText(painter, room, Qt::AlignLeft | Qt::AlignVCenter, font, text);

@@ -79,12 +79,18 @@ TEST(CurveDrawing, SpeaksAPointWithItsUnit) {
     EXPECT_EQ(positionText({1e300, -1e300}, "%"), "1000000%, -100000000%");
 }
 
-TEST(CurveDrawing, MarksNoValueBesideThePlot) {
-    for (const double marker : {-1e300, 19.9, 110.1, 1e300, std::numeric_limits<double>::infinity(),
+TEST(CurveDrawing, MarksAValueBesideThePlotWhereTheScaleGoesOn) {
+    EXPECT_EQ(temperatureDrawing(20.0).marker->x, plotRect.left);
+    EXPECT_EQ(temperatureDrawing(110.0).marker->x, plotRect.right());
+    const double degree = plotRect.width / 90;
+    EXPECT_DOUBLE_EQ(temperatureDrawing(112.0).marker->x, plotRect.right() + 2 * degree);
+    EXPECT_DOUBLE_EQ(temperatureDrawing(17.0).marker->x, plotRect.left - 3 * degree);
+}
+
+TEST(CurveDrawing, MarksNothingThatIsNoReading) {
+    for (const double marker : {-1e300, 1e300, std::numeric_limits<double>::infinity(),
                                 std::numeric_limits<double>::quiet_NaN()})
         EXPECT_EQ(temperatureDrawing(marker).marker, std::nullopt) << marker;
-    EXPECT_EQ(temperatureDrawing(20.0).marker->x, 40);
-    EXPECT_EQ(temperatureDrawing(110.0).marker->x, 940);
 }
 
 } // namespace

@@ -306,6 +306,25 @@ TEST_F(CurveCanvasTest, PaintsTheMarkerWhereTheReadingIs) {
     EXPECT_LT(changed, 110);
 }
 
+TEST_F(CurveCanvasTest, PaintsTheMarkerOfAReadingBesideThePlotAsFarAsTheCanvasReaches) {
+    const auto changedAt = [this](double marker, int x) {
+        canvas.setMarker(std::nullopt);
+        const QImage before = canvas.grab().toImage();
+        canvas.setMarker(marker);
+        const QImage after = canvas.grab().toImage();
+        int changed = 0;
+        for (int y = 30; y < 150; ++y)
+            changed += before.pixel(x, y) != after.pixel(x, y) ? 1 : 0;
+        return changed;
+    };
+    const int beyond = at(112, 0).x();
+    ASSERT_GT(beyond, canvas.plot().right());
+    ASSERT_LT(beyond, canvas.width());
+    EXPECT_GT(changedAt(112, beyond), 60);
+    EXPECT_GT(changedAt(17, at(17, 0).x()), 60);
+    EXPECT_EQ(changedAt(150, canvas.width() - 1), 0);
+}
+
 TEST_F(CurveCanvasTest, KeepsTheMarkersLabelOnTheCanvas) {
     canvas.setMarker(20);
     const QImage cold = canvas.grab().toImage();
