@@ -1,5 +1,5 @@
+#include "JSON/JSON.h"
 #include "JSON/Sample.h"
-#include "Profiles/JSONCoding.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Profiles/JSONCoding.h"
+#include "JSON/JSON.h"
 
 #include <optional>
 #include <string>
