@@ -1,7 +1,7 @@
 #pragma once
 
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 #include "Profiles/Profile.h"
 
 namespace tervale {
