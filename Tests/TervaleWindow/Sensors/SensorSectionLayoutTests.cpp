@@ -27,8 +27,9 @@ TEST(SensorSectionLayout, PutsRowsOfOneHeightBelowTheHeaderAndOneAnother) {
         EXPECT_EQ(row.height(), SensorSectionLayout::rowHeight);
         EXPECT_EQ(row.left(), seven.contents.left());
         EXPECT_EQ(row.right(), seven.contents.right());
-        if (index > 0)
+        if (index > 0) {
             EXPECT_EQ(row.top(), seven.row(index - 1).row.bottom() + 1);
+        }
     }
 }
 

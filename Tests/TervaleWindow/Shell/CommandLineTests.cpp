@@ -70,7 +70,7 @@ TEST(CommandLine, IgnoresOnAMacWhatTheSystemPasses) {
                                   {"-NSDocumentRevisionsDebugMode"}}) {
         EXPECT_EQ(parse(passed, macOS), CommandLine::Request(CommandLine::OpenWindow{}))
             << passed.join(' ').toStdString();
-        const CommandLine::OpenWindow simulated{true, {}, Pane::settings};
+        const CommandLine::OpenWindow simulated{machineChoice::Simulated{}, Pane::settings};
         EXPECT_EQ(
             parse(QStringList{"--pane", "Settings"} + passed + QStringList{"--simulate"}, macOS),
             CommandLine::Request(simulated));
