@@ -29,8 +29,10 @@ class AgentCommands : public testing::Test, protected CommandRunner {
                 agent.state.timerAction = timer->action;
                 agent.state.timerEnds = clock.now() + timer->duration;
             }
-            if (std::holds_alternative<command::CancelTimer>(command))
+            if (std::holds_alternative<command::CancelTimer>(command)) {
                 agent.state.timerAction.reset();
+                agent.state.timerEnds.reset();
+            }
             if (const auto* launch = std::get_if<command::SetLaunchAtLogin>(&command))
                 agent.state.launchAtLogin = launch->enabled;
         };

@@ -122,7 +122,7 @@ TEST(CtlCommandLine, RefusesWhatItDoesNotUnderstand) {
     EXPECT_EQ(refusalOf({}), "A command is missing.");
     EXPECT_EQ(refusalOf({"fan"}), "There is no command 'fan'.");
     EXPECT_EQ(refusalOf({"profiles"}),
-              "profiles: COMMAND is missing: list, export, import, validate, show, remove.");
+              "profiles: COMMAND is missing: list, export, import, show, remove, validate.");
     EXPECT_EQ(refusalOf({"profiles", "burn"}), "There is no command 'profiles burn'.");
     EXPECT_EQ(refusalOf({"fans", "now"}), "Unexpected argument 'now'.");
     EXPECT_EQ(refusalOf({"fans", "--count", "1"}), "'fans' takes no --count.");
