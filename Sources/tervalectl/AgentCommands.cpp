@@ -48,7 +48,7 @@ void printState(const BridgeState& state, Context& context) {
     table.print(context.out);
 }
 
-/// What a line for people tells of a state.
+/// The cells of a state's line.
 Table::Row summary(const BridgeState& state) {
     return {displayText::nameOf(state.selection, state.profiles), timerText(state),
             state.status.value_or("")};
@@ -148,7 +148,7 @@ ExitStatus perform(const ctl::LaunchAtLogin& command, Context& context) {
 }
 
 ExitStatus perform(const ctl::CheckForUpdates&, Context& context) {
-    // Nothing in a state tells that the agent looks; that it answers has to do.
+    // A state does not show that the agent looks for a version. Its answer is enough.
     return carryOut(
         command::CheckForUpdates{}, [](const BridgeState&) { return true; }, context);
 }

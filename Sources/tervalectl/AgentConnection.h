@@ -11,7 +11,8 @@
 
 namespace tervale {
 
-/// The menu-bar agent, asked and waited for. Main thread; runs the event loop while it waits.
+/// Sends commands to the menu-bar agent and waits for its answers. Main thread; runs the event loop
+/// while it waits.
 class AgentConnection {
   public:
     /// Whether a state shows that a command was carried out.
@@ -20,14 +21,14 @@ class AgentConnection {
     /// The agent of the machine that the context makes. Throws `NoSuchMachine`.
     explicit AgentConnection(const Context& context);
 
-    /// What the agent does now. Throws `Failure` if it does not answer.
+    /// The agent's state. Throws `Failure` if it does not answer.
     BridgeState state();
     /// Sends the command, once, and returns the state that confirms it. Throws `Failure` if the
     /// agent does not answer, and if it answers with other states.
     BridgeState carryOut(const BridgeCommand& command, Confirms confirms);
 
-    /// Calls `wantsMore` with what the agent does now and with each state that it publishes, until
-    /// it returns false. Throws `Failure` if the agent does not answer at first.
+    /// Calls `wantsMore` with the agent's state and with each state that it publishes, until it
+    /// returns false. Throws `Failure` if the agent does not answer at first.
     void follow(const std::function<bool(const BridgeState&)>& wantsMore);
 
   private:

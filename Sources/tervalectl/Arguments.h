@@ -15,8 +15,8 @@ Failure misuse(std::string line);
 /// The same for a command that lacks an argument.
 Failure missing(std::string_view command, std::string_view argument);
 
-/// A command line, split into options and positional arguments. Which options there are, the table
-/// of commands tells.
+/// A command line, split into options and positional arguments. The table of commands has the
+/// options.
 class Arguments {
   public:
     /// `line` begins with the program's name. Throws `Failure` for an unknown option, and for one

@@ -16,7 +16,7 @@ struct CommandLine {
         /// A row of the table.
         const Command* command = nullptr;
         Parameters parameters;
-        /// Write for programs rather than for eyes.
+        /// Write JSON rather than tables.
         bool json = false;
         /// How long to wait for the agent, in seconds.
         double timeout = 2;

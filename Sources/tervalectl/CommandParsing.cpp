@@ -103,7 +103,7 @@ Timer parseTimer(Arguments& arguments) {
     if (!duration && (arguments.isEmpty() || arguments.first() == "profile"))
         throw missing(command, "DURATION");
     if (!duration)
-        throw misuse("'" + text + "' is no DURATION: seconds, or such as 90s, 15m, 1h30m.");
+        throw misuse("'" + text + "' is no DURATION: seconds, or a time such as 90s, 15m, 1h30m.");
     return {takeAction(command, arguments), *duration};
 }
 

@@ -49,55 +49,55 @@ constexpr std::array commands{
     command<parseSensors>("sensors", "[FILTER]", sensors, "show the temperatures of the sensors",
                           "FILTER is a part of the sensors' names or keys, in any case.\n"),
     command<parseMonitor>(
-        "monitor", "", monitor, "show load, temperatures and fans again and again",
+        "monitor", "", monitor, "show load, temperatures and fans, line by line",
         "With --json each line is an object with time (seconds since 1970), minute (of\n"
         "the day), load (percent), temperatures and fans, which 'replay' takes.\n"),
     command<parseState>(
-        "state", "", state, "show what the agent does",
+        "state", "", state, "show the state of the agent",
         "With --json the state as the agent publishes it, and timerEndsAt, which is timerEnds\n"
         "(seconds since 2001) in ISO 8601.\n"),
-    command<parseSelect>("select", "ACTION", agent, "choose what drives the fans"),
+    command<parseSelect>("select", "ACTION", agent, "select what drives the fans"),
     command<parseTimer>("timer", "ACTION DURATION", agent,
-                        "choose what drives the fans for a while",
-                        "DURATION is a number of seconds, or such as 90s, 15m, 1h30m.\n"),
-    command<parseNone<CancelTimer>>("cancel-timer", "", agent, "end a running timer"),
+                        "select what drives the fans, for a time",
+                        "DURATION is a number of seconds, or a time such as 90s, 15m, 1h30m.\n"),
+    command<parseNone<CancelTimer>>("cancel-timer", "", agent, "end the running timer"),
     command<parseLaunchAtLogin>("launch-at-login", "on|off", agent,
-                                "start the agent when the user logs in, or not"),
+                                "choose whether the agent starts at login"),
     command<parseNone<CheckForUpdates>>("check-for-updates", "", agent,
-                                        "have the agent look for a newer version",
-                                        "What it finds, the agent tells in its status.\n"),
+                                        "let the agent look for a newer version",
+                                        "The agent's status has the result.\n"),
     command<parseNone<ListProfiles>>("profiles list", "", agent, "show the agent's profiles"),
     command<parseExport>("profiles export", "[FILE]", agent, "write the agent's profiles as JSON",
                          "Writes to standard output without FILE, or if it is '-'.\n"),
     command<parseImport>(
         "profiles import", "FILE", import, "replace the agent's profiles",
-        "FILE holds what 'profiles export' writes; '-' is standard input. Profiles\n"
-        "with problems are refused, and the agent keeps what it has. With --merge a profile\n"
+        "FILE is one that 'profiles export' wrote; '-' is standard input. Profiles\n"
+        "with problems are refused, and the agent keeps its own. With --merge a profile\n"
         "replaces the one with its id, or is added; the others stay.\n"),
     command<parseShow>("profiles show", "NAME", agent, "show a profile, its curve drawn",
                        "NAME is the profile's name or id.\n"),
     command<parseRemove>("profiles remove", "NAME", agent, "remove one of the agent's profiles",
                          "NAME is the profile's name or id. One that a schedule uses is kept.\n"),
-    command<parseValidate>("profiles validate", "FILE", file, "tell what is wrong with profiles",
-                           "FILE holds what 'profiles export' writes; '-' is standard input.\n"),
+    command<parseValidate>("profiles validate", "FILE", file, "show the problems of profiles",
+                           "FILE is one that 'profiles export' wrote; '-' is standard input.\n"),
     command<parseReplay>(
         "replay", "[TRACE]", replay, "try profiles on recorded readings",
         "--profiles and --selection are required. An ACTION of several words is quoted,\n"
         "as in --selection 'profile Quiet'.\n"
-        "TRACE holds what 'monitor --json' writes; it is standard input if it is\n"
-        "missing or '-'. Each line is one control tick, and what the fans would do\n"
-        "is printed for each.\n"),
+        "TRACE is a file that 'monitor --json' wrote; standard input if it is missing\n"
+        "or '-'. Each line is one control tick; the speed that the fans would have is\n"
+        "printed for each.\n"),
 };
 
 constexpr std::array options{
     Option{"group", "GROUP", "only this group: cpu, gpu, memory, ssd, power, other"},
-    Option{"interval", "S", "seconds from line to line (1)"},
-    Option{"count", "N", "end after so many lines"},
+    Option{"interval", "S", "seconds between two lines (1)"},
+    Option{"count", "N", "end after this many lines"},
     Option{"follow", "", "show the state again whenever it changes"},
     Option{"merge", "", "keep the agent's other profiles"},
     Option{"profiles", "FILE", "the profiles to try; '-' is standard input"},
-    Option{"selection", "ACTION", "what is selected, as for 'select', or its JSON"},
-    Option{"json", "", "write JSON, for programs"},
+    Option{"selection", "ACTION", "the selection, as for 'select', or as JSON"},
+    Option{"json", "", "write JSON"},
     Option{"timeout", "S", "how long to wait for the agent, in seconds (2)"},
     Option{"simulate", "", "use a simulated Mac whose agent lives as long as the command"},
     Option{"socket", "PATH", "use the controller that is served on this socket"},

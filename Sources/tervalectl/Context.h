@@ -10,16 +10,17 @@
 
 namespace tervale {
 
-/// What a command works with. `out` fails where it can no longer be written to.
+/// The surroundings of a command: streams, clock, options, machine. `out` fails when it can no
+/// longer be written to.
 struct Context {
     std::istream& in;
     std::ostream& out;
     const Clock& clock;
-    /// Write for programs rather than for eyes.
+    /// Write JSON rather than tables.
     bool json = false;
     /// How long to wait for the agent, in seconds.
     double timeout = 2;
-    /// The machine, for those who need one. Throws `NoSuchMachine`.
+    /// Makes the machine, for a command that needs one. Throws `NoSuchMachine`.
     std::function<Machine()> makeMachine;
 };
 

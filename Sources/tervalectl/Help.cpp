@@ -66,13 +66,13 @@ std::string help(std::string_view group) {
 
 std::string help() {
     return "Usage: tervalectl COMMAND [ARGUMENT]... [OPTION]...\n"
-           "Reads this machine's fans and temperatures, and speaks with the agent in the menu bar\n"
-           "that drives its fans.\n"
+           "Reads this machine's fans and temperatures, and sends commands to the agent in the\n"
+           "menu bar, which drives the fans.\n"
            "\n" +
            listing(allCommands()) +
            "\n"
-           "'tervalectl COMMAND --help' tells more of a command, --version the version. A FILTER,\n"
-           "FILE or TRACE that begins with a dash comes after '--'.\n"
+           "'tervalectl COMMAND --help' shows the help of a command, --version the version. Write\n"
+           "'--' before a FILTER, FILE or TRACE that begins with a dash.\n"
            "\n"
            "Exit status: 0 done, 1 refused or a problem found, 2 wrong usage, 3 no answer from "
            "the agent.\n";

@@ -44,7 +44,7 @@ struct Sensing {
     SensorSampler sampler;
 };
 
-/// Reads one machine again and again, and finds its controller again after it was away.
+/// Reads one machine repeatedly, and reopens its controller when it is back.
 class Source {
   public:
     Source(const Machine& machine, const Clock& clock) : machine(machine), clock(clock) {
@@ -68,7 +68,7 @@ class Source {
             reading.temperatures = sensing->sampler.sample(everyInput, now);
             reading.fans = sensing->smc.fans();
         } catch (const SMCError&) {
-            // The line tells what could not be read by leaving it out.
+            // What could not be read stays absent.
             letGoIfGone();
         }
         return reading;
@@ -101,7 +101,7 @@ class Source {
     std::unique_ptr<Sensing> sensing;
 };
 
-/// Prints readings for eyes. The columns are those of what was there at the beginning.
+/// Prints readings as a table. The columns are those of the first reading.
 class Lines {
   public:
     Lines(const Source& source, const MachineReading& first)

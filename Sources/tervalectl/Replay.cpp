@@ -64,7 +64,7 @@ class DryRun {
             throw refusal("The speed comes to no number.");
         return {reading.time, needs, target, controller.safetyEngaged()};
     }
-    /// The reading that drives the fans, for eyes; a dash where none does.
+    /// The reading that drives the fans, for a table; a dash if none does.
     std::string reading(const MachineReading& reading) const {
         const auto resolved =
             Controller::resolve(selection, profiles, static_cast<int>(reading.minute), 0);

@@ -150,7 +150,7 @@ TEST(CtlCommandLine, RefusesWhatItDoesNotUnderstand) {
     EXPECT_EQ(refusalOf({"timer", "profile", "Late", "night"}), "timer: DURATION is missing.");
     EXPECT_EQ(refusalOf({"timer", "profile", "5m"}), "timer: the profile's NAME is missing.");
     EXPECT_EQ(refusalOf({"timer", "max", "soon"}),
-              "'soon' is no DURATION: seconds, or such as 90s, 15m, 1h30m.");
+              "'soon' is no DURATION: seconds, or a time such as 90s, 15m, 1h30m.");
     EXPECT_EQ(refusalOf({"launch-at-login"}), "launch-at-login: 'on' or 'off' is missing.");
     EXPECT_EQ(refusalOf({"launch-at-login", "yes"}), "'yes' is neither 'on' nor 'off'.");
     EXPECT_EQ(refusalOf({"profiles", "import"}), "profiles import: FILE is missing.");

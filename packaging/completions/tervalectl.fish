@@ -46,19 +46,19 @@ complete -c tervalectl -f
 # Commands.
 complete -c tervalectl -n '__tervalectl_at' -a fans -d 'show the fans, their speeds and limits'
 complete -c tervalectl -n '__tervalectl_at' -a sensors -d 'show the temperatures of the sensors'
-complete -c tervalectl -n '__tervalectl_at' -a monitor -d 'show load, temperatures and fans again and again'
-complete -c tervalectl -n '__tervalectl_at' -a state -d 'show what the agent does'
-complete -c tervalectl -n '__tervalectl_at' -a select -d 'choose what drives the fans'
-complete -c tervalectl -n '__tervalectl_at' -a timer -d 'choose what drives the fans for a while'
-complete -c tervalectl -n '__tervalectl_at' -a cancel-timer -d 'end a running timer'
-complete -c tervalectl -n '__tervalectl_at' -a launch-at-login -d 'start the agent when the user logs in, or not'
-complete -c tervalectl -n '__tervalectl_at' -a check-for-updates -d 'have the agent look for a newer version'
+complete -c tervalectl -n '__tervalectl_at' -a monitor -d 'show load, temperatures and fans, line by line'
+complete -c tervalectl -n '__tervalectl_at' -a state -d 'show the state of the agent'
+complete -c tervalectl -n '__tervalectl_at' -a select -d 'select what drives the fans'
+complete -c tervalectl -n '__tervalectl_at' -a timer -d 'select what drives the fans, for a time'
+complete -c tervalectl -n '__tervalectl_at' -a cancel-timer -d 'end the running timer'
+complete -c tervalectl -n '__tervalectl_at' -a launch-at-login -d 'choose whether the agent starts at login'
+complete -c tervalectl -n '__tervalectl_at' -a check-for-updates -d 'let the agent look for a newer version'
 complete -c tervalectl -n '__tervalectl_at' -a profiles -d "the agent's profiles"
 complete -c tervalectl -n '__tervalectl_at' -a replay -d 'try profiles on recorded readings'
 complete -c tervalectl -n '__tervalectl_at profiles' -a list -d "show the agent's profiles"
 complete -c tervalectl -n '__tervalectl_at profiles' -a export -d "write the agent's profiles as JSON"
 complete -c tervalectl -n '__tervalectl_at profiles' -a import -d "replace the agent's profiles"
-complete -c tervalectl -n '__tervalectl_at profiles' -a validate -d 'tell what is wrong with profiles'
+complete -c tervalectl -n '__tervalectl_at profiles' -a validate -d 'show the problems of profiles'
 complete -c tervalectl -n '__tervalectl_at profiles' -a show -d 'show a profile, its curve drawn'
 complete -c tervalectl -n '__tervalectl_at profiles' -a remove -d "remove one of the agent's profiles"
 
@@ -76,12 +76,12 @@ complete -c tervalectl -n '__tervalectl_in replay "profiles export" "profiles im
 complete -c tervalectl -s h -l help -d 'show help'
 complete -c tervalectl -n '__tervalectl_at' -l version -d 'show the version'
 complete -c tervalectl -n '__tervalectl_in sensors' -l group -x -a 'cpu gpu memory ssd power other' -d 'only this group'
-complete -c tervalectl -n '__tervalectl_in monitor' -l interval -x -d 'seconds from line to line'
-complete -c tervalectl -n '__tervalectl_in monitor state' -l count -x -d 'end after so many lines'
+complete -c tervalectl -n '__tervalectl_in monitor' -l interval -x -d 'seconds between two lines'
+complete -c tervalectl -n '__tervalectl_in monitor state' -l count -x -d 'end after this many lines'
 complete -c tervalectl -n '__tervalectl_in state' -l follow -d 'show the state again whenever it changes'
 complete -c tervalectl -n '__tervalectl_in "profiles import"' -l merge -d "keep the agent's other profiles"
 complete -c tervalectl -n '__tervalectl_in replay' -l profiles -r -F -d 'the profiles to try'
-complete -c tervalectl -n '__tervalectl_in replay' -l selection -x -a 'automatic max' -d 'what is selected'
+complete -c tervalectl -n '__tervalectl_in replay' -l selection -x -a 'automatic max' -d 'the selection'
 set -l agent 'state select timer cancel-timer launch-at-login check-for-updates "profiles list" "profiles export" "profiles import" "profiles show" "profiles remove"'
 complete -c tervalectl -n "__tervalectl_in fans sensors monitor replay 'profiles validate' $agent" -l json -d 'write JSON'
 complete -c tervalectl -n "__tervalectl_in $agent" -l timeout -x -d 'how long to wait for the agent'
