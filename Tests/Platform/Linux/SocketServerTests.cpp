@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <random>
 #include <sys/stat.h>
@@ -92,7 +94,8 @@ TEST_F(SocketServerTest, LeavesFilesOfOtherKinds) {
 
 TEST_F(SocketServerTest, RefusesPlacesWhereNoSocketCanBe) {
     path = folder.path / "absent" / "socket";
-    EXPECT_EQ(refusal(), "Cannot serve on '" + path.string() + "': No such file or directory.");
+    // The system says why, in the user's language.
+    EXPECT_EQ(refusal(), "Cannot serve on '" + path.string() + "': " + std::strerror(ENOENT) + ".");
     path = folder.path / std::string(200, 'x');
     EXPECT_EQ(refusal(), "Cannot serve on '" + path.string() + "': the path is too long.");
 }
