@@ -621,7 +621,7 @@ TEST_F(ProfilesViewTest, KeepsALongNameWhole) {
     nameField()->setFocus();
     QTest::keyClick(nameField(), Qt::Key_End);
     QTest::keyClicks(nameField(), "y");
-    EXPECT_EQ(names()[0].toStdString(), name + "y");
+    EXPECT_EQ(nameField()->text().toStdString(), name + "y");
 }
 
 TEST_F(ProfilesViewTest, KeepsWhatIsDraggedWhenAStateArrives) {
