@@ -114,15 +114,16 @@ TEST_F(FocusRingTest, IsAroundTheKnobOfASliderThatTheKeyboardReached) {
 }
 
 TEST_F(FocusRingTest, IsSolidInHighContrastOnEveryGround) {
+    show(new QPushButton("Revert")).setFocus(Qt::MouseFocusReason);
+    QPushButton& button = show(new QPushButton("Save"));
+    QApplication::processEvents();
+    QTest::keyClick(&window, Qt::Key_Tab);
+    ASSERT_TRUE(button.hasFocus());
     for (const auto& [ground, text] : {std::pair(Qt::white, Qt::black), {Qt::black, Qt::white}}) {
         const QPalette palette = plainPalette(ground, text);
         EXPECT_TRUE(isClose(ringOfRow(palette, {}), Theme::accent(), 1));
         EXPECT_TRUE(isClose(ringOfRow(palette, QStyle::State_Selected), Qt::white, 1));
         wear(palette);
-        QPushButton& button = show(new QPushButton("Save"));
-        button.clearFocus();
-        button.setFocus(Qt::TabFocusReason);
-        QApplication::processEvents();
         EXPECT_TRUE(isClose(ringColor(button), Theme::accent(), 1));
     }
 }
