@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Base/Precondition.h"
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,8 +2,7 @@
 
 #include "Agent/StarterProfiles.h"
 #include "Base/Overloaded.h"
-#include "Profiles/BridgeLimit.h"
-#include "Profiles/JSONCoding.h"
+#include "JSON/JSON.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -52,7 +51,7 @@ bool fits(BridgeState state, const std::vector<Profile>& profiles) {
     constexpr std::size_t longestStatus = 1024;
     state.profiles = profiles;
     state.status.emplace(longestStatus, ' ');
-    return fitsBridge(state);
+    return Bridge::fits(state);
 }
 
 } // namespace

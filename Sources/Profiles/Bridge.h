@@ -1,9 +1,11 @@
 #pragma once
 
+#include "JSON/JSONForward.h"
 #include "Profiles/Clock.h"
 #include "Profiles/NotificationCenter.h"
 #include "Profiles/Profile.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -65,15 +67,26 @@ struct BridgeState {
     bool operator==(const BridgeState&) const = default;
 };
 
+void write(JSONWriter& json, const BridgeCommand& command);
+void write(JSONWriter& json, const BridgeState& state);
+BridgeCommand read(const JSONReader& json, Type<BridgeCommand>);
+BridgeState read(const JSONReader& json, Type<BridgeState>);
+
 /// The protocol between the window and the menu-bar agent: three notifications, two of them
-/// carrying one JSON text. Fire and forget: a value that cannot be encoded is not sent, and a text
-/// that does not decode reaches no handler. Handlers run on the main thread; sending may be done
-/// from any.
+/// carrying one JSON text. Fire and forget: a value that cannot be encoded, or to too long a text,
+/// is not sent, and a text that does not decode or is too long reaches no handler. Handlers run on
+/// the main thread; sending may be done from any.
 class Bridge {
   public:
     static constexpr const char* commandName = "com.velnor.tervale.command";
     static constexpr const char* stateName = "com.velnor.tervale.state";
     static constexpr const char* quitName = "com.velnor.tervale.quit-window";
+
+    /// The longest text, in bytes; many times that of a state with more profiles than people make.
+    /// A longer one is not even read, so that no notification holds its receivers up.
+    static constexpr std::size_t maximumTextSize = std::size_t{256} * 1024;
+    /// Whether a state's text is short enough to be published.
+    static bool fits(const BridgeState& state);
 
     /// `center` outlives the bridge.
     explicit Bridge(NotificationCenter& center) : center(center) {}

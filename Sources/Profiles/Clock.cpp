@@ -1,9 +1,20 @@
 #include "Profiles/Clock.h"
 
+#include "JSON/JSONReader.h"
+#include "JSON/JSONWriter.h"
+
 #include <chrono>
 #include <ctime>
 
 namespace tervale {
+
+void write(JSONWriter& json, Date date) {
+    json.number(date.sinceReference);
+}
+
+Date read(const JSONReader& json, Type<Date>) {
+    return {json.number()};
+}
 
 Date SystemClock::now() const {
     const std::chrono::duration<double> sinceUnixEpoch =

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "JSON/JSONForward.h"
+
 #include <compare>
 
 namespace tervale {
@@ -19,6 +21,10 @@ struct Date {
 
     auto operator<=>(const Date&) const = default;
 };
+
+/// In JSON a number of seconds.
+void write(JSONWriter& json, Date date);
+Date read(const JSONReader& json, Type<Date>);
 
 /// Tells the time, so that nothing else has to ask the system for it.
 class Clock {

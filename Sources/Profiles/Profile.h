@@ -1,82 +1,18 @@
 #pragma once
 
-#include "Base/Overloaded.h"
+#include "JSON/JSONForward.h"
+#include "Profiles/Action.h"
+#include "Profiles/Curve.h"
+#include "Profiles/TemperatureInput.h"
 #include "Profiles/UUID.h"
-#include "SMC/Sensors.h"
 
-#include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 #include <variant>
 #include <vector>
 
 namespace tervale {
-
-/// Which temperature feeds a temperature curve: a group's hottest sensor or the mean of its
-/// sensors.
-struct TemperatureInput {
-    SensorGroup group = SensorGroup::cpu;
-    bool average = false;
-
-    static constexpr TemperatureInput hottestOf(SensorGroup group) { return {group, false}; }
-    static constexpr TemperatureInput averageOf(SensorGroup group) { return {group, true}; }
-    /// The input that stands for the group where one number is shown for it.
-    static constexpr TemperatureInput headline(SensorGroup group) {
-        return {group, averaged(group)};
-    }
-    /// Whether the group's natural single reading is its mean: so for CPU and GPU.
-    static constexpr bool averaged(SensorGroup group) {
-        return group == SensorGroup::cpu || group == SensorGroup::gpu;
-    }
-
-    /// The input's name for people, such as "CPU average".
-    std::string title() const;
-
-    bool operator==(const TemperatureInput&) const = default;
-};
-
-/// One knot of a curve.
-struct CurvePoint {
-    /// Degrees Celsius (valid 0 to 120) or percent load (valid 0 to 100).
-    double x = 0;
-    /// Fraction of the fan's range (valid 0 to 1).
-    double speed = 0;
-
-    bool operator==(const CurvePoint&) const = default;
-};
-
-/// Fan speed as a function of one reading: straight between its points, flat outside them.
-struct Curve {
-    /// In the order the user placed them.
-    std::vector<CurvePoint> points;
-
-    /// The speed at `x`, as a fraction. Takes any list of points; never clamps.
-    double speed(double x) const;
-
-    bool operator==(const Curve&) const = default;
-};
-
-namespace action {
-/// The fans are left to the system's own control.
-struct Automatic {
-    bool operator==(const Automatic&) const = default;
-};
-/// The fans are held at a fraction of their range.
-struct Fixed {
-    double speed = 0;
-    bool operator==(const Fixed&) const = default;
-};
-/// The fans follow the profile with this id.
-struct Profile {
-    UUID id;
-    bool operator==(const Profile&) const = default;
-};
-} // namespace action
-
-/// What runs: the user's choice, or what a schedule's window asks for.
-using Action = std::variant<action::Automatic, action::Fixed, action::Profile>;
 
 /// One time window of a schedule, in minutes of the day. One whose end is not after its start
 /// crosses midnight.
@@ -129,14 +65,11 @@ struct Profile {
 /// The first profile with this id, or null.
 const Profile* findProfile(std::span<const Profile> profiles, const UUID& id);
 
+void write(JSONWriter& json, const Window& window);
+void write(JSONWriter& json, const ProfileKind& kind);
+void write(JSONWriter& json, const Profile& profile);
+Window read(const JSONReader& json, Type<Window>);
+ProfileKind read(const JSONReader& json, Type<ProfileKind>);
+Profile read(const JSONReader& json, Type<Profile>);
+
 } // namespace tervale
-
-template <>
-struct std::hash<tervale::TemperatureInput> {
-    std::size_t operator()(const tervale::TemperatureInput& input) const noexcept;
-};
-
-template <>
-struct std::hash<tervale::Action> {
-    std::size_t operator()(const tervale::Action& action) const noexcept;
-};

@@ -1,7 +1,7 @@
 #include "Profiles/ProfileStore.h"
 
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 
 #include <optional>
 #include <string_view>

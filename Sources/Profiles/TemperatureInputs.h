@@ -1,11 +1,12 @@
 #pragma once
 
-#include "Profiles/Profile.h"
+#include "Profiles/TemperatureInput.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -32,6 +33,15 @@ inline constexpr auto allTemperatureInputs = [] {
     return inputs;
 }();
 
+static_assert(
+    [] {
+        for (std::size_t position = 0; position < temperatureInputCount; ++position)
+            if (positionOf(allTemperatureInputs[position]) != position)
+                return false;
+        return true;
+    }(),
+    "every group has its positions");
+
 /// A set of temperature inputs.
 class TemperatureInputSet {
   public:
@@ -42,7 +52,7 @@ class TemperatureInputSet {
     }
 
     constexpr void insert(TemperatureInput input) {
-        members = static_cast<std::uint16_t>(members | (1U << positionOf(input)));
+        members = static_cast<Members>(members | (1U << positionOf(input)));
     }
     constexpr bool contains(TemperatureInput input) const {
         return (members >> positionOf(input) & 1U) != 0;
@@ -54,7 +64,11 @@ class TemperatureInputSet {
     bool operator==(const TemperatureInputSet&) const = default;
 
   private:
-    std::uint16_t members = 0;
+    using Members = std::uint16_t;
+    static_assert(temperatureInputCount <= std::numeric_limits<Members>::digits,
+                  "a set has a bit for every input");
+
+    Members members = 0;
 };
 
 /// A map from temperature inputs to degrees Celsius; an input that could not be read is absent.

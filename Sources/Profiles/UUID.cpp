@@ -1,5 +1,8 @@
 #include "Profiles/UUID.h"
 
+#include "JSON/JSONReader.h"
+#include "JSON/JSONWriter.h"
+
 #include <uuid/uuid.h>
 
 namespace tervale {
@@ -63,6 +66,17 @@ std::string UUID::text() const {
         text += digits[byte & 0xFU];
     }
     return text;
+}
+
+void write(JSONWriter& json, const UUID& id) {
+    json.string(id.text());
+}
+
+UUID read(const JSONReader& json, Type<UUID>) {
+    const std::optional<UUID> id = UUID::parse(json.text());
+    if (!id)
+        json.fail(DecodingError::Kind::dataCorrupted, "The string is no UUID.");
+    return *id;
 }
 
 } // namespace tervale

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "JSON/JSONForward.h"
+
 #include <array>
 #include <compare>
 #include <cstddef>
@@ -25,6 +27,9 @@ struct UUID {
     // The category is named because the arrays of older libraries have no such operator.
     std::strong_ordering operator<=>(const UUID&) const = default;
 };
+
+void write(JSONWriter& json, const UUID& id);
+UUID read(const JSONReader& json, Type<UUID>);
 
 } // namespace tervale
 

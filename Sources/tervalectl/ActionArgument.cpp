@@ -1,8 +1,8 @@
 #include "tervalectl/ActionArgument.h"
 
 #include "Base/Overloaded.h"
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 #include "tervalectl/Failure.h"
 #include "tervalectl/NumberParsing.h"
 

@@ -1,8 +1,8 @@
 #include "tervalectl/AgentCommands.h"
 
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/DisplayText.h"
-#include "Profiles/JSONCoding.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Formatting.h"
 

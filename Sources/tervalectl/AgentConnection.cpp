@@ -2,8 +2,8 @@
 
 #include "Base/Precondition.h"
 #include "Base/Terminal.h"
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 #include "tervalectl/Formatting.h"
 
 #include <QDateTime>

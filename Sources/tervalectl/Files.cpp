@@ -1,8 +1,8 @@
 #include "tervalectl/Files.h"
 
+#include "JSON/JSON.h"
 #include "Platform/FileSync.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 
 #include <QFile>
 #include <QFileInfo>

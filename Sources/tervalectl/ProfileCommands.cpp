@@ -1,7 +1,7 @@
 #include "tervalectl/ProfileCommands.h"
 
 #include "Base/Terminal.h"
-#include "Profiles/JSONCoding.h"
+#include "JSON/JSON.h"
 #include "Profiles/Validation.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Files.h"

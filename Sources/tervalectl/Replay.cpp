@@ -1,9 +1,9 @@
 #include "tervalectl/Replay.h"
 
 #include "Base/Overloaded.h"
+#include "JSON/JSON.h"
 #include "Profiles/Controller.h"
 #include "Profiles/DisplayText.h"
-#include "Profiles/JSONCoding.h"
 #include "tervalectl/Files.h"
 #include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"

@@ -1,7 +1,7 @@
 #include "tervalectl/Run.h"
 
 #include "Base/Terminal.h"
-#include "Profiles/JSONCoding.h"
+#include "JSON/JSON.h"
 #include "SMC/SMC.h"
 
 namespace tervale {

@@ -1,6 +1,5 @@
 #include "Agent/Agent.h"
 #include "Agent/StarterProfiles.h"
-#include "Profiles/BridgeLimit.h"
 #include "Profiles/InMemoryPreferences.h"
 #include "Profiles/InProcessNotificationCenter.h"
 #include "Simulation/Simulation.h"
@@ -207,7 +206,7 @@ TEST_F(AgentTest, DoesNotOfferProfilesAgainToWhoHasDeletedThem) {
 
 TEST_F(AgentTest, RefusesProfilesThatWouldSilenceIt) {
     const std::vector<Profile> before = last().profiles;
-    std::string name(maximumBridgeTextSize - 1000, 'n');
+    std::string name(Bridge::maximumTextSize - 1000, 'n');
     EXPECT_EQ(answersTo(command::SaveProfiles{{profileNamed(name, kind::Load{})}}), 1U);
     EXPECT_EQ(last().profiles, before);
     EXPECT_EQ(last().status, "Those profiles were not saved: they are too long.");

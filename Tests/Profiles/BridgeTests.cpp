@@ -1,7 +1,6 @@
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/BridgeLimit.h"
 #include "Profiles/InProcessNotificationCenter.h"
-#include "Profiles/JSONCoding.h"
 
 #include <gtest/gtest.h>
 
@@ -136,7 +135,7 @@ TEST_F(BridgeTest, RefusesALongTextUnread) {
     int states = 0;
     const ObserverToken token = bridge.onState([&](const BridgeState&) { ++states; });
     std::string text = encode(BridgeState());
-    text.resize(maximumBridgeTextSize, ' ');
+    text.resize(Bridge::maximumTextSize, ' ');
     center.post(Bridge::stateName, text);
     EXPECT_EQ(states, 1);
     center.post(Bridge::stateName, text + " ");
@@ -147,12 +146,12 @@ TEST_F(BridgeTest, SendsNoTextThatNobodyReads) {
     const auto& objects = posted(Bridge::stateName);
     BridgeState state;
     const std::size_t shell = R"(,"status":"")"sv.size() + encode(state).size();
-    state.status = std::string(maximumBridgeTextSize - shell, 's');
-    EXPECT_TRUE(fitsBridge(state));
+    state.status = std::string(Bridge::maximumTextSize - shell, 's');
+    EXPECT_TRUE(Bridge::fits(state));
     bridge.publish(state);
     EXPECT_EQ(objects.size(), 1U);
     *state.status += 's';
-    EXPECT_FALSE(fitsBridge(state));
+    EXPECT_FALSE(Bridge::fits(state));
     bridge.publish(state);
     EXPECT_EQ(objects.size(), 1U);
 }
@@ -171,7 +170,7 @@ TEST_F(BridgeTest, HasRoomForManyTimesTheProfilesThatPeopleMake) {
         state.profiles.push_back(
             {UUID::random(), "A profile with a rather long name",
              kind::Temperature{TemperatureInput::averageOf(SensorGroup::memory), curve}});
-    EXPECT_LT(encode(state).size(), maximumBridgeTextSize / 6);
+    EXPECT_LT(encode(state).size(), Bridge::maximumTextSize / 6);
 }
 
 TEST_F(BridgeTest, HearsOfQuittingWhateverItCarries) {

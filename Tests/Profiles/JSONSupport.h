@@ -1,8 +1,8 @@
 #pragma once
 
 #include "JSON/Decoded.h"
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,4 +1,4 @@
-#include "Profiles/JSONCoding.h"
+#include "JSON/JSON.h"
 #include "SMC/SMCCodec.h"
 #include "SMC/SMCStructure.h"
 #include "tervalectl/CommandRunner.h"

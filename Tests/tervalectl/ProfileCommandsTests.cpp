@@ -1,5 +1,5 @@
+#include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
-#include "Profiles/JSONCoding.h"
 #include "Support/TemporaryFolder.h"
 #include "tervalectl/CommandRunner.h"
 

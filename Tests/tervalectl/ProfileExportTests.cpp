@@ -1,4 +1,4 @@
-#include "Profiles/JSONCoding.h"
+#include "JSON/JSON.h"
 #include "Support/TemporaryFolder.h"
 #include "tervalectl/CommandRunner.h"
 
