@@ -21,6 +21,12 @@ namespace tervale {
 
 namespace {
 
+QAccessibleInterface* makeTimeField(QObject* object) {
+    return AccessiblePopUp::usualValues() == ChoiceValues::inValueInterface
+               ? makeAccessible<TimeField, AccessibleTimeField>(object)
+               : nullptr;
+}
+
 std::vector<AccessibleMaker>& makers() {
     static std::vector<AccessibleMaker> all{
         makeAccessible<ModeButton, AccessibleRadioButton>,
@@ -28,7 +34,7 @@ std::vector<AccessibleMaker>& makers() {
         makeAccessible<ToggleSwitch, AccessibleSwitch>,
         makeAccessible<PopUpButton, AccessiblePopUp>,
         makeAccessible<FractionSlider, AccessibleFractionSlider>,
-        makeAccessible<TimeField, AccessibleTimeField>,
+        makeTimeField,
         makeAccessible<FanDial, AccessibleGauge>,
         makeAccessible<ThermalBar, AccessibleGauge>,
     };

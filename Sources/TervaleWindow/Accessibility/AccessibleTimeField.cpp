@@ -3,8 +3,6 @@
 #include "TervaleWindow/Accessibility/AccessibleReading.h"
 #include "TervaleWindow/Controls/TimeField.h"
 
-#include <QLineEdit>
-
 namespace tervale {
 
 AccessibleTimeField::AccessibleTimeField(TimeField& described)
@@ -13,11 +11,7 @@ AccessibleTimeField::AccessibleTimeField(TimeField& described)
 void* AccessibleTimeField::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::ValueInterface)
         return static_cast<QAccessibleValueInterface*>(this);
-    if (type != QAccessible::TextInterface && type != QAccessible::EditableTextInterface)
-        return QAccessibleWidget::interface_cast(type);
-    QAccessibleInterface* edited =
-        QAccessible::queryAccessibleInterface(field()->findChild<QLineEdit*>());
-    return edited ? edited->interface_cast(type) : nullptr;
+    return QAccessibleWidget::interface_cast(type);
 }
 
 QString AccessibleTimeField::text(QAccessible::Text kind) const {

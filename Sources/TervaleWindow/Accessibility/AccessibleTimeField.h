@@ -6,8 +6,9 @@ namespace tervale {
 
 class TimeField;
 
-/// A time field with the time that it shows as its value; the toolkit's own interface has none. Its
-/// text is edited through the field within.
+/// A time field with the time that it shows as its value, for where values are read as texts; the
+/// toolkit's own interface has an empty one there. Elsewhere that one serves, with the text as what
+/// is edited.
 class AccessibleTimeField final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     explicit AccessibleTimeField(TimeField& field);
