@@ -1,6 +1,8 @@
 #include "TervaleWindow/Overview/TemperaturesPanel.h"
 
+#include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Gauges/GaugeMath.h"
 #include "TervaleWindow/Overview/TemperatureRow.h"
 
 #include <QHBoxLayout>
@@ -14,10 +16,6 @@ namespace {
 
 TextLabel* caption(const QString& text) {
     return new TextLabel(text, TextStyle::caption(), TextColor::secondary);
-}
-
-QString degrees(int value) {
-    return QStringLiteral("%1 °C").arg(value);
 }
 
 QLayout* makeHeader() {
@@ -36,9 +34,9 @@ QWidget* makeScale() {
     auto* scale = new QWidget;
     auto* row = new QHBoxLayout(scale);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(caption(degrees(TemperaturesPanel::scaleLow)));
+    row->addWidget(caption(celsius(thermalBarRange.lower)));
     row->addStretch(1);
-    row->addWidget(caption(degrees(TemperaturesPanel::scaleHigh)));
+    row->addWidget(caption(celsius(thermalBarRange.upper)));
     return scale;
 }
 

@@ -16,10 +16,6 @@ class TemperaturesPanel final : public Card {
     Q_OBJECT
 
   public:
-    /// The ends of the bars' scale, in degrees Celsius.
-    static constexpr int scaleLow = 20;
-    static constexpr int scaleHigh = 100;
-
     /// `model` outlives the panel.
     explicit TemperaturesPanel(Model& model, QWidget* parent = nullptr);
 
