@@ -87,6 +87,7 @@ QImage tinted(QImage shape, const QColor& color) {
     QPainter painter(&shape);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(shape.rect(), color);
+    painter.end();
     return shape;
 }
 
@@ -102,6 +103,7 @@ std::optional<QImage> systemShape(Symbol symbol, const Place& place, qreal weigh
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.drawImage(place.square.topLeft().toPoint(), *shape);
+    painter.end();
     return image;
 }
 

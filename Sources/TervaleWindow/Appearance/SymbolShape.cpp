@@ -37,6 +37,7 @@ QImage symbolShape(Symbol symbol, const QSize& size, const QRectF& square, qreal
     image.fill(Qt::transparent);
     QPainter painter(&image);
     renderer.render(&painter, square);
+    painter.end();
     return image;
 }
 
