@@ -15,17 +15,19 @@ QString percent(double fraction) {
 }
 
 QString timeOfDayFormat(const QLocale& locale) {
-    static const QRegularExpression rest(QStringLiteral("[^\\w\\s]?s+(\\.z+)?|\\s*t+"));
-    QString format = locale.timeFormat(QLocale::ShortFormat);
-    format.remove(rest);
-    // Some of the system's formats name the part of the day, which the toolkit does not know and
-    // would write as a letter.
-    static const QRegularExpression partOfDay(QStringLiteral("('[^']*')|[bB]+"));
+    // What is quoted stays as it is. Some of the system's formats name the part of the day, which
+    // the toolkit does not know and would write as a letter. The rest are seconds and time zones.
+    static const QRegularExpression piece(
+        QStringLiteral("('[^']*')|([bB]+)|[^\\w\\s']?s+(?:\\.z+)?|\\s*t+"));
+    const QString format = locale.timeFormat(QLocale::ShortFormat);
     QString known;
     qsizetype end = 0;
-    for (const auto& found : partOfDay.globalMatch(format)) {
+    for (const auto& found : piece.globalMatch(format)) {
         known += format.mid(end, found.capturedStart() - end);
-        known += found.hasCaptured(1) ? found.captured(1) : QStringLiteral("AP");
+        if (found.hasCaptured(1))
+            known += found.captured(1);
+        else if (found.hasCaptured(2))
+            known += QStringLiteral("AP");
         end = found.capturedEnd();
     }
     return (known + format.mid(end)).trimmed();

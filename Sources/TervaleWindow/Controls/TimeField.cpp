@@ -74,9 +74,10 @@ bool TimeField::eventFilter(QObject* watched, QEvent* event) {
 void TimeField::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
     const bool digit = event->text().size() == 1 && event->text().front().isDigit();
-    // A digit in place of all of the text begins with the hours.
+    // A digit in place of all of the text begins with the hours, wherever the part of the day
+    // stands.
     if (digit && lineEdit()->selectedText() == lineEdit()->text())
-        setSelectedSection(sectionAt(0));
+        setSelectedSection(HourSection);
     if (plain && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right))
         chooseSection(event->key() == Qt::Key_Left ? -1 : 1);
     else

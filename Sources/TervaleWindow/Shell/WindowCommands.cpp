@@ -80,6 +80,8 @@ WindowCommands::WindowCommands(ContentView& served, Place place)
       window(served) {
     makeCommands();
     if (place == Place::menuBar) {
+        // The key of a Mac's help opens the search in its Help menu, which is the system's own.
+        help->setShortcut({});
         makeMenus();
     } else {
         offered = panes;

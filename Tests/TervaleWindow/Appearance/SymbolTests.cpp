@@ -185,6 +185,18 @@ TEST_F(SystemShapes, StandInForTheDrawingInTheColourAskedFor) {
     EXPECT_EQ(ink(image), 48 * 24);
 }
 
+TEST_F(SystemShapes, AreAskedForInTheWeightOfTheSymbol) {
+    std::vector<qreal> weights;
+    useSymbolShapes([&weights](const QString& name, int side, qreal weight) {
+        weights.push_back(weight);
+        return halfFan(name, side, weight);
+    });
+    for (const qreal weight : {symbolWeight::regular, symbolWeight::medium, symbolWeight::semibold})
+        painted(Symbol::fan, Qt::black, weight);
+    EXPECT_EQ(weights, (std::vector<qreal>{symbolWeight::regular, symbolWeight::medium,
+                                           symbolWeight::semibold}));
+}
+
 TEST_F(SystemShapes, LeaveTheDrawingToTheWindowWhereThereIsNone) {
     const QImage own = painted(Symbol::cpu, Qt::black);
     useSymbolShapes(&halfFan);

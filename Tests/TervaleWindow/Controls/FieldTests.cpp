@@ -132,6 +132,16 @@ TEST_F(FieldTest, ATimeTypedInPlaceOfAllOfTheTextBeginsWithTheHours) {
     EXPECT_EQ(field.minuteOfDay(), 22 * 60 + 45);
 }
 
+TEST_F(FieldTest, ATimeTypedBehindThePartOfTheDayBeginsWithTheHoursToo) {
+    for (const char* name : {"zh_TW", "ko_KR"}) {
+        TimeField& field = showTime(425);
+        field.setLocale(QLocale(name));
+        field.findChild<QLineEdit*>()->selectAll();
+        QTest::keyClicks(&field, "1045");
+        EXPECT_EQ(field.minuteOfDay(), 10 * 60 + 45) << name;
+    }
+}
+
 TEST_F(FieldTest, ATimesSectionsAreChosenByTheArrowKeys) {
     TimeField& field = showTime(425);
     field.setSelectedSection(QDateTimeEdit::HourSection);
