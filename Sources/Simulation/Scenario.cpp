@@ -9,7 +9,7 @@ namespace tervale {
 
 namespace {
 
-struct Character {
+struct Parameters {
     std::string_view name;
     double room;
     Workload typical;
@@ -20,13 +20,13 @@ struct Character {
     double burstLoad;
 };
 
-const Character& characterOf(Scenario scenario) {
-    static constexpr Character idle{"idle", 24, {0.04, 0.02}, 0.02, 0.01, 0.15};
-    static constexpr Character work{"work", 24, {0.25, 0.12}, 0.12, 0.03, 0.55};
-    static constexpr Character render{"render", 24, {0.85, 0.65}, 0.08, 0, 0};
-    static constexpr Character heatwave{"heatwave", 30, {1, 1}, 0.02, 0, 0};
-    static constexpr Character dropout{"dropout", 24, {0.25, 0.12}, 0.12, 0.03, 0.55};
-    static constexpr Character host{"host", 24, {0.04, 0.02}, 0, 0, 0};
+const Parameters& parametersOf(Scenario scenario) {
+    static constexpr Parameters idle{"idle", 24, {0.04, 0.02}, 0.02, 0.01, 0.15};
+    static constexpr Parameters work{"work", 24, {0.25, 0.12}, 0.12, 0.03, 0.55};
+    static constexpr Parameters render{"render", 24, {0.85, 0.65}, 0.08, 0, 0};
+    static constexpr Parameters heatwave{"heatwave", 30, {1, 1}, 0.02, 0, 0};
+    static constexpr Parameters dropout{"dropout", 24, {0.25, 0.12}, 0.12, 0.03, 0.55};
+    static constexpr Parameters host{"host", 24, {0.04, 0.02}, 0, 0, 0};
     switch (scenario) {
     case Scenario::idle:
         return idle;
@@ -48,7 +48,7 @@ const Character& characterOf(Scenario scenario) {
 } // namespace
 
 std::string_view nameOf(Scenario scenario) {
-    return characterOf(scenario).name;
+    return parametersOf(scenario).name;
 }
 
 std::optional<Scenario> scenarioNamed(std::string_view name) {
@@ -59,7 +59,7 @@ std::optional<Scenario> scenarioNamed(std::string_view name) {
 }
 
 double roomTemperature(Scenario scenario) {
-    return characterOf(scenario).room;
+    return parametersOf(scenario).room;
 }
 
 WorkloadSource::WorkloadSource(Scenario scenario, LoadReading host)
@@ -69,7 +69,7 @@ WorkloadSource::WorkloadSource(Scenario scenario, LoadReading host)
 }
 
 Workload WorkloadSource::typical() const {
-    return characterOf(scenario).typical;
+    return parametersOf(scenario).typical;
 }
 
 void WorkloadSource::advanceSecond(RandomSource& random) {
@@ -79,16 +79,16 @@ void WorkloadSource::advanceSecond(RandomSource& random) {
             follow({*percent / 100, *percent / 200}, 0.5);
         return;
     }
-    const Character& character = characterOf(scenario);
+    const Parameters& parameters = parametersOf(scenario);
     if (burst > 0)
         --burst;
-    else if (random.uniform() < character.burstChance)
+    else if (random.uniform() < parameters.burstChance)
         burst = 2 + static_cast<int>(random.below(6));
-    Workload goal = character.typical;
+    Workload goal = parameters.typical;
     if (burst > 0)
-        goal.processor = character.burstLoad;
-    goal.processor += random.around0(character.waves);
-    goal.graphics += random.around0(character.waves);
+        goal.processor = parameters.burstLoad;
+    goal.processor += random.around0(parameters.waves);
+    goal.graphics += random.around0(parameters.waves);
     follow(goal, 0.5);
 }
 

@@ -84,14 +84,14 @@ void SensorBank::settle(const HeatModel& heat) {
         sensor.value = sensor.goal(heat);
 }
 
-void SensorBank::advance(double seconds, const HeatModel& heat, Attendance attendance,
+void SensorBank::advance(double seconds, const HeatModel& heat, Presence presence,
                          RandomSource& random) {
     constexpr double chanceToGo = 0.006;
     for (Sensor& sensor : sensors) {
         const double goal = sensor.goal(heat) + random.around0(sensor.noise);
         sensor.value += (goal - sensor.value) * std::min(seconds / sensor.timeConstant, 1.0);
         sensor.gone = std::max(sensor.gone - seconds, 0.0);
-        if (attendance == Attendance::comeAndGo && random.uniform() < chanceToGo * seconds)
+        if (presence == Presence::comeAndGo && random.uniform() < chanceToGo * seconds)
             sensor.gone = random.between(5, 30);
     }
 }

@@ -15,7 +15,7 @@ namespace tervale {
 /// noise.
 class SensorBank {
   public:
-    enum class Attendance { constant, comeAndGo };
+    enum class Presence { constant, comeAndGo };
 
     /// As many sensors as asked for, over all groups; at most `most`.
     SensorBank(std::size_t count, RandomSource& random);
@@ -31,8 +31,7 @@ class SensorBank {
 
     /// Takes on the temperatures at once.
     void settle(const HeatModel& heat);
-    void advance(double seconds, const HeatModel& heat, Attendance attendance,
-                 RandomSource& random);
+    void advance(double seconds, const HeatModel& heat, Presence presence, RandomSource& random);
 
   private:
     struct Sensor {

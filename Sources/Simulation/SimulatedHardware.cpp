@@ -63,9 +63,9 @@ void SimulatedHardware::step() {
     stepHeat(workloads.current(), sensorBank.hottest());
     ++steps;
     if (steps % stepsPerSensorUpdate == 0) {
-        const auto attendance = scenario == Scenario::dropout ? SensorBank::Attendance::comeAndGo
-                                                              : SensorBank::Attendance::constant;
-        sensorBank.advance(stepSeconds * stepsPerSensorUpdate, heat, attendance, random);
+        const auto presence = scenario == Scenario::dropout ? SensorBank::Presence::comeAndGo
+                                                            : SensorBank::Presence::constant;
+        sensorBank.advance(stepSeconds * stepsPerSensorUpdate, heat, presence, random);
     }
 }
 
