@@ -15,11 +15,9 @@ namespace tervale {
 
 namespace {
 
-/// Where no desktop brings a palette, the toolkit's own style does. On a Mac the system always
-/// does.
+/// Where no desktop brings a palette, the toolkit's own style does.
 bool desktopHasPalette() {
-    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS ||
-           QApplication::palette() != QApplication::style()->standardPalette();
+    return QApplication::palette() != QApplication::style()->standardPalette();
 }
 
 /// The window's own palette, in the scheme that the desktop asks for where the toolkit can tell.
@@ -58,8 +56,16 @@ QImage imageOf(const SymbolMask& mask) {
         .copy();
 }
 
-void useSystemAppearance([[maybe_unused]] QApplication& application) {
+ControlDrawing controlDrawing() {
+    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::MacOS
+               ? ControlDrawing::system
+               : ControlDrawing::window;
+}
+
+void useSystemAppearance([[maybe_unused]] QApplication& application, ControlDrawing drawing) {
     useSystemSymbols();
+    if (drawing == ControlDrawing::system)
+        return;
     const bool themed = desktopHasPalette();
     // Brings the fonts along, each kind of control its own.
     QApplication::setStyle(new WindowStyle);

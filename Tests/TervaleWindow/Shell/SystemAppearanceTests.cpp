@@ -1,6 +1,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
+#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -12,7 +13,7 @@ using namespace tervale;
 
 class SystemAppearance : public testing::Test {
   protected:
-    void SetUp() override { useSystemAppearance(*qApp); }
+    void SetUp() override { useSystemAppearance(*qApp, ControlDrawing::window); }
 };
 
 TEST_F(SystemAppearance, GivesButtonsTheirOwnWeight) {
@@ -22,6 +23,18 @@ TEST_F(SystemAppearance, GivesButtonsTheirOwnWeight) {
     label.ensurePolished();
     EXPECT_EQ(button.font(), systemFont(fontSize::body, QFont::Medium));
     EXPECT_EQ(label.font(), systemFont(fontSize::body));
+}
+
+TEST_F(SystemAppearance, LeavesStylePaletteAndFontsToASystemThatDrawsItsControls) {
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    const QPalette palette(Qt::blue);
+    QApplication::setPalette(palette);
+    QApplication::setFont(QFont("Monospace", 17));
+    useSystemAppearance(*qApp, ControlDrawing::system);
+    EXPECT_EQ(qobject_cast<WindowStyle*>(QApplication::style()), nullptr);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Highlight),
+              palette.color(QPalette::Highlight));
+    EXPECT_EQ(QApplication::font().pointSize(), 17);
 }
 
 TEST_F(SystemAppearance, MarksWhatIsSelectedInTheAccentColor) {
