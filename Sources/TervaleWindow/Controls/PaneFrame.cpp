@@ -1,6 +1,7 @@
 #include "TervaleWindow/Controls/PaneFrame.h"
 
 #include "TervaleWindow/Controls/Card.h"
+#include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 
 #include <QScrollArea>
@@ -17,7 +18,8 @@ PaneFrame::PaneFrame(const QString& title, QWidget* parent)
       headerRow(new QHBoxLayout),
       titles(new QVBoxLayout),
       scrollArea(new QScrollArea),
-      panels(new QVBoxLayout) {
+      panels(new QVBoxLayout),
+      edge(new Divider(Qt::Horizontal, this)) {
     auto* headerBox = new QWidget;
     headerBox->setFixedHeight(headerHeight);
     headerBox->setLayout(headerRow);
@@ -53,6 +55,13 @@ PaneFrame::PaneFrame(const QString& title, QWidget* parent)
     frame->setSpacing(0);
     frame->addWidget(headerBox);
     frame->addWidget(scrollArea, 1);
+
+    // Once content is under the header.
+    edge->hide();
+    connect(scrollArea->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+        edge->setVisible(value > 0);
+        edge->raise();
+    });
 }
 
 void PaneFrame::setSubtitle(const QString& subtitle) {
@@ -63,6 +72,11 @@ void PaneFrame::setSubtitle(const QString& subtitle) {
 
 void PaneFrame::addPanel(QWidget* panel) {
     panels->addWidget(panel);
+}
+
+void PaneFrame::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    edge->setGeometry(0, headerHeight - 1, width(), 1);
 }
 
 void PaneFrame::scrollToTop() {

@@ -7,8 +7,10 @@ class QScrollArea;
 
 namespace tervale {
 
+class Divider;
+
 /// What the panes share: a title at the top, perhaps with a smaller line under it, and below them
-/// panels one under the other, which scroll when they do not fit.
+/// panels one under the other, which scroll when they do not fit, under a hairline below the title.
 class PaneFrame : public QWidget {
     Q_OBJECT
 
@@ -29,11 +31,15 @@ class PaneFrame : public QWidget {
     /// Scrolls as little as it takes to show `area` of a panel, with `room` pixels around it.
     void scrollTo(const QWidget& panel, const QRect& area, int room);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     QHBoxLayout* headerRow;
     QVBoxLayout* titles;
     QScrollArea* scrollArea;
     QVBoxLayout* panels;
+    Divider* edge;
 };
 
 } // namespace tervale

@@ -8,7 +8,7 @@ namespace tervale {
 
 namespace {
 /// How far the caption reaches into the dial's margin, in logical pixels.
-constexpr int captionOverlap = 8;
+constexpr int captionOverlap = 4;
 } // namespace
 
 FanColumn::FanColumn(QWidget* parent)

@@ -18,12 +18,22 @@ QWidget* makeWaitingLabel(Model& model) {
     return label;
 }
 
+/// Without fans there is nothing to put a card around.
+QWidget* makeFansPanel(Model& model) {
+    auto* panel = new FansPanel(model);
+    const auto update = [panel, &model] { panel->setVisible(!model.fans().empty()); };
+    QObject::connect(&model, &Model::fansChanged, panel, update);
+    if (model.fans().empty())
+        panel->hide();
+    return panel;
+}
+
 } // namespace
 
 OverviewView::OverviewView(Model& model, Bridge& bridge, QWidget* parent)
     : PaneFrame(QStringLiteral("Overview"), parent) {
     addPanel(makeWaitingLabel(model));
-    addPanel(new FansPanel(model));
+    addPanel(makeFansPanel(model));
     addPanel(new ControlsPanel(model, bridge));
     addPanel(new TemperaturesPanel(model));
 }

@@ -1,4 +1,5 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
+#include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
@@ -6,6 +7,7 @@
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
 #include "TervaleWindow/Overview/FanChoices.h"
+#include "TervaleWindow/Overview/FansPanel.h"
 #include "TervaleWindow/Overview/ModeHeading.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Overview/TimerLabel.h"
@@ -16,6 +18,8 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -377,8 +381,60 @@ TEST_F(Overview, HasNoDialsWithoutAController) {
     controller.absent = true;
     show();
     EXPECT_TRUE(view->findChildren<FanDial*>().isEmpty());
+    EXPECT_FALSE(view->findChild<FansPanel*>()->isVisible());
     QTest::mouseClick(&mode("50%"), Qt::LeftButton);
     EXPECT_EQ(takeCommands().size(), 1U);
+}
+
+TEST_F(Overview, DrawsACardForFansOnceThereAreSome) {
+    controller.setFanCount(0);
+    show();
+    const auto* panel = view->findChild<FansPanel*>();
+    EXPECT_FALSE(panel->isVisible());
+    controller.setFanCount(2);
+    model->refresh();
+    EXPECT_TRUE(panel->isVisible());
+}
+
+TEST_F(Overview, LeavesAirBetweenADialAndItsCaption) {
+    show();
+    const auto* caption = named<QLabel>("Fan 1");
+    ASSERT_NE(caption, nullptr);
+    const QImage column = caption->parentWidget()->grab().toImage();
+    const QRgb ground = column.pixel(0, 0);
+    const auto isEmpty = [&](int y) {
+        for (int x = caption->geometry().left(); x < caption->geometry().right(); ++x) {
+            if (column.pixel(x, y) != ground)
+                return false;
+        }
+        return true;
+    };
+    int y = caption->geometry().center().y();
+    while (!isEmpty(y))
+        --y;
+    int air = 0;
+    for (; isEmpty(y); --y)
+        ++air;
+    EXPECT_GE(air, 8);
+    EXPECT_LE(air, 10);
+}
+
+TEST_F(Overview, DrawsAHairlineUnderItsHeaderOnceContentIsBelowIt) {
+    show();
+    view->resize(590, 520);
+    QApplication::processEvents();
+    const auto* edge = view->findChild<Divider*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(edge, nullptr);
+    auto* bar = view->findChild<QScrollArea*>()->verticalScrollBar();
+    EXPECT_FALSE(edge->isVisible());
+    bar->setFocus();
+    QTest::keyClick(bar, Qt::Key_Down);
+    ASSERT_GT(bar->value(), 0);
+    EXPECT_TRUE(edge->isVisible());
+    EXPECT_EQ(edge->geometry().bottom() + 1, PaneFrame::headerHeight);
+    EXPECT_EQ(edge->width(), view->width());
+    QTest::keyClick(bar, Qt::Key_Home);
+    EXPECT_FALSE(edge->isVisible());
 }
 
 TEST_F(Overview, ShowsTheAverageAndTheHottestOfTheProcessorAndOneFigureOfOthers) {
