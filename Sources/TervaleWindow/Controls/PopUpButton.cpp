@@ -48,15 +48,17 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
 }
 
 QSize PopUpButton::sizeHint() const {
-    int widest = 0;
+    int widest = minimumContentWidth;
     for (int entry = 0; entry < count(); ++entry)
-        widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(entry)));
+        widest = std::max(widest, widthFor(itemText(entry)));
+    return {widest, QComboBox::sizeHint().height()};
+}
+
+int PopUpButton::widthFor(const QString& entry) const {
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    const int height = QComboBox::sizeHint().height();
-    const QSize natural =
-        style()->sizeFromContents(QStyle::CT_ComboBox, &option, {widest, height}, this);
-    return {std::max(natural.width(), minimumContentWidth), height};
+    const QSize contents = fontMetrics().size(Qt::TextSingleLine, entry);
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this).width();
 }
 
 QSize PopUpButton::minimumSizeHint() const {

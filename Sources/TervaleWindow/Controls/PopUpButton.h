@@ -17,6 +17,9 @@ class PopUpButton : public QComboBox {
 
     explicit PopUpButton(QWidget* parent = nullptr);
 
+    /// The width at which an entry is shown whole.
+    int widthFor(const QString& entry) const;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -4,14 +4,22 @@
 
 namespace tervale {
 
+namespace {
+/// From the top of a line to that of a symbol that is level with its letters.
+constexpr int dropToFirstLine = 2;
+} // namespace
+
 SymbolLabel::SymbolLabel(Symbol symbol, const QString& text, Foreground wanted, QWidget* parent)
     : QWidget(parent),
       symbolView(new SymbolView(symbol, symbolSide, wanted)),
+      symbolColumn(new QVBoxLayout),
       label(new TextLabel(text, TextStyle::body(), wanted)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);
-    row->addWidget(symbolView);
+    symbolColumn->setContentsMargins(0, 0, 0, 0);
+    symbolColumn->addWidget(symbolView);
+    row->addLayout(symbolColumn);
     row->addWidget(label);
 }
 
@@ -36,7 +44,8 @@ void SymbolLabel::setOverflow(Overflow overflow) {
     label->setOverflow(overflow);
     // Beside the first line, where there may be several.
     const bool wraps = overflow == Overflow::wrap;
-    layout()->setAlignment(symbolView, wraps ? Qt::AlignTop : Qt::Alignment());
+    symbolColumn->setAlignment(symbolView, wraps ? Qt::AlignTop : Qt::Alignment());
+    symbolColumn->setContentsMargins(0, wraps ? dropToFirstLine : 0, 0, 0);
 }
 
 } // namespace tervale

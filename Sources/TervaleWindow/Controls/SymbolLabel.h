@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+class QVBoxLayout;
+
 namespace tervale {
 
 /// A symbol and a text beside it, in one colour.
@@ -26,6 +28,7 @@ class SymbolLabel : public QWidget {
 
   private:
     SymbolView* symbolView;
+    QVBoxLayout* symbolColumn;
     TextLabel* label;
 };
 

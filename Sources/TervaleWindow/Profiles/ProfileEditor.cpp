@@ -89,14 +89,14 @@ void ProfileEditor::showName() {
 
 void ProfileEditor::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    setMargins(*this, margin());
+    setMargins(*this, marginAt(width(), *style()));
 }
 
-int ProfileEditor::margin() const {
-    if (width() >= narrowWidth)
+int ProfileEditor::marginAt(int width, const QStyle& style) {
+    if (width >= narrowWidth)
         return usualMargin;
     // A scroll bar that lies over the contents takes no room of theirs.
-    const bool overlaps = style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarOverlap) > 0;
+    const bool overlaps = style.pixelMetric(QStyle::PM_ScrollView_ScrollBarOverlap) > 0;
     return overlaps ? narrowMargin : narrowMarginBesideScrollBar;
 }
 

@@ -25,6 +25,8 @@ class ProfileEditor final : public QWidget {
 
     /// Whether this form is for that profile.
     bool isFor(const Profile& other) const;
+    /// At the sides of the cards, where the editor is so wide.
+    static int marginAt(int width, const QStyle& style);
     /// Shows the profile anew.
     void display();
     /// The profile is no longer selected; the form edits nothing from now on.
@@ -35,8 +37,6 @@ class ProfileEditor final : public QWidget {
 
   private:
     void showName();
-    /// At the sides of the cards.
-    int margin() const;
     void showProblems();
 
     DraftModel& draft;

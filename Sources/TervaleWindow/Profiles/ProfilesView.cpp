@@ -138,13 +138,12 @@ QWidget* ProfilesView::makeBottomBar() {
     saveButton->setToolTip(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText));
     auto* bar = new QWidget;
     bar->setFixedHeight(bottomBarHeight);
-    auto* row = tightLayout<QHBoxLayout>(bar);
-    row->setContentsMargins(18, 0, 18, 0);
-    row->setSpacing(10);
-    row->addWidget(notice, 1, Qt::AlignVCenter);
-    row->addStretch(0);
-    row->addWidget(revertButton);
-    row->addWidget(saveButton);
+    bottomRow = tightLayout<QHBoxLayout>(bar);
+    bottomRow->setSpacing(10);
+    bottomRow->addWidget(notice, 1, Qt::AlignVCenter);
+    bottomRow->addStretch(0);
+    bottomRow->addWidget(revertButton);
+    bottomRow->addWidget(saveButton);
     return bar;
 }
 
@@ -185,6 +184,13 @@ void ProfilesView::showEditor() {
     // A scroll area fills its widget's ground.
     editor->setAutoFillBackground(false);
     followReadingOrder(*this);
+}
+
+void ProfilesView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // In line with the cards above.
+    const int side = ProfileEditor::marginAt(width() - list->width() - 1, *style());
+    bottomRow->setContentsMargins(side, 0, side, 0);
 }
 
 bool ProfilesView::focusNextPrevChild(bool next) {

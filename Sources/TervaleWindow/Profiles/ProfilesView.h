@@ -7,6 +7,7 @@
 
 #include <QWidget>
 
+class QHBoxLayout;
 class QPushButton;
 class QScrollArea;
 class QStackedWidget;
@@ -34,6 +35,7 @@ class ProfilesView final : public QWidget {
     void revert();
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
   private:
@@ -54,6 +56,7 @@ class ProfilesView final : public QWidget {
     QScrollArea* scrollArea;
     ProfileEditor* editor = nullptr;
     SymbolLabel* notice;
+    QHBoxLayout* bottomRow;
     QPushButton* revertButton;
     QPushButton* saveButton;
 };

@@ -27,10 +27,11 @@ constexpr int usualSpacing = 12;
 constexpr int tightSpacing = 8;
 constexpr int secondLineMargin = 8;
 constexpr int widestPicker = 150;
-// "Fixed speed" fits.
 constexpr int narrowestPicker = 122;
+// The lengths of the slider's groove, and what is around it.
 constexpr int usualSliderWidth = 96;
 constexpr int tightSliderWidth = 84;
+constexpr int aroundGroove = 3;
 constexpr int speedWidth = 38;
 // Before the profiles: "Automatic", "Fixed speed" and the divider.
 constexpr int firstTarget = 3;
@@ -75,8 +76,14 @@ ScheduleRow::ScheduleRow(QWidget* parent)
     picker->setMaximumWidth(widestPicker);
     picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     slider->setAccessibleName(tr("Fan speed"));
-    slider->setFixedWidth(usualSliderWidth);
+    slider->setFixedWidth(usualSliderWidth + 2 * aroundGroove);
     speed->setFixedWidth(speedWidth);
+    // The pickers of all rows have one width, whatever they run.
+    for (QWidget* part : {static_cast<QWidget*>(slider), static_cast<QWidget*>(speed)}) {
+        QSizePolicy policy = part->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(policy);
+    }
     speed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layOut();
     connectControls();
@@ -88,6 +95,7 @@ void ScheduleRow::layOut() {
         line->setSpacing(usualSpacing);
     }
     // The picker takes what it may before anything stays empty.
+    runLine->setSpacing(usualSpacing - aroundGroove);
     runLine->addWidget(picker, 100);
     runLine->addWidget(slider);
     runLine->addWidget(speed);
@@ -215,9 +223,10 @@ void ScheduleRow::setArrangement(Arrangement arrangement) {
     const bool broken = arrangement == Arrangement::twoLines;
     arranged = arrangement;
     const bool tight = arrangement == Arrangement::tightLine;
-    for (QBoxLayout* line : {runLine, firstLine})
-        line->setSpacing(tight ? tightSpacing : usualSpacing);
-    slider->setFixedWidth(tight ? tightSliderWidth : usualSliderWidth);
+    const int spacing = tight ? tightSpacing : usualSpacing;
+    firstLine->setSpacing(spacing);
+    runLine->setSpacing(spacing - aroundGroove);
+    slider->setFixedWidth((tight ? tightSliderWidth : usualSliderWidth) + 2 * aroundGroove);
     if (broken && !wasBroken) {
         firstLine->removeWidget(run);
         firstLine->insertStretch(runPlace, 1);
@@ -234,7 +243,9 @@ void ScheduleRow::setArrangement(Arrangement arrangement) {
 int ScheduleRow::widthOf(Arrangement arrangement) const {
     const int times = start->sizeHint().width() + end->sizeHint().width() +
                       fontMetrics().horizontalAdvance(tr("to"));
-    const int running = narrowestPicker + speedWidth;
+    // "Fixed speed" fits.
+    const int running =
+        std::max(narrowestPicker, picker->widthFor(picker->itemText(1))) + speedWidth;
     const int remove = removeButton->sizeHint().width();
     switch (arrangement) {
     case Arrangement::oneLine:

@@ -150,6 +150,13 @@ TEST_F(LabelTest, AWrappedTextMakesItsRowTaller) {
     SymbolLabel label(Symbol::exclamationTriangle, longText);
     label.setOverflow(Overflow::wrap);
     EXPECT_GE(label.heightForWidth(150), 3 * 18);
+    label.resize(150, label.heightForWidth(150));
+    label.show();
+    QApplication::processEvents();
+    // The symbol is level with the letters of the first line, whose middle is below the line's.
+    const QRect symbol = label.findChild<SymbolView*>()->geometry();
+    EXPECT_GE(symbol.center().y(), 9);
+    EXPECT_LT(symbol.bottom(), 18);
 }
 
 TEST_F(LabelTest, ACardKeepsItsContentsAtItsPadding) {

@@ -1,3 +1,4 @@
+#include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
@@ -526,6 +527,23 @@ TEST_F(ProfilesViewTest, EndsTheRemoveSymbolOfAWindowWhereTheNameFieldEnds) {
     };
     constexpr int aroundSymbol = 5;
     EXPECT_EQ(rightOf(remove) - aroundSymbol, rightOf(nameField()));
+}
+
+TEST_F(ProfilesViewTest, KeepsItsBottomBarInLineWithTheCards) {
+    openWith({loadProfile(1, "Busy")});
+    for (const QSize size : {QSize(790, 680), QSize(590, 520)}) {
+        view->resize(size);
+        QCoreApplication::processEvents();
+        const QWidget* card = find<Card>();
+        const QWidget* save = button("Save");
+        ASSERT_NE(card, nullptr);
+        const auto endOf = [this](const QWidget& widget) {
+            return widget.mapTo(view.get(), widget.rect().topRight()).x();
+        };
+        const int scrollBar =
+            find<QScrollArea>()->width() - find<QScrollArea>()->viewport()->width();
+        EXPECT_EQ(endOf(*save), endOf(*card) + scrollBar) << size.width();
+    }
 }
 
 TEST_F(ProfilesViewTest, StaysUsableAtItsLargest) {

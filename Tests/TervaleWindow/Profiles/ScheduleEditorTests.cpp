@@ -222,6 +222,18 @@ TEST_F(ScheduleEditorTest, BreaksRowsInTwoWhereTheyDoNotFit) {
     EXPECT_EQ(rows()[0]->sizeHint().height(), oneLine);
 }
 
+TEST_F(ScheduleEditorTest, GivesThePickersOfAllRowsOneWidth) {
+    show({{1380, 420, action::Automatic{}}, {540, 720, action::Fixed{0.4}}});
+    for (const int width : {520, 496, 470, 340}) {
+        editor.resize(width, 400);
+        QCoreApplication::processEvents();
+        const auto pickers = editor.findChildren<PopUpButton*>();
+        ASSERT_EQ(pickers.size(), 2);
+        EXPECT_EQ(pickers[0]->width(), pickers[1]->width()) << width;
+        EXPECT_GE(pickers[0]->width(), pickers[0]->widthFor("Fixed speed")) << width;
+    }
+}
+
 TEST_F(ScheduleEditorTest, SaysWhatRunsOtherwise) {
     QStringList texts;
     for (const QLabel* label : editor.findChildren<QLabel*>())
