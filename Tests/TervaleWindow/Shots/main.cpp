@@ -1,20 +1,23 @@
-// Draws every pane, light and dark, in the sizes and scales that matter, into PNG files.
+// Draws every pane and every control, light and dark, in the sizes and scales that matter, into PNG
+// files; then once more in a stock style of the toolkit with the palette of a Mac.
 
+#include "ControlsShots.h"
 #include "Profiles/InProcessNotificationCenter.h"
-#include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Shell/ContentView.h"
-#include "TervaleWindow/Shell/SystemAppearance.h"
 #include "TervaleWindow/Support/FakeController.h"
+#include "TervaleWindow/Support/Look.h"
 #include "TervaleWindow/Support/Settable.h"
 
 #include <QApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QListView>
 #include <QLocale>
 #include <QTextStream>
 
 #include <functional>
+#include <tuple>
 
 using namespace tervale;
 
@@ -53,6 +56,8 @@ struct Scene {
     std::function<void(BridgeState&)> change;
     /// Without an agent there is no state at all.
     bool agent = true;
+    /// The row that is clicked in a list of profiles.
+    int profile = 0;
 };
 
 std::vector<Scene> scenes() {
@@ -75,6 +80,8 @@ std::vector<Scene> scenes() {
     all.push_back({"overview-tall", Pane::overview, tall, nothing});
     all.push_back({"overview-timer", Pane::overview, tall, timer});
     all.push_back({"overview-waiting", Pane::overview, tall, nothing, false});
+    all.push_back({"schedule", Pane::profiles, usual, nothing, true, 3});
+    all.push_back({"schedule-small", Pane::profiles, smallest, nothing, true, 3});
     return all;
 }
 
@@ -105,6 +112,10 @@ void draw(const Scene& scene, const QString& path) {
     ContentView window(model, bridge, scene.pane);
     window.resize(scene.size);
     window.show();
+    for (auto* list : window.detail()->findChildren<QListView*>()) {
+        if (list->accessibleName() == "Profiles")
+            list->setCurrentIndex(list->model()->index(scene.profile, 0));
+    }
     settle();
     if (!window.grab().save(path))
         qFatal("cannot write %s", qPrintable(path));
@@ -115,19 +126,24 @@ void draw(const Scene& scene, const QString& path) {
 int main(int argumentCount, char** arguments) {
     QApplication application(argumentCount, arguments);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-    useSystemAppearance(application);
     const QDir folder(argumentCount > 1 ? QString::fromLocal8Bit(arguments[1]) : "shots");
     if (!folder.mkpath("."))
         qFatal("cannot make the folder %s", qPrintable(folder.path()));
     const QString scale = qApp->devicePixelRatio() > 1 ? "@2x" : "";
-    for (const bool dark : {false, true}) {
-        QApplication::setPalette(dark ? darkPalette() : lightPalette());
-        for (const Scene& scene : scenes()) {
-            const QString path =
-                folder.filePath(scene.name + (dark ? "-dark" : "-light") + scale + ".png");
-            draw(scene, path);
+    for (const auto& [look, scheme, suffix] : {std::tuple(Look::own, Scheme::light, "-light"),
+                                               {Look::own, Scheme::dark, "-dark"},
+                                               {Look::stock, Scheme::light, "-stock-light"},
+                                               {Look::stock, Scheme::dark, "-stock-dark"}}) {
+        wear(look);
+        QApplication::setPalette(paletteOf(look, scheme));
+        const auto pathOf = [&folder, ending = suffix + scale](const QString& name) {
+            const QString path = folder.filePath(name + ending + ".png");
             QTextStream(stdout) << path << '\n';
-        }
+            return path;
+        };
+        for (const Scene& scene : scenes())
+            draw(scene, pathOf(scene.name));
+        drawControls(pathOf);
     }
     return 0;
 }

@@ -1,5 +1,4 @@
-// Renders every control in light and dark at twice the size, for a person to look at:
-//     ControlsGallery FOLDER
+#include "ControlsShots.h"
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/Card.h"
@@ -15,16 +14,14 @@
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
-#include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QBoxLayout>
-#include <QDir>
 #include <QMenu>
 #include <QScrollArea>
 
-using namespace tervale;
+namespace tervale {
 
 namespace {
 
@@ -187,10 +184,10 @@ void save(QWidget& widget, const QString& path) {
     widget.grab().save(path);
 }
 
-void render(const QPalette& palette, Qt::LayoutDirection direction, const QString& path) {
-    QApplication::setPalette(palette);
+} // namespace
+
+void drawControls(const std::function<QString(const QString&)>& pathOf) {
     QWidget window;
-    window.setLayoutDirection(direction);
     auto* rows = new QVBoxLayout(&window);
     rows->setContentsMargins(20, 20, 20, 20);
     rows->setSpacing(14 - Card::shadowHeight);
@@ -205,39 +202,24 @@ void render(const QPalette& palette, Qt::LayoutDirection direction, const QStrin
     QApplication::processEvents();
     window.findChildren<ModeButton*>().at(1)->setFocus(Qt::TabFocusReason);
     QApplication::processEvents();
-    save(window, path + ".png");
+    save(window, pathOf("controls"));
     window.findChildren<FractionSlider*>().at(0)->setFocus(Qt::TabFocusReason);
     QApplication::processEvents();
-    save(window, path + "-slider-focus.png");
-    auto* combo = window.findChildren<PopUpButton*>().at(0);
+    save(window, pathOf("controls-slider-focus"));
+    auto* popUpButton = window.findChildren<PopUpButton*>().at(0);
     for (int extra = 0; extra < 20; ++extra)
-        combo->addItem(QString("A profile with a rather long name, number %1").arg(extra));
-    combo->insertSeparator(1);
-    combo->showPopup();
+        popUpButton->addItem(QString("A profile with a rather long name, number %1").arg(extra));
+    popUpButton->insertSeparator(1);
+    popUpButton->showPopup();
     QApplication::processEvents();
-    save(*combo->view()->window(), path + "-list.png");
-    combo->hidePopup();
+    save(*popUpButton->view()->window(), pathOf("controls-list"));
+    popUpButton->hidePopup();
     auto* timer = window.findChild<MenuButton*>()->menu();
     timer->popup(QPoint(0, 0));
     timer->setActiveAction(timer->actions().first());
     QApplication::processEvents();
-    save(*timer, path + "-menu.png");
+    save(*timer, pathOf("controls-menu"));
     timer->hide();
 }
 
-} // namespace
-
-int main(int argumentCount, char** arguments) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_SCALE_FACTOR", "2");
-    QApplication application(argumentCount, arguments);
-    if (argumentCount < 2)
-        return 1;
-    QApplication::setStyle(new WindowStyle);
-    const QDir folder(QString::fromLocal8Bit(arguments[1]));
-    render(lightPalette(), Qt::LeftToRight, folder.filePath("light"));
-    render(darkPalette(), Qt::LeftToRight, folder.filePath("dark"));
-    render(lightPalette(), Qt::RightToLeft, folder.filePath("mirrored"));
-    return 0;
-}
+} // namespace tervale

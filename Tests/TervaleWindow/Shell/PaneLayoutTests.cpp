@@ -1,0 +1,190 @@
+#include "Profiles/InMemoryPreferences.h"
+#include "Profiles/InProcessNotificationCenter.h"
+#include "Simulation/Simulation.h"
+#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Support/Look.h"
+#include "TervaleWindow/Support/Settable.h"
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QFocusFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSlider>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+using namespace tervale;
+
+namespace {
+
+double luminance(QRgb color) {
+    const auto linear = [](int component) {
+        const double value = component / 255.0;
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
+           0.0722 * linear(qBlue(color));
+}
+
+/// Between what most of a picture is and what stands out most from it.
+double contrastWithin(const QImage& picture) {
+    std::map<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    const auto more = [](const auto& first, const auto& second) {
+        return first.second < second.second;
+    };
+    const double ground =
+        luminance(std::max_element(counts.begin(), counts.end(), more)->first) + 0.05;
+    double most = 1;
+    for (const auto& [color, count] : counts) {
+        const double shade = luminance(color) + 0.05;
+        most = std::max(most, std::max(ground, shade) / std::min(ground, shade));
+    }
+    return most;
+}
+
+std::string nameOf(const QWidget& widget) {
+    const QString text = widget.property("text").toString();
+    return QString("%1 \"%2\" %3")
+        .arg(widget.metaObject()->className(), text.isEmpty() ? widget.accessibleName() : text)
+        .arg(widget.parentWidget() ? widget.parentWidget()->metaObject()->className() : "")
+        .toStdString();
+}
+
+/// What people read and use, as opposed to what only holds it.
+bool isContent(const QWidget& widget) {
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    return (label && !label->text().isEmpty()) || qobject_cast<const QAbstractButton*>(&widget) ||
+           qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QLineEdit*>(&widget) ||
+           qobject_cast<const QSlider*>(&widget);
+}
+
+/// What lies over something else on purpose, or is a part of one of the toolkit's own controls.
+bool isNoneOfOurs(const QWidget& widget) {
+    const QWidget* parent = widget.parentWidget();
+    return qobject_cast<const QFocusFrame*>(&widget) || qobject_cast<const QScrollBar*>(&widget) ||
+           qobject_cast<const QAbstractSpinBox*>(parent) ||
+           qobject_cast<const QComboBox*>(parent) || qobject_cast<const QLineEdit*>(parent);
+}
+
+/// Temperatures are written in the colours of the ramp, which are what they are.
+double leastContrast(const QString& text) {
+    return text.endsWith("°C") ? 1.5 : 3;
+}
+
+} // namespace
+
+/// Every pane on a simulated Mac, in both sizes and schemes of the look under test.
+class PaneLayout : public testing::TestWithParam<std::tuple<Pane, int, Scheme>> {
+  protected:
+    void SetUp() override {
+        const auto [pane, row, scheme] = GetParam();
+        QApplication::setPalette(scheme == Scheme::dark ? darkLook() : lightLook());
+        model.refresh();
+        simulation.advance(2);
+        model.refresh();
+        window.setSection(pane);
+    }
+
+    void show(const QSize& size) {
+        window.resize(size);
+        window.show();
+        for (auto* list : window.detail()->findChildren<QListView*>()) {
+            if (list->accessibleName() == "Profiles")
+                list->setCurrentIndex(list->model()->index(std::get<1>(GetParam()), 0));
+        }
+        for (int pass = 0; pass < 3; ++pass)
+            QApplication::processEvents();
+    }
+
+    std::vector<QWidget*> shown() const {
+        std::vector<QWidget*> widgets;
+        for (auto* widget : window.findChildren<QWidget*>()) {
+            if (widget->isVisibleTo(&window) && !widget->isWindow() && !isNoneOfOurs(*widget))
+                widgets.push_back(widget);
+        }
+        return widgets;
+    }
+
+    InMemoryPreferences preferences;
+    InProcessNotificationCenter center;
+    Bridge bridge{center};
+    SettableClock clock;
+    SettableVisibility visibility;
+    Simulation simulation{{.scenario = Scenario::work}, center, preferences, clock};
+    Model model{simulation.mac(), bridge, clock, visibility};
+    ContentView window{model, bridge};
+};
+
+TEST_P(PaneLayout, ClipsNothingAndLetsNothingOverlap) {
+    for (const QSize size : {QSize(980, 680), QSize(780, 520)}) {
+        show(size);
+        for (const QWidget* widget : shown()) {
+            const QSize least = widget->minimumSizeHint();
+            EXPECT_GE(widget->width(), least.width()) << nameOf(*widget);
+            EXPECT_GE(widget->height(), least.height()) << nameOf(*widget);
+            const QWidget* parent = widget->parentWidget();
+            const bool scrolls = qobject_cast<const QAbstractScrollArea*>(parent->parentWidget());
+            if (isContent(*widget) && !scrolls) {
+                EXPECT_TRUE(parent->rect().contains(widget->geometry())) << nameOf(*widget);
+            }
+            if (!isContent(*widget))
+                continue;
+            for (const QObject* object : parent->children()) {
+                const auto* sibling = qobject_cast<const QWidget*>(object);
+                if (sibling && sibling != widget && isContent(*sibling) && sibling->isVisible()) {
+                    EXPECT_FALSE(sibling->geometry().intersects(widget->geometry()))
+                        << nameOf(*widget) << " and " << nameOf(*sibling);
+                }
+            }
+        }
+        for (const auto* area : window.findChildren<QScrollArea*>()) {
+            if (area->isVisible()) {
+                EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << size.width();
+            }
+        }
+    }
+}
+
+TEST_P(PaneLayout, WritesEveryTextWithContrast) {
+    show({980, 680});
+    constexpr int scale = 3;
+    QPixmap picture(window.size() * scale);
+    picture.setDevicePixelRatio(scale);
+    window.render(&picture);
+    const QImage image = picture.toImage();
+    for (const QWidget* widget : shown()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        const bool hasText =
+            (label && !label->text().isEmpty()) || (button && !button->text().isEmpty());
+        if (!hasText || !widget->isEnabled())
+            continue;
+        const QRect part(widget->mapTo(&window, QPoint(0, 0)), widget->size());
+        // What is scrolled out of sight has no picture.
+        if (widget->visibleRegion().boundingRect() != widget->rect())
+            continue;
+        EXPECT_GE(contrastWithin(image.copy(QRect(part.topLeft() * scale, part.size() * scale))),
+                  leastContrast(widget->property("text").toString()))
+            << nameOf(*widget);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Panes, PaneLayout,
+    testing::Combine(testing::Values(Pane::overview, Pane::sensors, Pane::profiles, Pane::settings),
+                     testing::Values(0, 1, 2), testing::Values(Scheme::light, Scheme::dark)));
