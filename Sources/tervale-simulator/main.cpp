@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 
+#include <clocale>
 #include <cstdio>
 #include <tervale/Version.h>
 
@@ -63,6 +64,9 @@ int simulate(const SimulatorCommandLine::Run& run) {
 
 int main(int count, char** arguments) {
     const QCoreApplication application(count, arguments);
+    // The toolkit takes over the user's locale for all of the process; numbers are the same
+    // everywhere.
+    std::setlocale(LC_NUMERIC, "C");
     return std::visit(
         overloaded{
             [](const SimulatorCommandLine::Run& run) { return simulate(run); },
