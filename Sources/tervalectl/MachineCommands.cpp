@@ -52,6 +52,19 @@ void write(JSONWriter& json, const Reading& reading) {
     });
 }
 
+struct FanAndModeKey {
+    Fan fan;
+    /// Controllers differ in its spelling.
+    std::string modeKey;
+};
+
+void write(JSONWriter& json, const FanAndModeKey& found) {
+    json.object([&] {
+        writeMembers(json, found.fan);
+        json.member("modeKey", found.modeKey);
+    });
+}
+
 template <class Value>
 void printArray(const std::vector<Value>& values, Context& context) {
     JSONWriter json;
@@ -63,9 +76,13 @@ void printArray(const std::vector<Value>& values, Context& context) {
 
 ExitStatus perform(const ctl::Fans&, Context& context) {
     const Machine machine = context.makeMachine();
-    const std::vector<Fan> fans = SMC(*machine.registry).fans();
+    SMC smc(*machine.registry);
+    const std::vector<Fan> fans = smc.fans();
     if (context.json) {
-        printArray(fans, context);
+        std::vector<FanAndModeKey> found;
+        for (const Fan& fan : fans)
+            found.push_back({fan, smc.modeKey(fan.index)});
+        printArray(found, context);
         return ExitStatus::done;
     }
     constexpr auto right = Table::Alignment::right;

@@ -31,15 +31,17 @@ std::string MachineReading::timeOfDay() const {
     return text;
 }
 
+void writeMembers(JSONWriter& json, const Fan& fan) {
+    json.member("index", fan.index);
+    json.optionalMember("actual", finite(fan.actual));
+    json.optionalMember("target", finite(fan.target));
+    json.optionalMember("min", finite(fan.min));
+    json.optionalMember("max", finite(fan.max));
+    json.member("manual", fan.manual);
+}
+
 void write(JSONWriter& json, const Fan& fan) {
-    json.object([&] {
-        json.member("index", fan.index);
-        json.optionalMember("actual", finite(fan.actual));
-        json.optionalMember("target", finite(fan.target));
-        json.optionalMember("min", finite(fan.min));
-        json.optionalMember("max", finite(fan.max));
-        json.member("manual", fan.manual);
-    });
+    json.object([&] { writeMembers(json, fan); });
 }
 
 void write(JSONWriter& json, const TemperatureReadings& readings) {

@@ -30,6 +30,8 @@ struct MachineReading {
 };
 
 /// A speed that is not finite is left out.
+/// The members of a fan's object alone, for an object that has more.
+void writeMembers(JSONWriter& json, const Fan& fan);
 void write(JSONWriter& json, const Fan& fan);
 void write(JSONWriter& json, const TemperatureReadings& readings);
 void write(JSONWriter& json, const MachineReading& tick);

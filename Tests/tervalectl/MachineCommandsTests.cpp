@@ -89,7 +89,8 @@ TEST_F(MachineCommands, ShowTheFansAsJSON) {
     smc.setSpeed(1, smc.fan(1).max);
     ASSERT_EQ(run({"fans", "--json"}), ExitStatus::done);
     EXPECT_TRUE(output.starts_with(R"([{"index":0,"actual":)")) << output;
-    EXPECT_TRUE(output.ends_with("\"manual\":true}]\n")) << output;
+    EXPECT_TRUE(output.ends_with("\"manual\":true,\"modeKey\":\"" + smc.modeKey(1) + "\"}]\n"))
+        << output;
 }
 
 TEST_F(MachineCommands, ShowSensorsOfAGroupAndOfAName) {
