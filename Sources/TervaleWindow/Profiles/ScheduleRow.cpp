@@ -17,6 +17,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tervale {
 
@@ -42,6 +43,10 @@ TimeField* makeTimeField(const QString& name, QWidget* parent) {
     auto* field = new TimeField(parent);
     field->setAccessibleName(name);
     return field;
+}
+
+double wholePercent(double fraction) {
+    return std::round(fraction * 100) / 100;
 }
 
 int minuteOf(ScheduleEditing::ClockTime time) {
@@ -187,7 +192,9 @@ void ScheduleRow::showSpeed(const Action& action) {
         return;
     // The agent may have sent any number.
     const double shown = std::clamp(fixed->speed, -100.0, 100.0);
-    slider->setFraction(shown);
+    // A slider that stands at this percent already stays there, or moves of less would be lost.
+    if (!slider->isEditing() || wholePercent(slider->fraction()) != shown)
+        slider->setFraction(shown);
     speed->setText(percent(shown));
 }
 

@@ -12,6 +12,7 @@
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Overview/TimerLabel.h"
 #include "TervaleWindow/Style/WindowStyle.h"
+#include "TervaleWindow/Support/Choosing.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QAccessible>
@@ -245,8 +246,7 @@ TEST_F(Overview, SelectsAProfileAndShowsItOnceConfirmed) {
     BridgeState state;
     state.profiles = twoProfiles();
     publish(state);
-    picker()->setCurrentIndex(2);
-    emit picker()->activated(2);
+    choose(*picker(), 2);
     EXPECT_EQ(takeCommands(), std::vector<BridgeCommand>{command::Select{action::Profile{loudId}}});
     EXPECT_EQ(picker()->currentText(), "No profile");
     state.selection = action::Profile{loudId};
@@ -261,8 +261,7 @@ TEST_F(Overview, SendsNothingForNoProfile) {
     state.profiles = twoProfiles();
     state.selection = action::Profile{quietId};
     publish(state);
-    picker()->setCurrentIndex(0);
-    emit picker()->activated(0);
+    choose(*picker(), 0);
     EXPECT_TRUE(takeCommands().empty());
     EXPECT_EQ(picker()->currentText(), "Quiet");
 }

@@ -12,6 +12,7 @@
 #include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
 #include "TervaleWindow/Style/FocusRing.h"
+#include "TervaleWindow/Support/Choosing.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QLabel>
@@ -128,10 +129,7 @@ class ProfilesViewTest : public ModelFixture {
                           list()->visualRect(list()->model()->index(row, 0)).center());
     }
     void add(const QString& entry) const {
-        for (QAction* offered : button<SymbolButton>("Add profile")->menu()->actions()) {
-            if (offered->text() == entry)
-                offered->trigger();
-        }
+        choose(*button<SymbolButton>("Add profile")->menu(), entry);
     }
     void click(const QString& name) const { QTest::mouseClick(button(name), Qt::LeftButton); }
     void typeName(const QString& text) const {
@@ -453,8 +451,7 @@ TEST_F(ProfilesViewTest, ChoosesWhichReadingACurveFollows) {
     EXPECT_EQ(reading->title(1).toStdString(), "Core average");
     EXPECT_EQ(reading->selected(), 1);
     EXPECT_EQ(follow->count(), 6);
-    follow->setCurrentIndex(3);
-    emit follow->activated(3);
+    choose(*follow, 3);
     EXPECT_EQ(reading->title(1).toStdString(), "Average");
     QTest::mouseClick(reading->findChildren<QRadioButton*>()[0], Qt::LeftButton);
     click("Save");
@@ -640,6 +637,8 @@ TEST_F(ProfilesViewTest, KeepsALongNameWhole) {
     QTest::keyClick(nameField(), Qt::Key_End);
     QTest::keyClicks(nameField(), "y");
     EXPECT_EQ(nameField()->text().toStdString(), name + "y");
+    click("Save");
+    EXPECT_EQ(std::get<command::SaveProfiles>(takeCommands().at(0)).profiles[0].name, name + "y");
 }
 
 TEST_F(ProfilesViewTest, KeepsWhatIsDraggedWhenAStateArrives) {

@@ -6,6 +6,7 @@
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
 #include "TervaleWindow/Profiles/ScheduleRow.h"
+#include "TervaleWindow/Support/Choosing.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -53,10 +54,7 @@ class ScheduleEditorTest : public testing::Test {
         return nullptr;
     }
     PopUpButton* picker(int row) const { return control<PopUpButton>(row); }
-    void choose(int row, int entry) const {
-        picker(row)->setCurrentIndex(entry);
-        emit picker(row)->activated(entry);
-    }
+    void choose(int row, int entry) const { tervale::choose(*picker(row), entry); }
     /// Types into the hour of a window's start and leaves it at that.
     void typeHour(int row, const QString& digits) const {
         auto* field = control<TimeField>(row, "From");
@@ -192,6 +190,29 @@ TEST_F(ScheduleEditorTest, KeepsTheSpeedToWholePercent) {
     control<FractionSlider>(0)->moveAtOnce(0.2944);
     EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.29}));
     EXPECT_EQ(control<TabularLabel>(0)->text().toStdString(), "29%");
+}
+
+TEST_F(ScheduleEditorTest, LosesNoPartOfADragThatIsLessThanAPercent) {
+    show({{0, 60, action::Fixed{0.4}}});
+    auto* slider = control<FractionSlider>(0);
+    slider->setFocus();
+    QTest::keyPress(slider, Qt::Key_Right);
+    QTest::keyRelease(slider, Qt::Key_Right);
+    EXPECT_EQ(editor.windows()[0].action, Action(action::Fixed{0.41}));
+    // From here on a pixel is less than a percent.
+    editor.resize(500, 300);
+    slider->setFixedWidth(400);
+    QCoreApplication::processEvents();
+    const QPoint middle = slider->rect().center();
+    QTest::mousePress(slider, Qt::LeftButton, {}, middle);
+    const double from = slider->fraction();
+    for (int step = 1; step <= 3; ++step) {
+        const double before = slider->fraction();
+        QTest::mouseMove(slider, middle + QPoint(step, 0));
+        EXPECT_GT(slider->fraction(), before) << step;
+    }
+    EXPECT_LT(slider->fraction() - from, 0.01);
+    QTest::mouseRelease(slider, Qt::LeftButton, {}, middle + QPoint(3, 0));
 }
 
 TEST_F(ScheduleEditorTest, ShowsImpossibleNumbersAndChangesNothing) {
