@@ -7,12 +7,9 @@
 #include <span>
 #include <vector>
 
-class QPushButton;
-class QVBoxLayout;
-
 namespace tervale {
 
-class ScheduleRow;
+class ScheduleRows;
 
 /// Edits the time windows of a schedule: a row for each, a button to add one, and a note. It shows
 /// the windows that it was given and asks for what is to be done to them.
@@ -20,12 +17,9 @@ class ScheduleEditor final : public QWidget {
     Q_OBJECT
 
   public:
-    using Choice = ScheduleEditing::Choice;
-
     explicit ScheduleEditor(QWidget* parent = nullptr);
-    ~ScheduleEditor() override;
 
-    const std::vector<Window>& windows() const { return editing.windows; }
+    const std::vector<Window>& windows() const;
     /// Shows other windows, and the profiles that they may run, without any signal. The controls
     /// that show them already stay in place.
     void display(const std::vector<Window>& windows, std::span<const Profile> targets);
@@ -34,21 +28,8 @@ class ScheduleEditor final : public QWidget {
     /// The user wants this done to the windows, whose owner shows what came of it by `display`.
     void edited(const tervale::WindowEdit& edit);
 
-  protected:
-    void resizeEvent(QResizeEvent* event) override;
-
   private:
-    ScheduleRow* makeRow();
-    std::size_t indexOf(const ScheduleRow* row) const;
-    void removeWindow(ScheduleRow* row);
-    void showRows();
-    void arrange();
-
-    ScheduleEditing editing;
-    std::vector<Profile> profiles;
-    std::vector<ScheduleRow*> rows;
-    QVBoxLayout* rowsLayout;
-    QPushButton* addButton;
+    ScheduleRows* rows;
 };
 
 } // namespace tervale

@@ -56,8 +56,9 @@ struct Scene {
     std::function<void(BridgeState&)> change;
     /// Without an agent there is no state at all.
     bool agent = true;
-    /// The row that is clicked in a list of profiles.
+    /// The row that is chosen in the list of profiles.
     int profile = 0;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
 };
 
 std::vector<Scene> scenes() {
@@ -80,8 +81,15 @@ std::vector<Scene> scenes() {
     all.push_back({"overview-tall", Pane::overview, tall, nothing});
     all.push_back({"overview-timer", Pane::overview, tall, timer});
     all.push_back({"overview-waiting", Pane::overview, tall, nothing, false});
-    all.push_back({"schedule", Pane::profiles, usual, nothing, true, 3});
-    all.push_back({"schedule-small", Pane::profiles, smallest, nothing, true, 3});
+    const auto profile = [&](const QString& name, const QSize& size, int row,
+                             Qt::LayoutDirection direction = Qt::LeftToRight) {
+        all.push_back({"profiles-" + name, Pane::profiles, size, nothing, true, row, direction});
+    };
+    profile("load", usual, 2);
+    profile("schedule", usual, 3);
+    profile("schedule-small", smallest, 3);
+    profile("schedule-mirrored", usual, 3, Qt::RightToLeft);
+    profile("problem", usual, 4);
     return all;
 }
 
@@ -110,12 +118,13 @@ void draw(const Scene& scene, const QString& path) {
         bridge.publish(state);
     }
     ContentView window(model, bridge, scene.pane);
-    window.resize(scene.size);
-    window.show();
-    for (auto* list : window.detail()->findChildren<QListView*>()) {
+    window.setLayoutDirection(scene.direction);
+    for (auto* list : window.findChildren<QListView*>()) {
         if (list->accessibleName() == "Profiles")
             list->setCurrentIndex(list->model()->index(scene.profile, 0));
     }
+    window.resize(scene.size);
+    window.show();
     settle();
     if (!window.grab().save(path))
         qFatal("cannot write %s", qPrintable(path));
