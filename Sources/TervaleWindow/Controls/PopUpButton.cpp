@@ -14,15 +14,21 @@ namespace {
 
 constexpr int mostVisibleEntries = 12;
 
-bool opensTheList(int key) {
-    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Return ||
-           key == Qt::Key_Enter;
-}
-
-/// Keys that would choose an entry of a closed list, unseen.
-bool choosesUnseen(int key) {
-    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_PageUp ||
-           key == Qt::Key_PageDown;
+bool opensTheList(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        // With Alt as well: the usual keys of a list that drops down.
+        return !(event.modifiers() & ~(Qt::AltModifier | Qt::KeypadModifier));
+    case Qt::Key_Space:
+    case Qt::Key_Select:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F4:
+        return !(event.modifiers() & ~Qt::KeypadModifier);
+    default:
+        return false;
+    }
 }
 
 bool isLetter(const QKeyEvent& event) {
@@ -76,16 +82,14 @@ bool PopUpButton::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
+// The toolkit's own handler lets other keys choose an entry of the closed list, unseen.
 void PopUpButton::keyPressEvent(QKeyEvent* event) {
-    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
-    if (plain && opensTheList(event->key()))
+    if (opensTheList(*event))
         showPopup();
     else if (isLetter(*event))
         openAndSearch(*event);
-    else if (choosesUnseen(event->key()))
-        event->ignore();
     else
-        QComboBox::keyPressEvent(event);
+        event->ignore();
 }
 
 void PopUpButton::openAndSearch(QKeyEvent& letter) {

@@ -108,9 +108,31 @@ TEST_F(PickerTest, NoKeyChoosesFromAClosedPopUp) {
     button.setFocus();
     for (const Qt::Key key : {Qt::Key_End, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Home})
         QTest::keyClick(&button, key);
+    for (const auto modifier : {Qt::ShiftModifier, Qt::ControlModifier, Qt::MetaModifier}) {
+        QTest::keyClick(&button, Qt::Key_Down, modifier);
+        QTest::keyClick(&button, Qt::Key_Up, modifier);
+    }
+    for (const auto modifier : {Qt::AltModifier, Qt::ControlModifier, Qt::MetaModifier})
+        QTest::keyClick(&button, Qt::Key_Q, modifier);
     EXPECT_FALSE(button.view()->isVisible());
     EXPECT_EQ(button.currentIndex(), 0);
     EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(PickerTest, TheUsualKeysOpenAPopUp) {
+    PopUpButton& button = show(popUp());
+    const auto opens = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        button.setFocus();
+        QTest::keyClick(&button, key, modifiers);
+        const bool open = button.view()->isVisible();
+        button.hidePopup();
+        return open;
+    };
+    for (const Qt::Key key :
+         {Qt::Key_Space, Qt::Key_Up, Qt::Key_Down, Qt::Key_Return, Qt::Key_Enter, Qt::Key_F4})
+        EXPECT_TRUE(opens(key)) << key;
+    EXPECT_TRUE(opens(Qt::Key_Down, Qt::AltModifier));
+    EXPECT_EQ(button.currentIndex(), 0);
 }
 
 TEST_F(PickerTest, SegmentsAreChosenByMouseAndArrowKeys) {
