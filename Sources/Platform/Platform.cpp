@@ -6,6 +6,7 @@
 #include "Platform/macOS/BundleMetadata.h"
 #include "Platform/macOS/DistributedNotificationCenter.h"
 #include "Platform/macOS/IOKitRegistry.h"
+#include "Platform/macOS/IncreasedContrast.h"
 #include "Platform/macOS/OpenMenus.h"
 #include "Platform/macOS/SystemSymbols.h"
 #include "Platform/macOS/TolerantTimer.h"
@@ -49,6 +50,10 @@ std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSy
     return &systemSymbol;
 }
 
+std::function<bool()> makeIncreasedContrast() {
+    return &increasedContrast;
+}
+
 std::function<void()> makeOpenMenuCanceller() {
     return openMenuCanceller();
 }
@@ -87,6 +92,10 @@ std::function<std::optional<std::string>(const std::string&)> makeBundleText() {
 }
 
 std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSystemSymbols() {
+    return nullptr;
+}
+
+std::function<bool()> makeIncreasedContrast() {
     return nullptr;
 }
 

@@ -57,6 +57,10 @@ std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds interval,
                                         std::chrono::milliseconds tolerance,
                                         std::function<void()> handler);
 
+/// Tells whether the user asked the system for more contrast; null for a system whose palette alone
+/// tells it.
+std::function<bool()> makeIncreasedContrast();
+
 /// Has an event loop of the toolkit deliver notifications also in a program without windows. Before
 /// the application object.
 void prepareEventLoop();

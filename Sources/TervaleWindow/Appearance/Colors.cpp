@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tervale {
 
@@ -42,8 +43,15 @@ double contrast(double first, double second) {
     return (high + 0.05) / (low + 0.05);
 }
 
+std::function<bool()>& systemContrast() {
+    static std::function<bool()> query;
+    return query;
+}
+
 bool isHighContrast(double labelLuminance, double groundLuminance) {
-    // Ordinary palettes stay below 17 : 1; only black and white themselves come near 21 : 1.
+    if (const auto& query = systemContrast())
+        return query();
+    // Black text on a pale grey is usual; only black and white themselves come near 21 : 1.
     return contrast(labelLuminance, groundLuminance) > 19;
 }
 
@@ -118,6 +126,10 @@ QPalette paletteOf(const Basics& basics) {
 }
 
 } // namespace
+
+void askForHighContrast(std::function<bool()> query) {
+    systemContrast() = std::move(query);
+}
 
 Colors Colors::of(const QPalette& palette) {
     Colors colors;

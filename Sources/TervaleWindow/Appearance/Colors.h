@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QPalette>
 
+#include <functional>
+
 namespace tervale {
 
 /// The roles that the window draws with, taken from a palette, so that light, dark and high
@@ -10,7 +12,8 @@ namespace tervale {
 struct Colors {
     /// Whether text is lighter than what it stands on.
     bool dark = false;
-    /// Whether the palette has the contrast of a desktop that is set to a high one.
+    /// Whether the user asked for more contrast: what the system says, or, where it cannot be
+    /// asked, whether the palette is black and white.
     bool highContrast = false;
     QColor window;
     QColor sidebar;
@@ -36,6 +39,9 @@ struct Colors {
     /// contrast it is the label's, and a bar or symbol beside the figure keeps the ramp.
     QColor figure(double celsius) const;
 };
+
+/// Asks `query` from now on whether the user wants more contrast; with none, the palette tells.
+void askForHighContrast(std::function<bool()> query);
 
 /// The palettes that the window draws with where the desktop brings none of its own.
 QPalette lightPalette();

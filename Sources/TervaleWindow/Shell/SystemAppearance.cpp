@@ -64,6 +64,7 @@ ControlDrawing controlDrawing() {
 
 void useSystemAppearance([[maybe_unused]] QApplication& application, ControlDrawing drawing) {
     useSystemSymbols();
+    askForHighContrast(makeIncreasedContrast());
     if (drawing == ControlDrawing::system)
         return;
     const bool themed = desktopHasPalette();

@@ -29,10 +29,9 @@ void setFocusOrigin(QWidget& widget, FocusOrigin origin) {
     widget.setProperty(keyboardFocusProperty, origin == FocusOrigin::keyboard);
 }
 
-/// A pale ring would drown on a dark ground or on the accent colour, and is no help to who needs
-/// high contrast.
+/// A translucent ring is hard to see on dark or accent-coloured grounds, and in high contrast.
 float ringOpacity(const Colors& colors, RingGround ground) {
-    if (colors.controlLine.alphaF() > 0.5f)
+    if (colors.highContrast)
         return 1;
     if (ground == RingGround::accent)
         return 0.8f;

@@ -109,6 +109,23 @@ INSTANTIATE_TEST_SUITE_P(Colors, HighContrast,
                          testing::Values(plainPalette(Qt::white, Qt::black),
                                          plainPalette(Qt::black, Qt::white)));
 
+TEST(Colors, HaveTheContrastThatTheSystemSaysWhereItCanBeAsked) {
+    // The palette of a Mac with more contrast: black, but on a pale grey.
+    const QPalette grey = plainPalette(QColor(0xec, 0xec, 0xec), Qt::black);
+    EXPECT_FALSE(Colors::of(grey).highContrast);
+    bool increased = true;
+    askForHighContrast([&] { return increased; });
+    const Colors high = Colors::of(grey);
+    increased = false;
+    const Colors usual = Colors::of(plainPalette(Qt::white, Qt::black));
+    askForHighContrast(nullptr);
+    EXPECT_TRUE(high.highContrast);
+    EXPECT_EQ(high.figure(45), high.label);
+    EXPECT_FALSE(usual.highContrast);
+    EXPECT_GT(high.line.alphaF(), usual.line.alphaF());
+    EXPECT_TRUE(Colors::of(plainPalette(Qt::white, Qt::black)).highContrast);
+}
+
 TEST(Palettes, KeepTextReadableOnEveryGround) {
     for (const QPalette& palette : {lightPalette(), darkPalette()}) {
         EXPECT_GE(contrast(palette.color(QPalette::Window), palette.color(QPalette::WindowText)),

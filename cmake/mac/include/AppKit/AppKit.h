@@ -36,6 +36,11 @@ enum : NSCompositingOperation { NSCompositingOperationSourceOver = 2 };
 extern "C" NSString* const NSMenuDidBeginTrackingNotification;
 extern "C" NSString* const NSMenuDidEndTrackingNotification;
 
+@interface NSWorkspace : NSObject
+@property(class, readonly, strong) NSWorkspace* sharedWorkspace;
+@property(readonly) BOOL accessibilityDisplayShouldIncreaseContrast;
+@end
+
 @interface NSMenu : NSObject
 - (void)cancelTrackingWithoutAnimation;
 @end
