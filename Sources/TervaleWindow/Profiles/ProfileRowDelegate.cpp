@@ -53,7 +53,7 @@ void ProfileRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     paintListRowGround(*painter, layout.ground, option);
     if (marked)
         paintSymbol(*painter, Symbol::exclamationTriangleFill, layout.symbol,
-                    listRowInk(option, Colors::of(option.palette).warning));
+                    listRowForeground(option, Colors::of(option.palette).warning));
     paintListRowText(*painter, layout.text, index.data().toString(), fontOf(option), option);
     painter->restore();
 }

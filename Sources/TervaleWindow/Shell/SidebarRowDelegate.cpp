@@ -38,7 +38,7 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     painter->save();
     paintListRowGround(*painter, layout.ground, option);
     paintSymbol(*painter, static_cast<Symbol>(index.data(symbolRole).toInt()), layout.symbol,
-                listRowInk(option, Theme::accent()));
+                listRowForeground(option, Theme::accent()));
     paintListRowText(*painter, layout.text, index.data(Qt::DisplayRole).toString(),
                      systemFont(fontSize::body, QFont::Medium), option);
     painter->restore();

@@ -40,14 +40,14 @@ void paintListRowGround(QPainter& painter, const QRect& ground, const QStyleOpti
                    isChosen(row) ? RingGround::accent : RingGround::window);
 }
 
-QColor listRowInk(const QStyleOptionViewItem& row, const QColor& usual) {
+QColor listRowForeground(const QStyleOptionViewItem& row, const QColor& usual) {
     return isChosen(row) ? QColor(Qt::white) : usual;
 }
 
 void paintListRowText(QPainter& painter, const QRect& bounds, const QString& text,
                       const QFont& font, const QStyleOptionViewItem& row) {
     painter.setFont(font);
-    painter.setPen(listRowInk(row, Colors::of(row.palette).label));
+    painter.setPen(listRowForeground(row, Colors::of(row.palette).label));
     const auto alignment = Qt::AlignVCenter | QStyle::visualAlignment(row.direction, Qt::AlignLeft);
     painter.drawText(bounds, static_cast<int>(alignment) | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(text, Qt::ElideRight, bounds.width()));

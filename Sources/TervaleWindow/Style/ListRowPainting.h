@@ -11,7 +11,7 @@ namespace tervale {
 /// Switches antialiasing on.
 void paintListRowGround(QPainter& painter, const QRect& ground, const QStyleOptionViewItem& row);
 /// What is drawn on the ground: white on the accent colour, elsewhere `usual`.
-QColor listRowInk(const QStyleOptionViewItem& row, const QColor& usual);
+QColor listRowForeground(const QStyleOptionViewItem& row, const QColor& usual);
 /// One line, shortened where it is too long.
 void paintListRowText(QPainter& painter, const QRect& bounds, const QString& text,
                       const QFont& font, const QStyleOptionViewItem& row);

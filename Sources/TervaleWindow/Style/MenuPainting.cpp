@@ -75,13 +75,13 @@ void paintMenuRow(QPainter& painter, const QRect& row, const MenuRow& content, c
         if (lit)
             paintBox(painter, layout.highlight, 5, Theme::accent(), Qt::transparent);
         painter.setOpacity(content.isEnabled ? 1 : disabledOpacity);
-        const QColor ink = lit ? QColor(Qt::white) : colors.label;
+        const QColor foreground = lit ? QColor(Qt::white) : colors.label;
         if (content.isChecked)
-            paintCheckMark(painter, visual(layout.check), ink);
+            paintCheckMark(painter, visual(layout.check), foreground);
         if (content.hasSubmenu)
-            paintArrow(painter, visual(layout.arrow), ink, direction);
+            paintArrow(painter, visual(layout.arrow), foreground, direction);
         painter.setFont(font);
-        painter.setPen(ink);
+        painter.setPen(foreground);
         const QRect textPlace = visual(layout.text);
         const int room = textPlace.width();
         const Qt::Alignment start = QStyle::visualAlignment(direction, Qt::AlignLeading);

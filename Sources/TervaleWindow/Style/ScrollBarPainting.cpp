@@ -62,14 +62,14 @@ void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option) {
         return;
     const Colors colors = Colors::of(option.palette);
     const bool busy = option.state & (QStyle::State_Sunken | QStyle::State_MouseOver);
-    QColor ink = colors.label;
-    ink.setAlphaF(busy ? 0.45f : 0.25f);
+    QColor thumbColor = colors.label;
+    thumbColor.setAlphaF(busy ? 0.45f : 0.25f);
     const QRectF thumb = QRectF(scrollBarThumb(option)).adjusted(inset, inset, -inset, -inset);
     const qreal radius = std::min(thumb.width(), thumb.height()) / 2;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(ink);
+    painter.setBrush(thumbColor);
     painter.drawRoundedRect(thumb, radius, radius);
     painter.restore();
 }
