@@ -70,7 +70,7 @@ Agent::Agent(Surroundings surroundings)
 }
 
 void Agent::takeUpProfiles() {
-    // Who has deleted every profile does not want these back.
+    // The user who deleted every profile does not want the starters back.
     if (!world.preferences.contains(profilesKey)) {
         state.profiles = starterProfiles();
         keep();
@@ -126,7 +126,7 @@ void Agent::saveProfiles(const std::vector<Profile>& profiles) {
     notice.reset();
     if (!std::exchange(profilesUnreadable, false))
         return;
-    // A person may want to mend what nobody else can read.
+    // Keep the unreadable text, so that the user can repair it.
     if (const auto data = world.preferences.data(profilesKey))
         world.preferences.setData(unreadableKey, *data);
     // An empty list reads like one that is unreadable, and would not be written otherwise.

@@ -70,7 +70,7 @@ class Agent {
     void control();
     Target evaluate();
     void findSensors();
-    /// Stores what is not stored as it is, and takes note if it still is not then.
+    /// Writes unsaved changes. Schedules another attempt on failure.
     void keep();
     bool isKept() const;
     bool storedLaunchAtLogin() const;

@@ -6,8 +6,8 @@
 
 namespace tervale {
 
-/// The profiles that somebody without any is offered, at least one of each kind. Always the same,
-/// ids included.
+/// The profiles that a new user starts with, at least one of each kind. Always the same, ids
+/// included.
 std::vector<Profile> starterProfiles();
 
 } // namespace tervale

@@ -17,7 +17,7 @@ struct DecodingError {
         valueNotFound,
         /// A required member is missing.
         keyNotFound,
-        /// The text is no JSON, or a string or number is none that the type knows.
+        /// The text is no JSON, or a string or number is not valid for the type.
         dataCorrupted,
     };
 

@@ -11,8 +11,8 @@ namespace tervale {
 /// The nearest double; nothing for what is greater than any.
 std::optional<double> jsonDouble(std::string_view spelling);
 
-/// The integer of 64 bits that it is, however it is spelled; nothing for another number. Every
-/// digit counts, also of those that no double holds.
+/// The value as a 64-bit integer, in any notation; nothing if it is not one. Every digit counts,
+/// also beyond the precision of a double.
 std::optional<std::int64_t> jsonInteger(std::string_view spelling);
 
 } // namespace tervale

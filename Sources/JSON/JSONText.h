@@ -19,7 +19,7 @@ std::string_view checkedJSON(std::string_view text);
 /// The spelling of the text's first value.
 std::string_view firstValue(std::string_view text);
 
-/// What stands for the spelling of a string between its quotes.
+/// Decodes the escapes of a string, given without its quotes.
 std::string unescaped(std::string_view spelling);
 
 /// The members of the object, or the elements of the array, that a text begins with, in order.

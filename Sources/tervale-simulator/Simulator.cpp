@@ -48,7 +48,7 @@ void Simulator::end() {
 
 void Simulator::serve(const std::optional<std::filesystem::path>& chosenPath) {
     path = chosenPath.value_or(controllerSocket::defaultPath());
-    // Whether it is fit to serve in is the server's to say.
+    // The server checks a folder that the user chose.
     if (!chosenPath)
         controllerSocket::makePrivateFolder(path->parent_path());
     server = std::make_unique<SocketServer>(simulated.mac(), *path);

@@ -20,7 +20,7 @@ constexpr int wrongUsage = 2;
 
 int complain(const QString& line, int status) {
     const std::string text = "tervale-simulator: " + printable(line.toStdString()) + '\n';
-    // What cannot be told still shows in the status.
+    // The exit status reports the error even if printing fails.
     static_cast<void>(tervale::print(stderr, text));
     return status;
 }

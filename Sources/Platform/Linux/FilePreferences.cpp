@@ -62,7 +62,7 @@ std::optional<Preferences::Data> readAll(int file) {
     }
 }
 
-/// Makes what was created or renamed in the folder last.
+/// Syncs the folder, so that created and renamed files survive a power cut.
 void syncFolder(const std::filesystem::path& folder) {
     const FileDescriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (descriptor)
@@ -156,7 +156,7 @@ std::optional<Preferences::Data> FilePreferences::data(const std::string& key) c
 bool FilePreferences::contains(const std::string& key) const {
     precondition(isSafeKey(key), "a preferences key is no safe file name");
     struct stat status {};
-    // Who may not look does not know.
+    // Without permission to look, the file counts as there.
     return ::lstat((folder / key).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 

@@ -12,10 +12,9 @@ namespace tervale {
 std::filesystem::path configurationFolder();
 
 /// Preferences as one file a key in a folder of their own, readable by the user alone. A file is
-/// replaced in one step, so that after a power cut it holds the old value or the new one; of a link
-/// in its place the target is. What
-/// cannot be read is absent, and what cannot be written is not. From any thread and process. What a
-/// write that was interrupted leaves in the folder is removed by a later one.
+/// replaced in one step, so that after a power cut it holds the old value or the new one. Of a
+/// link, the target is replaced. A value that cannot be read counts as absent; a failed write is
+/// not reported. From any thread and process. A later write removes what an interrupted one leaves.
 ///
 /// A key is a file's name: 1 to 200 ASCII letters, digits, '.', '_' and '-', not beginning with a
 /// dot. Values of more than 16 MiB are neither read nor written.

@@ -152,7 +152,7 @@ IORegistry::Status SocketRegistry::open(Service service, std::uint32_t type,
 }
 
 void SocketRegistry::restore(OpenConnection& connection) {
-    // Whoever accepts no connection or answers none would otherwise hold up every call anew.
+    // Otherwise every call would wait for an unresponsive server again.
     constexpr int pause = 4;
     if (std::chrono::steady_clock::now() < connection.nextAttempt)
         return;

@@ -94,7 +94,7 @@ class SocketServer::Client {
                           static_cast<ssize_t>(sizeof *reply))
             server.remove(this);
     }
-    /// Nothing for what is no request.
+    /// Empty if the packet is not a request.
     std::optional<Reply> answer(const Request& request) {
         if (request.unused != decltype(request.unused){})
             return std::nullopt;

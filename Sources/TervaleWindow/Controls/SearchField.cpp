@@ -52,7 +52,7 @@ void SearchField::followPalette() {
             setPalette({});
         return;
     }
-    // A prompt is usually as pale as no text may be in high contrast.
+    // The usual colour of a prompt is too pale for high contrast.
     QPalette readable;
     readable.setColor(QPalette::PlaceholderText, colors.secondary);
     if (palette().color(QPalette::PlaceholderText) != colors.secondary)

@@ -19,7 +19,11 @@ FanColumn::FanColumn(QWidget* parent)
 void FanColumn::show(const Model::DisplayFan& fan, Caption caption) {
     const QString title = QString::fromStdString(displayText::fan(fan.index));
     dial->setAccessibleName(title);
-    dial->set({fan.actual, fan.target, fan.min, fan.max, fan.manual});
+    dial->set({.rpm = fan.actual,
+               .target = fan.target,
+               .min = fan.min,
+               .max = fan.max,
+               .manual = fan.manual});
     number->setText(title);
     number->setVisible(caption == Caption::number);
     arrange();

@@ -9,12 +9,12 @@ namespace tervale {
 
 /// What is to be done to a curve. An index beyond the points is a programming error.
 namespace curveEdit {
-/// A point more, where its x belongs.
+/// Adds a point, in order of x.
 struct Add {
     CurvePoint point;
     bool operator==(const Add&) const = default;
 };
-/// A point is elsewhere, at the same place in the list.
+/// Moves a point; its index stays.
 struct Move {
     std::size_t index = 0;
     CurvePoint to;
@@ -28,7 +28,7 @@ struct Remove {
 
 using CurveEdit = std::variant<curveEdit::Add, curveEdit::Move, curveEdit::Remove>;
 
-/// Tells whether the curve is another now.
+/// True if the curve changed.
 bool perform(const CurveEdit& edit, Curve& curve);
 
 /// Sets one point's x and brings the points into order, those with the same x as they were.

@@ -20,12 +20,12 @@ struct FollowInput {
 };
 } // namespace profileEdit
 
-/// What is to be done to one profile. One that the profile's kind has no place for is a programming
+/// What is to be done to one profile. An edit that does not fit the profile's kind is a programming
 /// error.
 using ProfileEdit =
     std::variant<profileEdit::Rename, profileEdit::FollowInput, CurveEdit, WindowEdit>;
 
-/// Tells whether the profile is another now.
+/// True if the profile changed.
 bool perform(const ProfileEdit& edit, Profile& profile);
 
 /// The curve of a temperature or load profile, or null.

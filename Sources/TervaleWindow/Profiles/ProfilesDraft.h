@@ -33,8 +33,8 @@ struct ProfilesDraft {
     void duplicate();
     /// Removes the selected profile and selects the next, or else the last.
     void remove();
-    /// Edits the first profile with the selected id, in its place. Gives its index if it is another
-    /// now.
+    /// Edits the first profile with the selected id, in its place. Gives its index if it
+    /// changed.
     std::optional<std::size_t> perform(const ProfileEdit& edit);
     void revert();
 

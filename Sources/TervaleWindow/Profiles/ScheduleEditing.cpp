@@ -78,7 +78,7 @@ void ScheduleEditing::remove(std::size_t index) {
 
 namespace {
 
-/// Changes one window, and tells whether it is another then.
+/// Changes one window. True if it changed.
 template <class Change>
 bool change(ScheduleEditing& editing, std::size_t index, const Change& change) {
     const Window before = windowAt(editing.windows, index);

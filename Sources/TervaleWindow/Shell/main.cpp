@@ -29,7 +29,7 @@ QStringList argumentsOf(int count, char** arguments) {
 
 int complain(const QString& line, int status) {
     const std::string text = "tervale-window: " + printable(line.toStdString()) + '\n';
-    // What cannot be told still shows in the status.
+    // The exit status reports the error even if printing fails.
     static_cast<void>(tervale::print(stderr, text));
     return status;
 }
