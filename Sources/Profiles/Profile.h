@@ -49,7 +49,8 @@ struct Schedule {
 
 using ProfileKind = std::variant<kind::Temperature, kind::Load, kind::Schedule>;
 
-/// A named rule that turns the machine's state into a fan speed.
+/// A named rule that turns the machine's state into a fan speed. As JSON:
+/// {"id":"…","name":"…","kind":{"load":{"_0":{"points":[{"x":0,"speed":0.1}]}}}}.
 struct Profile {
     /// The most points that a curve may have; the fewest are 2.
     static constexpr int maxPoints = 8;

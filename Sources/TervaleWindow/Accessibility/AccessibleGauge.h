@@ -10,6 +10,7 @@ class FanDial;
 class ThermalBar;
 
 /// A gauge as assistive technology sees it: a value between limits that nobody sets.
+/// The value is that of `Gauge::reading`; `announceReading` tells of changes.
 class AccessibleGauge final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     explicit AccessibleGauge(FanDial& dial);
