@@ -6,13 +6,12 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Support/Choosing.h"
 #include "TervaleWindow/Support/Settable.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QListView>
-#include <QMenu>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -85,7 +84,7 @@ TEST_F(Journey, ACurveIsAddedDraggedSavedFollowedAndDeleted) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     window.setSection(Pane::profiles);
     const auto offered = model.profiles().size();
-    find<SymbolButton>("Add profile")->menu()->actions().front()->trigger();
+    choose(*find<SymbolButton>("Add profile")->menu(), "Temperature curve");
 
     // All points are dragged up, so that the fans run at full speed at any temperature.
     auto* canvas = window.findChild<CurveCanvas*>();
@@ -112,7 +111,7 @@ TEST_F(Journey, ACurveIsAddedDraggedSavedFollowedAndDeleted) {
     window.setSection(Pane::overview);
     auto* picker = find<PopUpButton>("Profile");
     ASSERT_NE(picker, nullptr);
-    emit picker->activated(picker->count() - 1);
+    choose(*picker, picker->count() - 1);
     EXPECT_EQ(model.selection(), Action(action::Profile{saved.id}));
     EXPECT_EQ(picker->currentText(), QString::fromStdString(saved.name));
     pass(90);
