@@ -19,6 +19,9 @@ list(TRANSFORM symbols REPLACE "B5cxx11" "")
 list(TRANSFORM symbols REPLACE
     "^__ZN9QGradient8setStopsERK5QListISt4pairId6QColorEE$"
     "__ZN9QGradient8setStopsERK5QListINSt3__14pairId6QColorEEE")
+list(TRANSFORM symbols REPLACE
+    "^__ZN9QMetaType25registerConverterFunctionERKSt8functionIFbPKvPvEES_S_$"
+    "__ZN9QMetaType25registerConverterFunctionERKNSt3__18functionIFbPKvPvEEES_S_")
 list(LENGTH symbols count)
 if(count LESS 100)
     message(FATAL_ERROR "Only ${count} symbols in ${LIBRARY}")
