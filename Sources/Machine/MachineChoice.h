@@ -32,8 +32,8 @@ struct MachineChoiceFault {
     bool operator==(const MachineChoiceFault&) const = default;
 };
 
-/// The choice that the options of the window and of tervalectl come to: whether --simulate was given, and the
-/// value of --socket, if it was.
+/// The choice that the options of the window and of tervalectl come to: whether --simulate was
+/// given, and the value of --socket, if it was.
 std::variant<MachineChoice, MachineChoiceFault>
 chooseMachine(bool simulate, const std::optional<std::string>& socket);
 
