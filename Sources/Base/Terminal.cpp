@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 namespace tervale {
 
@@ -84,6 +85,27 @@ std::string printable(std::string_view text) {
 bool print(std::FILE* stream, std::string_view text) {
     const bool taken = std::fwrite(text.data(), 1, text.size(), stream) == text.size();
     return std::fflush(stream) == 0 && taken;
+}
+
+std::string complaint(std::string_view program, std::string_view line) {
+    return std::string(program) + ": " + printable(line) + '\n';
+}
+
+Terminal::Terminal(std::string programName, std::FILE* outputStream, std::FILE* errorStream)
+    : program(std::move(programName)),
+      output(outputStream),
+      errors(errorStream) {}
+
+int Terminal::print(std::string_view text) const {
+    return tervale::print(output, text)
+               ? exitStatus::done
+               : complain("The output cannot be written.", exitStatus::failure);
+}
+
+int Terminal::complain(std::string_view line, int status) const {
+    // The exit status reports the error even if printing fails.
+    static_cast<void>(tervale::print(errors, complaint(program, line)));
+    return status;
 }
 
 } // namespace tervale

@@ -9,26 +9,16 @@
 
 #include <clocale>
 #include <cstdio>
+#include <string>
 #include <tervale/Version.h>
 
 using namespace tervale;
 
 namespace {
 
-constexpr int failure = 1;
-constexpr int wrongUsage = 2;
-
-int complain(const QString& line, int status) {
-    const std::string text = "tervale-simulator: " + printable(line.toStdString()) + '\n';
-    // The exit status reports the error even if printing fails.
-    static_cast<void>(tervale::print(stderr, text));
-    return status;
-}
-
-int print(const QString& text) {
-    return tervale::print(stdout, text.toStdString())
-               ? 0
-               : complain(QStringLiteral("The output cannot be written."), failure);
+/// Where this program writes.
+Terminal terminal() {
+    return Terminal("tervale-simulator");
 }
 
 /// What is there now. Whoever started the program may wait for these lines.
@@ -46,8 +36,8 @@ int simulate(const SimulatorCommandLine::Run& run) {
     if (run.agent)
         center = makeNotificationCenter();
     if (run.agent && !center)
-        return complain(QStringLiteral("There is no session bus for the agent. See --no-agent."),
-                        failure);
+        return terminal().complain("There is no session bus for the agent. See --no-agent.",
+                                   exitStatus::failure);
     if (!center)
         center = std::make_unique<InProcessNotificationCenter>();
     const auto preferences = makePreferences("tervale-simulation");
@@ -56,7 +46,7 @@ int simulate(const SimulatorCommandLine::Run& run) {
         announce(run, simulator);
         return QCoreApplication::exec();
     } catch (const SocketServer::Refused& refusal) {
-        return complain(QString::fromLocal8Bit(refusal.what()), failure);
+        return terminal().complain(refusal.what(), exitStatus::failure);
     }
 }
 
@@ -71,14 +61,14 @@ int main(int count, char** arguments) {
         overloaded{
             [](const SimulatorCommandLine::Run& run) { return simulate(run); },
             [](const SimulatorCommandLine::ShowHelp&) {
-                return print(SimulatorCommandLine::help());
+                return terminal().print(SimulatorCommandLine::help().toStdString());
             },
             [](const SimulatorCommandLine::ShowVersion&) {
-                return print(
-                    QStringLiteral("tervale-simulator %1\n").arg(QLatin1String(version::text)));
+                return terminal().print(std::string("tervale-simulator ") + version::text + "\n");
             },
             [](const SimulatorCommandLine::Refuse& refusal) {
-                return complain(refusal.line + QStringLiteral(" See --help."), wrongUsage);
+                return terminal().complain(refusal.line.toStdString() + " See --help.",
+                                           exitStatus::wrongUsage);
             },
         },
         SimulatorCommandLine::parse(QCoreApplication::arguments()));

@@ -92,9 +92,9 @@ Action resolve(const ActionArgument& text, AgentConnection& agent) {
     return resolve(text, agent.state().profiles);
 }
 
-ExitStatus carryOut(const BridgeCommand& command, AgentConnection::Confirms confirms,
-                    Context& context) {
-    printConfirmation(AgentConnection(context).carryOut(command, std::move(confirms)), context);
+ExitStatus perform(const BridgeCommand& command, AgentConnection::Confirms confirms,
+                   Context& context) {
+    printConfirmation(AgentConnection(context).perform(command, std::move(confirms)), context);
     return ExitStatus::done;
 }
 
@@ -113,7 +113,7 @@ ExitStatus perform(const ctl::Select& command, Context& context) {
     AgentConnection agent(context);
     const Action action = resolve(command.action, agent);
     const auto confirms = [&](const BridgeState& state) { return state.selection == action; };
-    printConfirmation(agent.carryOut(command::Select{action}, confirms), context);
+    printConfirmation(agent.perform(command::Select{action}, confirms), context);
     return ExitStatus::done;
 }
 
@@ -130,26 +130,26 @@ ExitStatus perform(const ctl::Timer& command, Context& context) {
         return state.timerAction == action && state.timerEnds && *state.timerEnds >= earliest &&
                *state.timerEnds <= latest;
     };
-    printConfirmation(agent.carryOut(command::StartTimer{action, command.duration}, confirms),
+    printConfirmation(agent.perform(command::StartTimer{action, command.duration}, confirms),
                       context);
     return ExitStatus::done;
 }
 
 ExitStatus perform(const ctl::CancelTimer&, Context& context) {
-    return carryOut(
+    return perform(
         command::CancelTimer{}, [](const BridgeState& state) { return !state.timerAction; },
         context);
 }
 
 ExitStatus perform(const ctl::LaunchAtLogin& command, Context& context) {
-    return carryOut(
+    return perform(
         command::SetLaunchAtLogin{command.enabled},
         [&](const BridgeState& state) { return state.launchAtLogin == command.enabled; }, context);
 }
 
 ExitStatus perform(const ctl::CheckForUpdates&, Context& context) {
     // A state does not show that the agent looks for a version. Its answer is enough.
-    return carryOut(
+    return perform(
         command::CheckForUpdates{}, [](const BridgeState&) { return true; }, context);
 }
 

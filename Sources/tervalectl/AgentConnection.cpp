@@ -50,10 +50,10 @@ AgentConnection::AgentConnection(const Context& context)
       })) {}
 
 BridgeState AgentConnection::state() {
-    return carryOut(command::RequestState{}, [](const BridgeState&) { return true; });
+    return perform(command::RequestState{}, [](const BridgeState&) { return true; });
 }
 
-BridgeState AgentConnection::carryOut(const BridgeCommand& command, Confirms confirms) {
+BridgeState AgentConnection::perform(const BridgeCommand& command, Confirms confirms) {
     awaited = std::move(confirms);
     latest.reset();
     confirmed = false;

@@ -15,7 +15,7 @@ namespace tervale {
 /// while it waits.
 class AgentConnection {
   public:
-    /// Whether a state shows that a command was carried out.
+    /// Whether a state shows that a command was performed.
     using Confirms = std::function<bool(const BridgeState&)>;
 
     /// The agent of the machine that the context makes. Throws `NoSuchMachine`.
@@ -25,7 +25,7 @@ class AgentConnection {
     BridgeState state();
     /// Sends the command, once, and returns the state that confirms it. Throws `Failure` if the
     /// agent does not answer, and if it answers with other states.
-    BridgeState carryOut(const BridgeCommand& command, Confirms confirms);
+    BridgeState perform(const BridgeCommand& command, Confirms confirms);
 
     /// Calls `wantsMore` with the agent's state and with each state that it publishes, until it
     /// returns false. Throws `Failure` if the agent does not answer at first.

@@ -27,7 +27,7 @@ constexpr std::array file{"json"sv};
 constexpr std::array replay{"profiles"sv, "selection"sv, "json"sv};
 
 /// The row of a command whose parameters `parseOwn` returns. The overload of `perform` for their
-/// type carries it out.
+/// type performs it.
 template <auto parseOwn>
 constexpr Command command(std::string_view name, std::string_view arguments,
                           std::span<const std::string_view> options, std::string_view summary,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Base/Terminal.h"
+
 #include <exception>
 #include <string>
 #include <utility>
@@ -8,11 +10,11 @@ namespace tervale {
 
 /// How the program ends.
 enum class ExitStatus {
-    done = 0,
+    done = exitStatus::done,
     /// The agent did not take a command, a file or the machine could not be read, or a profile has
     /// problems.
-    refused = 1,
-    wrongUsage = 2,
+    refused = exitStatus::failure,
+    wrongUsage = exitStatus::wrongUsage,
     noAnswer = 3,
 };
 
@@ -26,7 +28,7 @@ struct Failure : std::exception {
     const char* what() const noexcept override { return line.c_str(); }
 };
 
-/// The failure of a command that was understood and cannot be carried out.
+/// The failure of a command that was understood and cannot be performed.
 inline Failure refusal(std::string line) {
     return {ExitStatus::refused, std::move(line)};
 }

@@ -9,13 +9,13 @@ namespace tervale {
 namespace {
 
 ExitStatus fail(std::ostream& errors, const std::string& line, ExitStatus status) {
-    complain(errors, line);
+    errors << complaint("tervalectl", line);
     return status;
 }
 
 } // namespace
 
-ExitStatus carryOut(const ctl::CommandLine::Run& run, Context& context, std::ostream& errors) {
+ExitStatus perform(const ctl::CommandLine::Run& run, Context& context, std::ostream& errors) {
     try {
         const ExitStatus status = run.command->perform(run.parameters, context);
         context.out.flush();
@@ -34,10 +34,6 @@ ExitStatus carryOut(const ctl::CommandLine::Run& run, Context& context, std::ost
     } catch (const std::exception& error) {
         return fail(errors, error.what(), ExitStatus::refused);
     }
-}
-
-void complain(std::ostream& errors, const std::string& line) {
-    errors << "tervalectl: " << printable(line) << '\n';
 }
 
 } // namespace tervale

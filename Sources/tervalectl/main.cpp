@@ -1,4 +1,5 @@
 #include "Base/Overloaded.h"
+#include "Base/Terminal.h"
 #include "Platform/Platform.h"
 #include "tervalectl/CommandLine.h"
 #include "tervalectl/Run.h"
@@ -7,25 +8,23 @@
 
 #include <clocale>
 #include <iostream>
+#include <string>
 #include <tervale/Version.h>
 
 using namespace tervale;
 
 namespace {
 
-ExitStatus run(const ctl::CommandLine::Run& run) {
+int run(const ctl::CommandLine::Run& run) {
     const SystemClock clock;
     Context context{std::cin, std::cout,   clock,
                     run.json, run.timeout, [&run] { return makeMachine(run.machine); }};
-    return carryOut(run, context, std::cerr);
+    return static_cast<int>(perform(run, context, std::cerr));
 }
 
-ExitStatus print(const std::string& text) {
-    std::cout << text << std::flush;
-    if (std::cout)
-        return ExitStatus::done;
-    complain(std::cerr, "The output cannot be written.");
-    return ExitStatus::refused;
+/// Where the program writes before any command runs.
+Terminal terminal() {
+    return Terminal("tervalectl");
 }
 
 } // namespace
@@ -37,17 +36,16 @@ int main(int count, char** arguments) {
     // The toolkit takes over the user's locale for all of the process; numbers are the same
     // everywhere.
     std::setlocale(LC_NUMERIC, "C");
-    return static_cast<int>(
-        std::visit(overloaded{
-                       [](const ctl::CommandLine::Run& chosen) { return run(chosen); },
-                       [](const ctl::CommandLine::Print& help) { return print(help.text); },
-                       [](const ctl::CommandLine::ShowVersion&) {
-                           return print(std::string("tervalectl ") + version::text + "\n");
-                       },
-                       [](const ctl::CommandLine::Refuse& refusal) {
-                           complain(std::cerr, refusal.line + " See --help.");
-                           return ExitStatus::wrongUsage;
-                       },
-                   },
-                   ctl::CommandLine::parse(QCoreApplication::arguments())));
+    return std::visit(
+        overloaded{
+            [](const ctl::CommandLine::Run& chosen) { return run(chosen); },
+            [](const ctl::CommandLine::Print& help) { return terminal().print(help.text); },
+            [](const ctl::CommandLine::ShowVersion&) {
+                return terminal().print(std::string("tervalectl ") + version::text + "\n");
+            },
+            [](const ctl::CommandLine::Refuse& refusal) {
+                return terminal().complain(refusal.line + " See --help.", exitStatus::wrongUsage);
+            },
+        },
+        ctl::CommandLine::parse(QCoreApplication::arguments()));
 }

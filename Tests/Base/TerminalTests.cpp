@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <string>
+
 using namespace tervale;
 
 TEST(Printable, LetsNothingThroughThatATerminalObeys) {
@@ -39,4 +42,58 @@ TEST(Print, TellsThatTheStreamIsFull) {
     ASSERT_TRUE(null);
     EXPECT_TRUE(print(null, "text"));
     std::fclose(null);
+}
+
+namespace {
+
+/// What is written to a stream, read back.
+class Written {
+  public:
+    Written() : file(std::tmpfile()) {}
+    ~Written() { std::fclose(file); }
+    Written(const Written&) = delete;
+    Written& operator=(const Written&) = delete;
+
+    std::FILE* stream() const { return file; }
+    std::string text() const {
+        std::rewind(file);
+        std::string read;
+        for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file))
+            read += static_cast<char>(byte);
+        return read;
+    }
+
+  private:
+    std::FILE* file;
+};
+
+} // namespace
+
+TEST(Terminal, BeginsAComplaintWithTheNameOfTheProgram) {
+    const Written output;
+    const Written errors;
+    const Terminal terminal("tervale", output.stream(), errors.stream());
+    EXPECT_EQ(terminal.complain("No file 'a\x1B[2Jb'.", exitStatus::wrongUsage),
+              exitStatus::wrongUsage);
+    EXPECT_EQ(errors.text(), "tervale: No file 'a [2Jb'.\n");
+    EXPECT_EQ(output.text(), "");
+}
+
+TEST(Terminal, PrintsATextAsItIs) {
+    const Written output;
+    const Written errors;
+    const Terminal terminal("tervale", output.stream(), errors.stream());
+    EXPECT_EQ(terminal.print("one\n\ttwo\n"), exitStatus::done);
+    EXPECT_EQ(output.text(), "one\n\ttwo\n");
+    EXPECT_EQ(errors.text(), "");
+}
+
+TEST(Terminal, FailsIfItsOutputIsFull) {
+    std::FILE* full = std::fopen("/dev/full", "w");
+    if (!full)
+        GTEST_SKIP() << "this system has no device that is always full";
+    const Written errors;
+    EXPECT_EQ(Terminal("tervale", full, errors.stream()).print("text"), exitStatus::failure);
+    EXPECT_EQ(errors.text(), "tervale: The output cannot be written.\n");
+    std::fclose(full);
 }

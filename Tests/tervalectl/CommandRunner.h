@@ -21,7 +21,7 @@ class CommandRunner {
         const auto request = ctl::CommandLine::parse(QStringList{"tervalectl"} + arguments);
         const auto& chosen = std::get<ctl::CommandLine::Run>(request);
         Context context{in, out, clock, chosen.json, timeout, [this] { return machine(); }};
-        const ExitStatus status = carryOut(chosen, context, err);
+        const ExitStatus status = perform(chosen, context, err);
         output = out.str();
         errors = err.str();
         return status;

@@ -9,7 +9,7 @@
 #include <QSysInfo>
 
 #include <clocale>
-#include <cstdio>
+#include <string>
 #include <tervale/Version.h>
 #include <variant>
 
@@ -17,27 +17,16 @@ using namespace tervale;
 
 namespace {
 
-constexpr int failure = 1;
-constexpr int wrongUsage = 2;
+/// Where this program writes.
+Terminal terminal() {
+    return Terminal("tervale-window");
+}
 
 QStringList argumentsOf(int count, char** arguments) {
     QStringList list;
     for (int i = 0; i < count; ++i)
         list << QString::fromLocal8Bit(arguments[i]);
     return list;
-}
-
-int complain(const QString& line, int status) {
-    const std::string text = "tervale-window: " + printable(line.toStdString()) + '\n';
-    // The exit status reports the error even if printing fails.
-    static_cast<void>(tervale::print(stderr, text));
-    return status;
-}
-
-int print(const QString& text) {
-    return tervale::print(stdout, text.toStdString())
-               ? 0
-               : complain(QStringLiteral("The output cannot be written."), failure);
 }
 
 CommandLine::System runningSystem() {
@@ -64,7 +53,7 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
         app.launch(request.pane);
         return QApplication::exec();
     } catch (const NoSuchMachine& error) {
-        return complain(QString::fromUtf8(error.what()), failure);
+        return terminal().complain(error.what(), exitStatus::failure);
     }
 }
 
@@ -74,13 +63,15 @@ int main(int count, char** arguments) {
     return std::visit(
         overloaded{
             [&](const CommandLine::OpenWindow& request) { return openWindow(request, arguments); },
-            [](const CommandLine::ShowHelp&) { return print(CommandLine::help()); },
+            [](const CommandLine::ShowHelp&) {
+                return terminal().print(CommandLine::help().toStdString());
+            },
             [](const CommandLine::ShowVersion&) {
-                return print(
-                    QStringLiteral("tervale-window %1\n").arg(QLatin1String(version::text)));
+                return terminal().print(std::string("tervale-window ") + version::text + "\n");
             },
             [](const CommandLine::Refuse& refusal) {
-                return complain(refusal.line + QStringLiteral(" See --help."), wrongUsage);
+                return terminal().complain(refusal.line.toStdString() + " See --help.",
+                                           exitStatus::wrongUsage);
             },
         },
         CommandLine::parse(argumentsOf(count, arguments), runningSystem()));
