@@ -1,30 +1,17 @@
 #include "Profiles/Validation.h"
 #include "TervaleWindow/Profiles/DraftModel.h"
-#include "TervaleWindow/Profiles/ProfileDefaults.h"
+#include "TervaleWindow/Profiles/SampleProfiles.h"
 
 #include <gtest/gtest.h>
 
 namespace tervale {
 namespace {
 
-UUID idOf(std::uint8_t number) {
-    UUID id;
-    id.bytes.back() = number;
-    return id;
-}
-
-Profile loadProfile(std::uint8_t number, const std::string& name) {
-    return {idOf(number), name, kind::Load{ProfileDefaults::loadCurve()}};
-}
-
-const std::vector<Profile> threeProfiles{loadProfile(1, "One"), loadProfile(2, "Two"),
-                                         loadProfile(3, "Three")};
-
 /// A draft, and how often it told of what.
 class DraftModelTest : public testing::Test {
   protected:
     DraftModelTest() {
-        draft.follow(true, threeProfiles);
+        draft.follow(true, oneTwoThree);
         QObject::connect(&draft, &DraftModel::listChanged, [this] { told += "list "; });
         QObject::connect(&draft, &DraftModel::selectionChanged, [this] { told += "selection "; });
         QObject::connect(&draft, &DraftModel::edited,
@@ -71,7 +58,7 @@ TEST_F(DraftModelTest, TellsWhatIsWrongOnlyWhenThatChanges) {
 TEST_F(DraftModelTest, TellsOfNothingThatMakesNoDifference) {
     draft.perform(profileEdit::Rename{"One"});
     draft.select(idOf(1));
-    draft.follow(true, threeProfiles);
+    draft.follow(true, oneTwoThree);
     draft.revert();
     EXPECT_EQ(takeTold(), "");
     EXPECT_EQ(validations, 0);
@@ -84,7 +71,7 @@ TEST_F(DraftModelTest, TellsOfTheWholeListWhereItIsAnother) {
     draft.remove();
     draft.revert();
     EXPECT_EQ(takeTold(), "list changed list changed list changed ");
-    draft.follow(true, {threeProfiles[0]});
+    draft.follow(true, {oneTwoThree[0]});
     EXPECT_EQ(takeTold(), "list changed ");
 }
 
@@ -114,7 +101,7 @@ TEST_F(DraftModelTest, RefusesToSaveWhileAScheduleRunsARemovedProfile) {
 
 TEST_F(DraftModelTest, CannotBeSavedBeforeItIsLoaded) {
     DraftModel empty(problems);
-    empty.follow(false, threeProfiles);
+    empty.follow(false, oneTwoThree);
     EXPECT_FALSE(empty.canSave());
     EXPECT_TRUE(empty.profiles().empty());
     EXPECT_TRUE(empty.problemsOfSelected().empty());

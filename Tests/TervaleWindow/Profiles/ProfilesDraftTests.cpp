@@ -1,28 +1,15 @@
 #include "Profiles/Validation.h"
-#include "TervaleWindow/Profiles/ProfileDefaults.h"
 #include "TervaleWindow/Profiles/ProfilesDraft.h"
+#include "TervaleWindow/Profiles/SampleProfiles.h"
 
 #include <gtest/gtest.h>
 
 namespace tervale {
 namespace {
 
-UUID idOf(std::uint8_t number) {
-    UUID id;
-    id.bytes.back() = number;
-    return id;
-}
-
-Profile loadProfile(std::uint8_t number, const std::string& name) {
-    return {idOf(number), name, kind::Load{ProfileDefaults::loadCurve()}};
-}
-
-const std::vector<Profile> threeProfiles{loadProfile(1, "One"), loadProfile(2, "Two"),
-                                         loadProfile(3, "Three")};
-
 ProfilesDraft loadedDraft() {
     ProfilesDraft draft;
-    draft.follow(true, threeProfiles);
+    draft.follow(true, oneTwoThree);
     return draft;
 }
 
@@ -56,13 +43,13 @@ TEST(ProfileDefaultsOfNewProfiles, AreTheUsualOnes) {
 
 TEST(DraftBeforeItIsLoaded, CanNeitherBeSavedNorReverted) {
     ProfilesDraft draft;
-    draft.follow(false, threeProfiles);
+    draft.follow(false, oneTwoThree);
     EXPECT_FALSE(draft.loaded);
     EXPECT_FALSE(draft.canRevert());
     draft.revert();
     EXPECT_TRUE(draft.profiles.empty());
-    draft.follow(true, threeProfiles);
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    draft.follow(true, oneTwoThree);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
 }
 
 TEST(DraftAdd, NumbersNamesThatAreTaken) {
@@ -99,7 +86,7 @@ TEST(DraftDuplicate, AppendsAndSelectsACopy) {
     draft.duplicate();
     ASSERT_EQ(draft.profiles.size(), 4U);
     EXPECT_EQ(draft.profiles[3].name, "Two copy");
-    EXPECT_EQ(draft.profiles[3].kind, threeProfiles[1].kind);
+    EXPECT_EQ(draft.profiles[3].kind, oneTwoThree[1].kind);
     EXPECT_NE(draft.profiles[3].id, idOf(2));
     EXPECT_EQ(draft.selection, draft.profiles[3].id);
 }
@@ -118,12 +105,12 @@ TEST(DraftDuplicate, DoesNothingWithoutAProfileThatIsThere) {
     draft.selection = idOf(9);
     draft.duplicate();
     draft.remove();
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
     EXPECT_EQ(draft.selection, idOf(9));
     draft.selection.reset();
     draft.duplicate();
     draft.remove();
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
 }
 
 TEST(DraftRemove, SelectsTheProfileThatTakesThePlace) {
@@ -143,7 +130,7 @@ TEST(DraftRemove, SelectsTheNewLastProfileAfterTheLast) {
 
 TEST(DraftRemove, SelectsNothingOnceTheListIsEmpty) {
     ProfilesDraft draft;
-    draft.follow(true, {threeProfiles[0]});
+    draft.follow(true, {oneTwoThree[0]});
     draft.remove();
     EXPECT_EQ(draft.selection, std::nullopt);
     EXPECT_TRUE(draft.canRevert());
@@ -151,7 +138,7 @@ TEST(DraftRemove, SelectsNothingOnceTheListIsEmpty) {
 
 TEST(DraftFollow, WaitsForTheAgent) {
     ProfilesDraft draft;
-    draft.follow(false, threeProfiles);
+    draft.follow(false, oneTwoThree);
     EXPECT_TRUE(draft.profiles.empty());
     EXPECT_FALSE(draft.loaded);
     EXPECT_EQ(draft.selection, std::nullopt);
@@ -160,7 +147,7 @@ TEST(DraftFollow, WaitsForTheAgent) {
 TEST(DraftFollow, LoadsAndSelectsTheFirstProfile) {
     const ProfilesDraft draft = loadedDraft();
     EXPECT_TRUE(draft.loaded);
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
     EXPECT_EQ(draft.selection, idOf(1));
 }
 
@@ -195,8 +182,8 @@ TEST(DraftFollow, IsCleanAgainOnceTheAgentHasSaved) {
     const std::vector<Profile> edited = draft.profiles;
     draft.follow(true, edited);
     EXPECT_FALSE(draft.canRevert());
-    draft.follow(true, threeProfiles);
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    draft.follow(true, oneTwoThree);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
 }
 
 TEST(DraftFollow, IsCleanAgainAfterReverting) {
@@ -205,14 +192,14 @@ TEST(DraftFollow, IsCleanAgainAfterReverting) {
     draft.follow(true, {loadProfile(7, "Seven")});
     draft.revert();
     EXPECT_EQ(names(draft), std::vector<std::string>{"Seven"});
-    draft.follow(true, threeProfiles);
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    draft.follow(true, oneTwoThree);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
 }
 
 TEST(DraftFollow, KeepsTheSelectionThatIsSet) {
     ProfilesDraft draft;
     draft.selection = idOf(9);
-    draft.follow(true, threeProfiles);
+    draft.follow(true, oneTwoThree);
     EXPECT_EQ(draft.selection, idOf(9));
     EXPECT_EQ(draft.selected(), nullptr);
 }
@@ -221,7 +208,7 @@ TEST(DraftFollow, SelectsTheFirstProfileOnceThereIsOneAgain) {
     ProfilesDraft draft;
     draft.follow(true, {});
     EXPECT_EQ(draft.selection, std::nullopt);
-    draft.follow(true, threeProfiles);
+    draft.follow(true, oneTwoThree);
     EXPECT_EQ(draft.selection, idOf(1));
 }
 
@@ -230,14 +217,14 @@ TEST(DraftRevert, LeavesTheSelection) {
     addTemperature(draft);
     const auto added = draft.selection;
     draft.revert();
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
     EXPECT_EQ(draft.selection, added);
     EXPECT_EQ(draft.selected(), nullptr);
 }
 
 TEST(DraftPerform, EditsTheFirstProfileWithTheSelectedId) {
     ProfilesDraft draft;
-    draft.follow(true, {threeProfiles[0], threeProfiles[0]});
+    draft.follow(true, {oneTwoThree[0], oneTwoThree[0]});
     EXPECT_EQ(draft.perform(profileEdit::Rename{"Uno"}), 0U);
     EXPECT_EQ(names(draft), (std::vector<std::string>{"Uno", "One"}));
     EXPECT_TRUE(draft.canRevert());
@@ -248,7 +235,7 @@ TEST(DraftPerform, ChangesNothingWithoutAProfileOrADifference) {
     EXPECT_EQ(draft.perform(profileEdit::Rename{"One"}), std::nullopt);
     draft.selection = idOf(9);
     EXPECT_EQ(draft.perform(profileEdit::Rename{"Nine"}), std::nullopt);
-    EXPECT_EQ(draft.profiles, threeProfiles);
+    EXPECT_EQ(draft.profiles, oneTwoThree);
 }
 
 } // namespace

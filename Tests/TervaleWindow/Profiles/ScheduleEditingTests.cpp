@@ -1,3 +1,4 @@
+#include "TervaleWindow/Profiles/SampleProfiles.h"
 #include "TervaleWindow/Profiles/ScheduleEditing.h"
 
 #include <gtest/gtest.h>
@@ -11,12 +12,6 @@ namespace {
 using Choice = ScheduleEditing::Choice;
 using Edge = ScheduleEditing::Edge;
 using ClockTime = ScheduleEditing::ClockTime;
-
-UUID idOf(std::uint8_t number) {
-    UUID id;
-    id.bytes.back() = number;
-    return id;
-}
 
 ScheduleEditing withWindow(std::int64_t start, std::int64_t end,
                            const Action& action = action::Automatic{}) {

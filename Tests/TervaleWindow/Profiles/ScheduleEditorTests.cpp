@@ -3,7 +3,7 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
-#include "TervaleWindow/Profiles/ProfileDefaults.h"
+#include "TervaleWindow/Profiles/SampleProfiles.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
 #include "TervaleWindow/Profiles/ScheduleRow.h"
 #include "TervaleWindow/Support/Choosing.h"
@@ -17,14 +17,8 @@
 namespace tervale {
 namespace {
 
-UUID idOf(std::uint8_t number) {
-    UUID id;
-    id.bytes.back() = number;
-    return id;
-}
-
-const std::vector<Profile> targets{{idOf(1), "Quiet", kind::Load{ProfileDefaults::loadCurve()}},
-                                   {idOf(2), "", kind::Load{ProfileDefaults::loadCurve()}},
+const std::vector<Profile> targets{loadProfile(1, "Quiet"),
+                                   loadProfile(2, ""),
                                    {idOf(3), "Night", kind::Schedule{ProfileDefaults::schedule()}}};
 
 class ScheduleEditorTest : public testing::Test {
