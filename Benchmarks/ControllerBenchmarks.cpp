@@ -36,7 +36,7 @@ void tick(benchmark::State& state, const Action& action) {
     constexpr std::array wavering{61.0, 59.5, 57.0, 72.0, 66.0, 80.0, 76.5, 55.0};
     Controller controller;
     std::size_t turn = 0;
-    for (auto ignored : state) {
+    while (state.KeepRunning()) {
         const double celsius = wavering[turn++ % wavering.size()];
         benchmark::DoNotOptimize(Controller::needs(action, profiles, 1200));
         const Inputs inputs{{{cpuHottest, celsius + 5}, {cpuAverage, celsius}}, {}, 1200};

@@ -34,14 +34,14 @@ void decodeState(benchmark::State& state) {
     const Decoded<BridgeState> received = decode<BridgeState>(text);
     if (!std::holds_alternative<BridgeState>(received) || std::get<BridgeState>(received) != sent)
         state.SkipWithError("the state did not come back as it was sent");
-    for (auto ignored : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(decode<BridgeState>(text));
     state.SetBytesProcessed(static_cast<std::int64_t>(text.size()) * state.iterations());
 }
 
 void encodeState(benchmark::State& state) {
     const BridgeState sent = stateOfEightProfiles();
-    for (auto ignored : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(encode(sent));
 }
 

@@ -31,7 +31,7 @@ void poll(benchmark::State& state, double secondsBetween) {
     OpenWindow window;
     window.model.refresh();
     CallsPerIteration calls(window.mac);
-    for (auto ignored : state) {
+    while (state.KeepRunning()) {
         window.clock.advance(secondsBetween);
         window.model.refresh();
         calls.iterationEnds(state);
@@ -43,7 +43,7 @@ void readAllSensors(benchmark::State& state) {
     OpenWindow window;
     window.model.readAllSensors();
     CallsPerIteration calls(window.mac);
-    for (auto ignored : state) {
+    while (state.KeepRunning()) {
         window.model.readAllSensors();
         calls.iterationEnds(state);
     }

@@ -73,7 +73,7 @@ class OpenPane {
 
 void dragAPoint(benchmark::State& state) {
     OpenPane pane(state.range(0));
-    for (auto ignored : state)
+    while (state.KeepRunning())
         pane.drag();
     state.counters["validations"] =
         static_cast<double>(pane.validations) / static_cast<double>(state.iterations());

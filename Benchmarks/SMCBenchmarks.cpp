@@ -12,7 +12,7 @@ void discover(benchmark::State& state) {
     SimulatedMac mac(macOfKeys(2000));
     CallsPerIteration calls(mac);
     std::size_t found = 0;
-    for (auto ignored : state) {
+    while (state.KeepRunning()) {
         found = SMC(mac).temperatureSensors().size();
         calls.iterationEnds(state);
     }
@@ -26,7 +26,7 @@ void readFans(benchmark::State& state) {
     SMC smc(mac);
     benchmark::DoNotOptimize(smc.fans());
     CallsPerIteration calls(mac);
-    for (auto ignored : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(smc.fans());
         calls.iterationEnds(state);
     }

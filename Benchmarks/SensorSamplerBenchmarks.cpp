@@ -37,7 +37,7 @@ void sample(benchmark::State& state, double secondsBetween) {
     Date now;
     sampler.sample(inputs, now);
     reads = 0;
-    for (auto ignored : state) {
+    while (state.KeepRunning()) {
         now = now + secondsBetween;
         benchmark::DoNotOptimize(sampler.sample(inputs, now));
     }

@@ -104,6 +104,8 @@ std::function<void()> makeOpenMenuCanceller() {
 }
 
 std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds, std::chrono::milliseconds,
+                                        // The Mac's keeps it.
+                                        // NOLINTNEXTLINE(performance-unnecessary-value-param)
                                         std::function<void()>) {
     return nullptr;
 }

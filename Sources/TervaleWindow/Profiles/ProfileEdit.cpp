@@ -3,6 +3,7 @@
 #include "Base/Overloaded.h"
 #include "Base/Precondition.h"
 
+#include <type_traits>
 #include <utility>
 
 namespace tervale {
@@ -18,13 +19,18 @@ Kind& kindOf(Profile& profile) {
     return *kind;
 }
 
-/// The profile is const if it is.
+/// Null for a kind without one. The curve is const if the profile is.
 template <class AnyProfile>
 auto* curveIn(AnyProfile& profile) {
-    if (auto* temperature = std::get_if<kind::Temperature>(&profile.kind))
-        return &temperature->curve;
-    auto* load = std::get_if<kind::Load>(&profile.kind);
-    return load ? &load->curve : nullptr;
+    using AnyCurve = std::conditional_t<std::is_const_v<AnyProfile>, const Curve, Curve>;
+    return std::visit(
+        [](auto& held) -> AnyCurve* {
+            if constexpr (std::is_same_v<std::decay_t<decltype(held)>, kind::Schedule>)
+                return nullptr;
+            else
+                return &held.curve;
+        },
+        profile.kind);
 }
 
 template <class Value>
