@@ -1,12 +1,16 @@
 #include "Agent/Agent.h"
 
 #include "Agent/StarterProfiles.h"
+#include "Agent/UnreadableProfiles.h"
 #include "Base/Overloaded.h"
 #include "JSON/JSON.h"
+#include "Profiles/StoringFailure.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
@@ -17,15 +21,13 @@ namespace tervale {
 namespace {
 
 constexpr const char* launchAtLoginKey = "launchAtLogin";
-constexpr const char* profilesKey = "profiles";
-/// Where profiles that could not be read are kept.
-constexpr const char* unreadableKey = "profiles.unreadable";
 
 constexpr const char* tooHot = "Too hot: Max until every CPU and GPU sensor is below 85 °C.";
 constexpr const char* upToDate = "Tervale is up to date.";
-constexpr const char* notStored = "Not everything could be stored yet. Another attempt follows.";
-constexpr const char* unreadable =
+constexpr const char* unreadableProfilesNotice =
     "The stored profiles cannot be read. They stay until you save others.";
+constexpr const char* unreadableSelectionNotice =
+    "The stored selection cannot be read. It stays until you select another.";
 constexpr const char* tooLong = "Those profiles were not saved: they are too long.";
 constexpr const char* timerRefused = "That timer was not set: it must end within 24 hours.";
 
@@ -41,10 +43,19 @@ Action withinRange(Action action) {
     return action;
 }
 
-bool holdsProfiles(const Preferences::Data& data) {
-    const std::string_view text(reinterpret_cast<const char*>(data.data()), data.size());
-    return std::holds_alternative<std::vector<Profile>>(decode<std::vector<Profile>>(text));
+/// Nothing where there is none, or where it cannot be read.
+template <class Value>
+std::optional<Value> stored(const Preferences& preferences, const char* key) {
+    const auto data = preferences.data(key);
+    if (!data)
+        return std::nullopt;
+    auto value = decode<Value>({reinterpret_cast<const char*>(data->data()), data->size()});
+    auto* read = std::get_if<Value>(&value);
+    return read ? std::optional(std::move(*read)) : std::nullopt;
 }
+
+/// Of a notice that is shown until the user does something.
+constexpr Date untilDismissed{std::numeric_limits<double>::infinity()};
 
 /// Whether a state with these profiles can be published, whatever else it says.
 bool fits(BridgeState state, const std::vector<Profile>& profiles) {
@@ -59,33 +70,75 @@ bool fits(BridgeState state, const std::vector<Profile>& profiles) {
 Agent::Agent(Surroundings surroundings)
     : world(std::move(surroundings)),
       bridge(world.center),
-      store(world.preferences),
+      preferences(world.preferences, world.clock),
+      store(preferences),
       fans(world.smc) {
-    state.selection = withinRange(store.selection());
-    state.launchAtLogin = storedLaunchAtLogin();
+    state.launchAtLogin = preferences.data(launchAtLoginKey) == dataOf("true");
+    takeUpSelection();
     takeUpProfiles();
+    tellUnreadable();
     commandObserver = bridge.onCommand([this](const BridgeCommand& command) { handle(command); });
     control();
     publish();
 }
 
+void Agent::takeUpSelection() {
+    const auto selection = stored<Action>(preferences, ProfileStore::selectionKey);
+    selectionUnreadable = !selection && preferences.contains(ProfileStore::selectionKey);
+    if (selection)
+        state.selection = withinRange(*selection);
+}
+
 void Agent::takeUpProfiles() {
     // The user who deleted every profile does not want the starters back.
-    if (!world.preferences.contains(profilesKey)) {
+    offersStarters = !preferences.contains(ProfileStore::profilesKey);
+    if (offersStarters) {
         state.profiles = starterProfiles();
-        keep();
+        store.setProfiles(state.profiles);
         return;
     }
-    state.profiles = store.profiles();
-    const auto data = world.preferences.data(profilesKey);
-    profilesUnreadable = !data || !holdsProfiles(*data) || !fits(state, state.profiles);
+    const auto profiles = stored<std::vector<Profile>>(preferences, ProfileStore::profilesKey);
+    profilesUnreadable = !profiles || !fits(state, *profiles);
+    state.profiles = profilesUnreadable ? std::vector<Profile>() : *profiles;
+}
+
+void Agent::tellUnreadable() {
     if (profilesUnreadable)
-        state.profiles.clear();
+        notice = Notice{unreadableProfilesNotice, untilDismissed};
+    else if (selectionUnreadable)
+        notice = Notice{unreadableSelectionNotice, untilDismissed};
+    nextReading = world.clock.now() + CheckedPreferences::interval;
+}
+
+void Agent::retryStorage() {
+    // Whatever has been stored there in the meantime is not the starters' to replace.
+    if (offersStarters && preferences.isWaiting(ProfileStore::profilesKey) &&
+        preferences.contains(ProfileStore::profilesKey)) {
+        preferences.forget(ProfileStore::profilesKey);
+        takeUpProfiles();
+        tellUnreadable();
+    }
+    preferences.retry();
+    readAgain();
+}
+
+void Agent::readAgain() {
+    const Date now = world.clock.now();
+    const bool waits = now < nextReading && nextReading - now <= CheckedPreferences::interval;
+    if (waits || !(profilesUnreadable || selectionUnreadable))
+        return;
+    nextReading = now + CheckedPreferences::interval;
+    if (selectionUnreadable)
+        takeUpSelection();
+    // Starters are for who never stored anything.
+    if (profilesUnreadable && preferences.contains(ProfileStore::profilesKey))
+        takeUpProfiles();
+    if (!profilesUnreadable && !selectionUnreadable && notice && notice->until == untilDismissed)
+        notice.reset();
 }
 
 void Agent::tick() {
-    if (nextAttempt && world.clock.now() >= *nextAttempt)
-        keep();
+    retryStorage();
     if (state.timerEnds && world.clock.now() >= *state.timerEnds)
         endTimer();
     control();
@@ -99,19 +152,23 @@ std::optional<std::string> Agent::handBack() {
 
 void Agent::handle(const BridgeCommand& command) {
     std::visit(
-        overloaded{
-            [this](const command::Select& select) {
-                state.selection = withinRange(select.action);
-                notice.reset();
-            },
-            [this](const command::StartTimer& timer) { startTimer(timer); },
-            [this](const command::SaveProfiles& save) { saveProfiles(save.profiles); },
-            [this](const command::SetLaunchAtLogin& set) { state.launchAtLogin = set.enabled; },
-            [this](const command::CancelTimer&) { endTimer(); },
-            [this](const command::CheckForUpdates&) { notify(upToDate); },
-            [](const command::RequestState&) {}},
+        overloaded{[this](const command::Select& select) {
+                       state.selection = withinRange(select.action);
+                       selectionUnreadable = false;
+                       notice.reset();
+                       store.setSelection(state.selection);
+                   },
+                   [this](const command::StartTimer& timer) { startTimer(timer); },
+                   [this](const command::SaveProfiles& save) { saveProfiles(save.profiles); },
+                   [this](const command::SetLaunchAtLogin& set) {
+                       state.launchAtLogin = set.enabled;
+                       preferences.setData(launchAtLoginKey,
+                                           dataOf(set.enabled ? "true" : "false"));
+                   },
+                   [this](const command::CancelTimer&) { endTimer(); },
+                   [this](const command::CheckForUpdates&) { notify(upToDate); },
+                   [](const command::RequestState&) {}},
         command);
-    keep();
     // The fans follow at once rather than at the next tick.
     control();
     publish();
@@ -123,32 +180,13 @@ void Agent::saveProfiles(const std::vector<Profile>& profiles) {
         return;
     }
     state.profiles = profiles;
+    offersStarters = false;
     notice.reset();
-    if (!std::exchange(profilesUnreadable, false))
-        return;
-    // Keep the unreadable text, so that the user can repair it.
-    if (const auto data = world.preferences.data(profilesKey))
-        world.preferences.setData(unreadableKey, *data);
-    // An empty list reads like one that is unreadable, and would not be written otherwise.
+    // Keep what cannot be read, so that the user can repair it.
+    if (std::exchange(profilesUnreadable, false))
+        if (const auto name = unreadableProfiles::keep(preferences, world.clock.now()))
+            notify("The profiles that could not be read are kept as " + *name + ".");
     store.setProfiles(state.profiles);
-}
-
-void Agent::keep() {
-    if (!profilesUnreadable && store.profiles() != state.profiles)
-        store.setProfiles(state.profiles);
-    if (withinRange(store.selection()) != state.selection)
-        store.setSelection(state.selection);
-    if (storedLaunchAtLogin() != state.launchAtLogin)
-        world.preferences.setData(launchAtLoginKey, dataOf(state.launchAtLogin ? "true" : "false"));
-    nextAttempt.reset();
-    if (!isKept())
-        nextAttempt = world.clock.now() + storingInterval;
-}
-
-bool Agent::isKept() const {
-    return (profilesUnreadable || store.profiles() == state.profiles) &&
-           withinRange(store.selection()) == state.selection &&
-           storedLaunchAtLogin() == state.launchAtLogin;
 }
 
 void Agent::startTimer(const command::StartTimer& timer) {
@@ -167,8 +205,8 @@ void Agent::endTimer() {
     state.timerEnds.reset();
 }
 
-void Agent::notify(const char* text) {
-    notice = Notice{text, world.clock.now() + noticeDuration};
+void Agent::notify(std::string text) {
+    notice = Notice{std::move(text), world.clock.now() + noticeDuration};
 }
 
 void Agent::control() {
@@ -176,18 +214,21 @@ void Agent::control() {
     const std::optional<std::string> error = fans.apply(target);
     if (notice && world.clock.now() >= notice->until)
         notice.reset();
+    state.status = statusOf(error);
+}
+
+std::optional<std::string> Agent::statusOf(const std::optional<std::string>& error) const {
+    std::optional<std::string> text;
     if (controller.safetyEngaged())
-        state.status = tooHot;
+        text = tooHot;
     else if (error)
-        state.status = error;
-    else if (nextAttempt)
-        state.status = notStored;
+        text = error;
     else if (notice)
-        state.status = notice->text;
-    else if (profilesUnreadable)
-        state.status = unreadable;
-    else
-        state.status.reset();
+        text = notice->text;
+    // Whoever saves something must learn of this whatever else there is to tell.
+    if (const auto& reason = preferences.failure())
+        text = (text ? *text + ' ' : std::string()) + storingFailure(*reason);
+    return text;
 }
 
 Target Agent::evaluate() {
@@ -217,10 +258,6 @@ void Agent::findSensors() {
     } catch (const SMCError&) {
         // Without a list of keys there is nothing to sample; the next tick tries again.
     }
-}
-
-bool Agent::storedLaunchAtLogin() const {
-    return world.preferences.data(launchAtLoginKey) == dataOf("true");
 }
 
 void Agent::publish() {

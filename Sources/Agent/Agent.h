@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Agent/CheckedPreferences.h"
 #include "Agent/FanDriver.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/Clock.h"
@@ -37,8 +38,6 @@ class Agent {
     static constexpr double longestTimer = 24 * 60 * 60;
     /// How long the answer to an update check is shown, in seconds.
     static constexpr double noticeDuration = 6;
-    /// How long until what could not be stored is tried again, in seconds.
-    static constexpr double storingInterval = 10;
 
     /// Takes up the stored profiles and selection, drives the fans for the first time and
     /// publishes its state.
@@ -60,24 +59,28 @@ class Agent {
         Date until;
     };
 
+    /// Take over what is stored, as far as it can be read.
+    void takeUpSelection();
     void takeUpProfiles();
+    void tellUnreadable();
+    /// Writes and reads again what failed, if it is time to.
+    void retryStorage();
+    void readAgain();
     void handle(const BridgeCommand& command);
     void saveProfiles(const std::vector<Profile>& profiles);
     void startTimer(const command::StartTimer& timer);
     void endTimer();
-    void notify(const char* text);
+    void notify(std::string text);
     /// Evaluates what is in force, drives the fans and renews the status.
     void control();
     Target evaluate();
     void findSensors();
-    /// Writes unsaved changes. Schedules another attempt on failure.
-    void keep();
-    bool isKept() const;
-    bool storedLaunchAtLogin() const;
+    std::optional<std::string> statusOf(const std::optional<std::string>& error) const;
     void publish();
 
     Surroundings world;
     Bridge bridge;
+    CheckedPreferences preferences;
     ProfileStore store;
     Controller controller;
     /// Nothing until the sensors could be listed.
@@ -86,10 +89,13 @@ class Agent {
     BridgeState state;
     std::optional<BridgeState> published;
     std::optional<Notice> notice;
-    /// Until something is saved in place of the profiles that are stored and cannot be read.
+    /// Nothing was ever stored, and these may not be yet.
+    bool offersStarters = false;
+    /// Until other profiles are saved in place of the stored ones, or these can be read.
     bool profilesUnreadable = false;
-    /// What could not be stored is tried again then.
-    std::optional<Date> nextAttempt;
+    /// Until an action is selected in place of the stored one, or this can be read.
+    bool selectionUnreadable = false;
+    Date nextReading;
     ObserverToken commandObserver;
 };
 

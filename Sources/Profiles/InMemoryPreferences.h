@@ -4,8 +4,10 @@
 
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace tervale {
 
@@ -15,7 +17,10 @@ class InMemoryPreferences final : public Preferences {
   public:
     std::optional<Data> data(const std::string& key) const override;
     bool contains(const std::string& key) const override;
-    void setData(const std::string& key, const Data& data) override;
+    std::optional<std::string> setData(const std::string& key, const Data& data) override;
+    bool keepCopy(const std::string& key, const std::string& copy) override;
+    std::vector<std::string> keys(const std::string& prefix) const override;
+    void remove(const std::string& key) override;
 
     void setString(const std::string& key, std::string string);
 

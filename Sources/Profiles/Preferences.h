@@ -19,7 +19,14 @@ class Preferences {
     virtual std::optional<Data> data(const std::string& key) const = 0;
     /// Whether anything is stored under the key, though it may not be readable.
     virtual bool contains(const std::string& key) const = 0;
-    virtual void setData(const std::string& key, const Data& data) = 0;
+    /// Why the value could not be stored, in the system's words; nothing if it was.
+    virtual std::optional<std::string> setData(const std::string& key, const Data& data) = 0;
+    /// Keeps what lies under the key, readable or not, under `copy` too, where nothing lies yet.
+    /// It may then be there alone. False if that cannot be done.
+    virtual bool keepCopy(const std::string& key, const std::string& copy) = 0;
+    /// Those that begin with `prefix`, in order.
+    virtual std::vector<std::string> keys(const std::string& prefix) const = 0;
+    virtual void remove(const std::string& key) = 0;
 };
 
 } // namespace tervale

@@ -10,9 +10,6 @@ namespace tervale {
 
 namespace {
 
-constexpr const char* profilesKey = "profiles";
-constexpr const char* selectionKey = "selection";
-
 template <class Value>
 std::optional<Value> decodeStored(const Preferences& defaults, const char* key) {
     const std::optional<Preferences::Data> data = defaults.data(key);

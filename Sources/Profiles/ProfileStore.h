@@ -12,6 +12,9 @@ namespace tervale {
 /// encoded is not written. Keeps no state of its own.
 class ProfileStore {
   public:
+    static constexpr const char* profilesKey = "profiles";
+    static constexpr const char* selectionKey = "selection";
+
     /// `defaults` outlives the store.
     explicit ProfileStore(Preferences& defaults) : defaults(defaults) {}
 

@@ -93,7 +93,7 @@ Action resolve(const ActionArgument& text, AgentConnection& agent) {
 }
 
 ExitStatus perform(const BridgeCommand& command, AgentConnection::Confirms confirms,
-                   Context& context) {
+                    Context& context) {
     printConfirmation(AgentConnection(context).perform(command, std::move(confirms)), context);
     return ExitStatus::done;
 }
@@ -113,7 +113,7 @@ ExitStatus perform(const ctl::Select& command, Context& context) {
     AgentConnection agent(context);
     const Action action = resolve(command.action, agent);
     const auto confirms = [&](const BridgeState& state) { return state.selection == action; };
-    printConfirmation(agent.perform(command::Select{action}, confirms), context);
+    printStored(agent.perform(command::Select{action}, confirms), context);
     return ExitStatus::done;
 }
 
@@ -142,9 +142,12 @@ ExitStatus perform(const ctl::CancelTimer&, Context& context) {
 }
 
 ExitStatus perform(const ctl::LaunchAtLogin& command, Context& context) {
-    return perform(
-        command::SetLaunchAtLogin{command.enabled},
-        [&](const BridgeState& state) { return state.launchAtLogin == command.enabled; }, context);
+    const auto confirms = [&](const BridgeState& state) {
+        return state.launchAtLogin == command.enabled;
+    };
+    AgentConnection agent(context);
+    printStored(agent.perform(command::SetLaunchAtLogin{command.enabled}, confirms), context);
+    return ExitStatus::done;
 }
 
 ExitStatus perform(const ctl::CheckForUpdates&, Context& context) {

@@ -4,6 +4,7 @@
 #include "Base/Terminal.h"
 #include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
+#include "Profiles/StoringFailure.h"
 #include "tervalectl/Formatting.h"
 
 #include <QDateTime>
@@ -114,6 +115,12 @@ void printConfirmation(const BridgeState& state, Context& context) {
         printJSON(context.out, stateJSON(state));
     else if (state.status)
         context.out << printable(*state.status) << '\n';
+}
+
+void printStored(const BridgeState& state, Context& context) {
+    if (tellsStoringFailure(state))
+        throw refusal("The agent has taken the command, but: " + *state.status);
+    printConfirmation(state, context);
 }
 
 } // namespace tervale

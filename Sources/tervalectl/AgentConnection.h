@@ -52,4 +52,7 @@ std::string stateJSON(const BridgeState& state);
 /// Prints the state that confirms a command: what its status says, or all of it as JSON.
 void printConfirmation(const BridgeState& state, Context& context);
 
+/// The same for a command that has the agent store something. Throws `Failure` if it could not.
+void printStored(const BridgeState& state, Context& context);
+
 } // namespace tervale

@@ -58,7 +58,7 @@ void write(JSONWriter& json, const Finding& finding) {
 /// Has the agent store the profiles, unless one of them has a problem.
 void save(const std::vector<Profile>& profiles, AgentConnection& agent, Context& context) {
     const auto confirms = [&](const BridgeState& state) { return state.profiles == profiles; };
-    printConfirmation(agent.perform(command::SaveProfiles{profiles}, confirms), context);
+    printStored(agent.perform(command::SaveProfiles{profiles}, confirms), context);
 }
 
 void requireSound(const std::vector<Profile>& profiles) {

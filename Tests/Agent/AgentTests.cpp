@@ -2,6 +2,8 @@
 #include "Agent/StarterProfiles.h"
 #include "Profiles/InMemoryPreferences.h"
 #include "Profiles/InProcessNotificationCenter.h"
+#include "Profiles/ProfileStore.h"
+#include "Profiles/StoringFailure.h"
 #include "Simulation/Simulation.h"
 
 #include <gtest/gtest.h>
@@ -223,14 +225,25 @@ class FailingPreferences final : public Preferences {
         return canRead ? kept.data(key) : std::nullopt;
     }
     bool contains(const std::string& key) const override { return kept.contains(key); }
-    void setData(const std::string& key, const Data& data) override {
-        if (canWrite)
-            kept.setData(key, data);
+    std::optional<std::string> setData(const std::string& key, const Data& data) override {
+        ++writes;
+        if (writing == Writing::fails)
+            return "No space left on device";
+        return writing == Writing::works ? kept.setData(key, data) : std::nullopt;
     }
+    bool keepCopy(const std::string& key, const std::string& copy) override {
+        return kept.keepCopy(key, copy);
+    }
+    std::vector<std::string> keys(const std::string& prefix) const override {
+        return kept.keys(prefix);
+    }
+    void remove(const std::string& key) override { kept.remove(key); }
 
     InMemoryPreferences kept;
     bool canRead = true;
-    bool canWrite = true;
+    /// Some disks say nothing.
+    enum class Writing { works, fails, failsSilently } writing = Writing::works;
+    int writes = 0;
 };
 
 class AgentOnAFailingDisk : public testing::Test {
@@ -244,8 +257,9 @@ class AgentOnAFailingDisk : public testing::Test {
     std::vector<Profile> stored() { return ProfileStore(disk.kept).profiles(); }
     void send(const BridgeCommand& command) { Bridge(center).send(command); }
 
+    using Writing = FailingPreferences::Writing;
     static constexpr const char* notStored =
-        "Not everything could be stored yet. Another attempt follows.";
+        "Not everything could be stored: No space left on device. Another attempt follows.";
     static constexpr const char* unreadable =
         "The stored profiles cannot be read. They stay until you save others.";
     InProcessNotificationCenter center;
@@ -256,7 +270,7 @@ class AgentOnAFailingDisk : public testing::Test {
 
 TEST_F(AgentOnAFailingDisk, TellsThatASaveCouldNotBeStoredAndTriesAgain) {
     start();
-    disk.canWrite = false;
+    disk.writing = Writing::fails;
     send(command::SaveProfiles{mine});
     EXPECT_EQ(state().profiles, mine);
     EXPECT_EQ(state().status, notStored);
@@ -264,18 +278,97 @@ TEST_F(AgentOnAFailingDisk, TellsThatASaveCouldNotBeStoredAndTriesAgain) {
     simulation->advance(30);
     EXPECT_EQ(state().status, notStored);
     EXPECT_NE(stored(), mine);
-    disk.canWrite = true;
-    simulation->advance(Agent::storingInterval + 1);
+    disk.writing = Writing::works;
+    simulation->advance(CheckedPreferences::interval + 1);
     EXPECT_EQ(state().status, std::nullopt);
     EXPECT_EQ(stored(), mine);
     EXPECT_EQ(ProfileStore(disk.kept).selection(), Action(action::Fixed{0.5}));
 }
 
 TEST_F(AgentOnAFailingDisk, OffersTheStarterProfilesThoughTheyCannotBeStored) {
-    disk.canWrite = false;
+    disk.writing = Writing::fails;
     start();
     EXPECT_EQ(state().profiles, starterProfiles());
     EXPECT_EQ(state().status, notStored);
+}
+
+TEST_F(AgentOnAFailingDisk, ReadsBackWhatItStored) {
+    start();
+    disk.writing = Writing::failsSilently;
+    send(command::SetLaunchAtLogin{true});
+    EXPECT_EQ(state().status, "Not everything could be stored: it does not read back. Another "
+                              "attempt follows.");
+    disk.writing = Writing::works;
+    simulation->advance(CheckedPreferences::interval + 1);
+    EXPECT_EQ(state().status, std::nullopt);
+}
+
+TEST_F(AgentOnAFailingDisk, TriesAgainOnceAnInterval) {
+    start();
+    disk.writing = Writing::fails;
+    send(command::SaveProfiles{mine});
+    disk.writes = 0;
+    for (int request = 0; request < 100; ++request)
+        send(command::RequestState{});
+    EXPECT_EQ(disk.writes, 0);
+    simulation->advance(10 * CheckedPreferences::interval);
+    EXPECT_EQ(disk.writes, 10);
+}
+
+TEST_F(AgentOnAFailingDisk, TellsItBesideWhateverElseThereIsToTell) {
+    start();
+    disk.writing = Writing::fails;
+    send(command::SaveProfiles{mine});
+    send(command::CheckForUpdates{});
+    EXPECT_EQ(state().status, std::string("Tervale is up to date. ") + notStored);
+    EXPECT_TRUE(tellsStoringFailure(state()));
+}
+
+TEST_F(AgentOnAFailingDisk, StoresTheStartersOnlyWhereNothingWasStoredInTheMeantime) {
+    disk.writing = Writing::fails;
+    start();
+    ProfileStore(disk.kept).setProfiles(mine);
+    disk.writing = Writing::works;
+    simulation->advance(CheckedPreferences::interval + 1);
+    EXPECT_EQ(stored(), mine);
+    EXPECT_EQ(state().profiles, mine);
+    EXPECT_EQ(state().status, std::nullopt);
+}
+
+TEST_F(AgentOnAFailingDisk, LeavesASelectionThatCannotBeReadAtTheStart) {
+    start();
+    ProfileStore(disk.kept).setSelection(action::Fixed{0.5});
+    disk.canRead = false;
+    start();
+    send(command::StartTimer{action::Fixed{1}, 2});
+    send(command::SetLaunchAtLogin{true});
+    EXPECT_EQ(state().selection, Action(action::Automatic{}));
+    EXPECT_EQ(ProfileStore(disk.kept).selection(), Action(action::Fixed{0.5}));
+    disk.canRead = true;
+    simulation->advance(CheckedPreferences::interval + 1);
+    EXPECT_EQ(state().selection, Action(action::Fixed{0.5}));
+    EXPECT_EQ(state().profiles, starterProfiles());
+}
+
+TEST_F(AgentOnAFailingDisk, TellsOnceThatProfilesCannotBeRead) {
+    disk.kept.setData("profiles", {});
+    start();
+    simulation->advance(1000);
+    EXPECT_EQ(state().status, unreadable) << "until somebody is there";
+    send(command::Select{action::Fixed{0.5}});
+    simulation->advance(1000);
+    EXPECT_EQ(state().status, std::nullopt);
+}
+
+TEST_F(AgentOnAFailingDisk, KeepsTheLastThreeThatCouldNotBeRead) {
+    for (const char* text : {"1", "2", "3", "4"}) {
+        disk.kept.setString("profiles", text);
+        start();
+        simulation->advance(1);
+        send(command::SaveProfiles{mine});
+    }
+    EXPECT_EQ(disk.kept.keys("profiles.unreadable").size(), 3U);
+    EXPECT_EQ(stored(), mine);
 }
 
 TEST_F(AgentOnAFailingDisk, KeepsProfilesThatCannotBeReadAtTheStart) {
@@ -288,8 +381,7 @@ TEST_F(AgentOnAFailingDisk, KeepsProfilesThatCannotBeReadAtTheStart) {
     disk.canRead = true;
     simulation->advance(100);
     EXPECT_EQ(stored(), mine);
-    start();
-    EXPECT_EQ(state().profiles, mine);
+    EXPECT_EQ(state().profiles, mine) << "taken up as soon as they can be read";
     EXPECT_EQ(state().status, std::nullopt);
 }
 
@@ -301,9 +393,12 @@ TEST_F(AgentOnAFailingDisk, KeepsATextThatIsNoListUntilAPersonSavesAndThenBeside
     send(command::Select{action::Fixed{0.5}});
     EXPECT_EQ(disk.kept.data("profiles"), text);
     send(command::SaveProfiles{});
-    EXPECT_EQ(state().status, std::nullopt);
+    const std::string beside = "profiles.unreadable-2001-01-01T000000Z";
+    EXPECT_EQ(state().status, "The profiles that could not be read are kept as " + beside + ".");
     EXPECT_TRUE(stored().empty());
-    EXPECT_EQ(disk.kept.data("profiles.unreadable"), text);
+    EXPECT_EQ(disk.kept.data(beside), text);
+    simulation->advance(Agent::noticeDuration);
+    EXPECT_EQ(state().status, std::nullopt);
     start();
     EXPECT_EQ(state().status, std::nullopt) << "an empty list is a list";
 }

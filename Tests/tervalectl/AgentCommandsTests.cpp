@@ -1,5 +1,6 @@
 #include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
+#include "Profiles/StoringFailure.h"
 #include "tervalectl/CommandRunner.h"
 
 #include <QDateTime>
@@ -171,6 +172,15 @@ TEST_F(AgentCommands, AreRefusedByAnAgentThatDoesOtherwise) {
     EXPECT_EQ(output, "");
     EXPECT_EQ(agent.heard, (std::vector<BridgeCommand>{command::Select{action::Fixed{1}},
                                                        command::RequestState{}}));
+}
+
+TEST_F(AgentCommands, FailWhenTheAgentCouldNotStoreWhatItTook) {
+    obeyAll();
+    agent.state.status = storingFailure("Read-only file system");
+    EXPECT_EQ(run({"select", "max"}), ExitStatus::refused);
+    EXPECT_NE(errors.find("Read-only file system"), std::string::npos) << errors;
+    EXPECT_EQ(run({"launch-at-login", "on"}), ExitStatus::refused);
+    EXPECT_EQ(run({"timer", "max", "15m"}), ExitStatus::done) << "which is not stored";
 }
 
 TEST_F(AgentCommands, AreNotConfirmedByATimerThatWasThereBefore) {

@@ -1,5 +1,6 @@
 #include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
+#include "Profiles/StoringFailure.h"
 #include "Support/TemporaryFolder.h"
 #include "tervalectl/CommandRunner.h"
 
@@ -203,6 +204,17 @@ TEST_F(ProfileCommands, PrintTheStateThatConfirmsAnImport) {
     ASSERT_EQ(run({"profiles", "import", "--json", "-"}, encode(std::vector{busy})),
               ExitStatus::done);
     EXPECT_EQ(output, encode(agent.state) + '\n');
+}
+
+TEST_F(ProfileCommands, TellThatTheAgentCouldNotStoreThem) {
+    agent.state.status = "Too hot. " + storingFailure("No space left on device");
+    for (const QStringList& arguments :
+         std::vector<QStringList>{{"profiles", "import", "-"}, {"profiles", "remove", "Busy"}}) {
+        EXPECT_EQ(run(arguments, encode(std::vector{busy})), ExitStatus::refused);
+        EXPECT_NE(errors.find("could be stored: No space left on device."), std::string::npos)
+            << errors;
+        EXPECT_EQ(output, "");
+    }
 }
 
 TEST_F(ProfileCommands, TellThatTheAgentKeptItsProfiles) {

@@ -10,7 +10,9 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <pwd.h>
+#include <stdio.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -62,32 +64,45 @@ std::optional<Preferences::Data> readAll(int file) {
     }
 }
 
-/// Syncs the folder, so that created and renamed files survive a power cut.
-void syncFolder(const std::filesystem::path& folder) {
+/// Syncs the folder, so that created and renamed files survive a power cut. A file system that
+/// cannot do so for folders has nothing to sync.
+bool syncFolder(const std::filesystem::path& folder) {
     const FileDescriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor)
-        ::fsync(descriptor.number());
+    return descriptor && (::fsync(descriptor.number()) == 0 || errno == EINVAL);
 }
 
-void createFolder(const std::filesystem::path& folder) {
+bool createFolder(const std::filesystem::path& folder) {
     std::error_code error;
     if (folder.empty() || std::filesystem::exists(folder, error))
-        return;
-    createFolder(folder.parent_path());
-    if (::mkdir(folder.c_str(), S_IRWXU) == 0)
-        syncFolder(folder.parent_path());
+        return true;
+    if (!createFolder(folder.parent_path()))
+        return false;
+    if (::mkdir(folder.c_str(), S_IRWXU) != 0)
+        return errno == EEXIST;
+    return syncFolder(folder.parent_path());
 }
 
-/// Creates, writes and syncs the file that `pattern` becomes the name of. Its mode is 0600.
-bool writeTemporary(std::string& pattern, const Preferences::Data& data) {
+/// The system's words for the last error.
+std::string reason() {
+    return std::generic_category().message(errno);
+}
+
+/// Removes a file that nobody wants, and tells why.
+std::string givenUp(const std::string& path) {
+    std::string why = reason();
+    ::unlink(path.c_str());
+    return why;
+}
+
+/// Creates, writes and syncs the file that `pattern` becomes the name of. Its mode is 0600. Tells
+/// why if that fails.
+std::optional<std::string> writeTemporary(std::string& pattern, const Preferences::Data& data) {
     FileDescriptor file(::mkostemp(pattern.data(), O_CLOEXEC));
     if (!file)
-        return false;
-    const bool kept = writeAll(file.number(), data) && ::fsync(file.number()) == 0;
-    if (file.close() && kept)
-        return true;
-    ::unlink(pattern.c_str());
-    return false;
+        return reason();
+    if (!writeAll(file.number(), data) || ::fsync(file.number()) != 0 || !file.close())
+        return givenUp(pattern);
+    return std::nullopt;
 }
 
 /// What a temporary file's name begins with; the rest is six characters. The dot makes sure that it
@@ -160,22 +175,52 @@ bool FilePreferences::contains(const std::string& key) const {
     return ::lstat((folder / key).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
-void FilePreferences::setData(const std::string& key, const Data& data) {
+std::optional<std::string> FilePreferences::setData(const std::string& key, const Data& data) {
     precondition(isSafeKey(key), "a preferences key is no safe file name");
     if (data.size() > largestValue)
-        return;
-    createFolder(folder);
+        return std::generic_category().message(EFBIG);
+    if (!createFolder(folder))
+        return reason();
     const std::filesystem::path path = followed(folder / key);
     const std::filesystem::path place = path.parent_path();
     const std::string name = path.filename();
     removeLeftovers(place, name);
     std::string temporary = place / (temporaryPrefix(name) + "XXXXXX");
-    if (!writeTemporary(temporary, data))
-        return;
-    if (::rename(temporary.c_str(), path.c_str()) == 0)
-        syncFolder(place);
-    else
-        ::unlink(temporary.c_str());
+    if (auto why = writeTemporary(temporary, data))
+        return why;
+    if (::rename(temporary.c_str(), path.c_str()) != 0)
+        return givenUp(temporary);
+    return syncFolder(place) ? std::nullopt : std::optional(reason());
+}
+
+bool FilePreferences::keepCopy(const std::string& key, const std::string& copy) {
+    precondition(isSafeKey(key) && isSafeKey(copy), "a preferences key is no safe file name");
+    const std::filesystem::path source = followed(folder / key);
+    const std::filesystem::path target = folder / copy;
+    // A second name needs no room on a full disk, and no permission to read.
+    if (::linkat(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), 0) == 0)
+        return true;
+    // What has no second name, such as a folder, or lies elsewhere, is moved, if nothing is lost.
+    return errno != EEXIST &&
+           ::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0;
+}
+
+std::vector<std::string> FilePreferences::keys(const std::string& prefix) const {
+    std::vector<std::string> found;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        if (isSafeKey(name) && name.starts_with(prefix))
+            found.push_back(name);
+    }
+    std::ranges::sort(found);
+    return found;
+}
+
+void FilePreferences::remove(const std::string& key) {
+    precondition(isSafeKey(key), "a preferences key is no safe file name");
+    ::unlink((folder / key).c_str());
 }
 
 } // namespace tervale

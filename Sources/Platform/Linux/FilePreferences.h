@@ -3,7 +3,9 @@
 #include "Profiles/Preferences.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tervale {
 
@@ -13,8 +15,8 @@ std::filesystem::path configurationFolder();
 
 /// Preferences as one file a key in a folder of their own, readable by the user alone. A file is
 /// replaced in one step, so that after a power cut it holds the old value or the new one. Of a
-/// link, the target is replaced. A value that cannot be read counts as absent; a failed write is
-/// not reported. From any thread and process. A later write removes what an interrupted one leaves.
+/// link, the target is replaced. A value that cannot be read counts as absent. From any thread and
+/// process. A later write removes what an interrupted one leaves.
 ///
 /// A key is a file's name: 1 to 200 ASCII letters, digits, '.', '_' and '-', not beginning with a
 /// dot. Values of more than 16 MiB are neither read nor written.
@@ -25,7 +27,10 @@ class FilePreferences final : public Preferences {
 
     std::optional<Data> data(const std::string& key) const override;
     bool contains(const std::string& key) const override;
-    void setData(const std::string& key, const Data& data) override;
+    std::optional<std::string> setData(const std::string& key, const Data& data) override;
+    bool keepCopy(const std::string& key, const std::string& copy) override;
+    std::vector<std::string> keys(const std::string& prefix) const override;
+    void remove(const std::string& key) override;
 
   private:
     std::filesystem::path folder;

@@ -3,7 +3,9 @@
 #include "Profiles/Preferences.h"
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tervale {
 
@@ -18,7 +20,10 @@ class UserDefaultsPreferences final : public Preferences {
 
     std::optional<Data> data(const std::string& key) const override;
     bool contains(const std::string& key) const override;
-    void setData(const std::string& key, const Data& data) override;
+    std::optional<std::string> setData(const std::string& key, const Data& data) override;
+    bool keepCopy(const std::string& key, const std::string& copy) override;
+    std::vector<std::string> keys(const std::string& prefix) const override;
+    void remove(const std::string& key) override;
 
   private:
     struct Defaults;

@@ -3,6 +3,8 @@
 #include "Platform/macOS/FoundationText.h"
 #include "Platform/macOS/UserDefaultsDomain.h"
 
+#include <algorithm>
+
 namespace tervale {
 
 struct UserDefaultsPreferences::Defaults {
@@ -43,11 +45,45 @@ bool UserDefaultsPreferences::contains(const std::string& key) const {
     }
 }
 
-void UserDefaultsPreferences::setData(const std::string& key, const Data& data) {
+std::optional<std::string> UserDefaultsPreferences::setData(const std::string& key,
+                                                            const Data& data) {
     @autoreleasepool {
         [defaults->store setObject:[NSData dataWithBytes:data.data() length:data.size()]
                             forKey:foundationText(key)];
         // A program that ends at once must not take the value with it.
+        if (![defaults->store synchronize])
+            return "The system did not take it.";
+        return std::nullopt;
+    }
+}
+
+bool UserDefaultsPreferences::keepCopy(const std::string& key, const std::string& copy) {
+    @autoreleasepool {
+        id value = [defaults->store objectForKey:foundationText(key)];
+        if (value == nil || contains(copy))
+            return false;
+        [defaults->store setObject:value forKey:foundationText(copy)];
+        return [defaults->store synchronize];
+    }
+}
+
+std::vector<std::string> UserDefaultsPreferences::keys(const std::string& prefix) const {
+    @autoreleasepool {
+        std::vector<std::string> found;
+        NSArray* names = [[defaults->store dictionaryRepresentation] allKeys];
+        for (NSUInteger index = 0; index < [names count]; ++index) {
+            const auto name = standardText([names objectAtIndex:index]);
+            if (name && name->starts_with(prefix))
+                found.push_back(*name);
+        }
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+}
+
+void UserDefaultsPreferences::remove(const std::string& key) {
+    @autoreleasepool {
+        [defaults->store removeObjectForKey:foundationText(key)];
         [defaults->store synchronize];
     }
 }

@@ -226,6 +226,46 @@ TEST_F(FilePreferencesTest, ReadAFileThatCannotBeReachedAsAbsent) {
     EXPECT_FALSE(stored("key"));
 }
 
+TEST_F(FilePreferencesTest, TellWhyAValueCouldNotBeStored) {
+    EXPECT_EQ(FilePreferences(folder).setData("key", bytes("x")), std::nullopt);
+    EXPECT_EQ(FilePreferences(folder).setData("key", Preferences::Data(1 + (16U << 20U))),
+              std::generic_category().message(EFBIG));
+    fs::create_directory(folder / "profiles");
+    EXPECT_EQ(FilePreferences(folder).setData("profiles", bytes("x")),
+              std::generic_category().message(EISDIR));
+    EXPECT_EQ(FilePreferences(folder / "key" / "below").setData("key", bytes("x")),
+              std::generic_category().message(ENOTDIR));
+}
+
+TEST_F(FilePreferencesTest, KeepACopyOfWhatCannotBeRead) {
+    FilePreferences preferences(folder);
+    EXPECT_FALSE(preferences.keepCopy("absent", "copy"));
+    writeFile("huge", "");
+    fs::resize_file(folder / "huge", (16U << 20U) + 1);
+    EXPECT_TRUE(preferences.keepCopy("huge", "copy"));
+    EXPECT_EQ(preferences.setData("huge", bytes("small")), std::nullopt);
+    EXPECT_EQ(stored("huge"), bytes("small"));
+    EXPECT_EQ(fs::file_size(folder / "copy"), (16U << 20U) + 1);
+    EXPECT_FALSE(preferences.keepCopy("huge", "copy")) << "nothing is lost";
+    fs::create_directory(folder / "folder");
+    EXPECT_TRUE(preferences.keepCopy("folder", "other"));
+    EXPECT_EQ(preferences.setData("folder", bytes("x")), std::nullopt);
+    EXPECT_EQ(preferences.keys("o"), std::vector<std::string>{"other"});
+    preferences.remove("copy");
+    EXPECT_FALSE(preferences.contains("copy"));
+}
+
+TEST_F(FilePreferencesTest, KeepACopyOfWhatALinkLeadsTo) {
+    writeFile("target", "one");
+    fs::create_symlink("target", folder / "profiles");
+    FilePreferences preferences(folder);
+    EXPECT_TRUE(preferences.keepCopy("profiles", "copy"));
+    EXPECT_EQ(preferences.setData("profiles", bytes("two")), std::nullopt);
+    EXPECT_EQ(stored("copy"), bytes("one"));
+    EXPECT_EQ(stored("target"), bytes("two"));
+    EXPECT_TRUE(fs::is_symlink(folder / "profiles"));
+}
+
 TEST_F(FilePreferencesTest, ReadAFileThatMayNotBeReadAsAbsent) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "root may read every file";

@@ -196,7 +196,18 @@ bool Program::store(const std::string& verb, const std::string& domain, const st
         Preferences::Data data;
         for (const char byte : bytesOf(value))
             data.push_back(static_cast<std::byte>(byte));
-        UserDefaultsPreferences(domain).setData(key, data);
+        const auto why = UserDefaultsPreferences(domain).setData(key, data);
+        if (why)
+            say(*why);
+    } else if (verb == "copy") {
+        say(UserDefaultsPreferences(domain).keepCopy(key, value) ? "copied" : "not copied");
+    } else if (verb == "remove") {
+        UserDefaultsPreferences(domain).remove(key);
+    } else if (verb == "keys") {
+        std::string found = "keys";
+        for (const std::string& each : UserDefaultsPreferences(domain).keys(key))
+            found += ' ' + each;
+        say(found);
     } else {
         return false;
     }

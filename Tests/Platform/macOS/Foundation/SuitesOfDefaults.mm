@@ -7,6 +7,8 @@
 - (id)initWithDomain:(NSString*)name;
 - (id)objectForKey:(NSString*)key;
 - (void)setObject:(id)object forKey:(NSString*)key;
+- (void)removeObjectForKey:(NSString*)key;
+- (NSDictionary*)dictionaryRepresentation;
 - (BOOL)synchronize;
 @end
 
@@ -35,6 +37,19 @@
     [values addEntriesFromDictionary:[defaults persistentDomainForName:domain]];
     [values setObject:object forKey:key];
     [defaults setPersistentDomain:values forName:domain];
+}
+
+- (void)removeObjectForKey:(NSString*)key {
+    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
+    NSMutableDictionary* values = [NSMutableDictionary dictionary];
+    [values addEntriesFromDictionary:[defaults persistentDomainForName:domain]];
+    [values removeObjectForKey:key];
+    [defaults setPersistentDomain:values forName:domain];
+}
+
+- (NSDictionary*)dictionaryRepresentation {
+    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
+    return [defaults persistentDomainForName:domain];
 }
 
 - (BOOL)synchronize {

@@ -60,6 +60,20 @@ TEST_F(UserDefaultsPreferencesTest, ReadAValueOfAnotherTypeAsAbsent) {
     EXPECT_EQ(afterRestart("load d data"), "loaded x0102\n");
 }
 
+TEST_F(UserDefaultsPreferencesTest, KeepACopyOfWhateverIsThere) {
+    EXPECT_TRUE(session.writeDefault(QStringLiteral("d"), QStringLiteral("key"),
+                                     QStringLiteral("some text")));
+    EXPECT_EQ(afterRestart("copy d key copied-2"), "copied\n");
+    EXPECT_EQ(afterRestart("copy d absent copied-3"), "not copied\n");
+    EXPECT_TRUE(afterRestart("save d key x07"));
+    EXPECT_EQ(afterRestart("copy d key copied-2"), "not copied\n");
+    EXPECT_EQ(afterRestart("copy d key copied-1"), "copied\n");
+    EXPECT_EQ(afterRestart("load d copied-1"), "loaded x07\n");
+    EXPECT_EQ(afterRestart("keys d copied-"), "keys copied-1 copied-2\n");
+    EXPECT_TRUE(afterRestart("remove d copied-1"));
+    EXPECT_EQ(afterRestart("keys d copied-"), "keys copied-2\n");
+}
+
 TEST_F(UserDefaultsPreferencesTest, ReplaceAValueOfAnotherType) {
     EXPECT_TRUE(session.writeDefault(QStringLiteral("d"), QStringLiteral("key"),
                                      QStringLiteral("some text")));

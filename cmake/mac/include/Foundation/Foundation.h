@@ -29,7 +29,13 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 - (void)appendString:(NSString*)text;
 @end
 
+@interface NSArray : NSObject
+@property(readonly) NSUInteger count;
+- (id)objectAtIndex:(NSUInteger)index;
+@end
+
 @interface NSDictionary : NSObject
+@property(readonly, copy) NSArray* allKeys;
 - (id)objectForKey:(id)key;
 @end
 
@@ -48,6 +54,8 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 - (instancetype)initWithSuiteName:(NSString*)suiteName;
 - (id)objectForKey:(NSString*)name;
 - (void)setObject:(id)value forKey:(NSString*)name;
+- (void)removeObjectForKey:(NSString*)name;
+- (NSDictionary*)dictionaryRepresentation;
 - (BOOL)synchronize;
 @end
 
