@@ -7,10 +7,12 @@
 #include <cstring>
 #include <fcntl.h>
 #include <optional>
+#include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace tervale {
 
@@ -22,6 +24,9 @@ namespace {
 
 constexpr auto notFound = static_cast<IORegistry::Status>(0xe00002f0);
 constexpr auto notOpen = static_cast<IORegistry::Status>(0xe00002cd);
+
+/// How often whoever waits is thought of.
+constexpr std::chrono::milliseconds lookInterval{500};
 
 constexpr auto socketType = SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK;
 
@@ -53,6 +58,12 @@ void removeStale(const std::filesystem::path& path, const sockaddr_un& address) 
         throw systemRefusal(path);
 }
 
+/// Whether a client waits to be accepted.
+bool isAwaited(int socket) {
+    pollfd waiting{socket, POLLIN, 0};
+    return ::poll(&waiting, 1, 0) > 0;
+}
+
 std::string className(const IORegistry::Structure& structure) {
     const char* text = reinterpret_cast<const char*>(structure.data());
     return {text, ::strnlen(text, structure.size())};
@@ -67,7 +78,8 @@ class SocketServer::Client {
         : server(server),
           registry(server.registry),
           socket(std::move(accepted)),
-          input(socket.number(), QSocketNotifier::Read) {
+          input(socket.number(), QSocketNotifier::Read),
+          lastRequest(server.now()) {
         QObject::connect(&input, &QSocketNotifier::activated, &input, [this] { serve(); });
     }
     ~Client() {
@@ -79,6 +91,10 @@ class SocketServer::Client {
     Client(const Client&) = delete;
     Client& operator=(const Client&) = delete;
 
+    /// Who has opened nothing goes first.
+    auto precedence() const { return std::pair(connection.has_value(), lastRequest); }
+    bool isSilent() const { return server.now() - lastRequest >= longestSilence; }
+
   private:
     /// One request a turn of the event loop, so that no client keeps the others waiting. The last
     /// thing that happens here is that the client may be destroyed.
@@ -87,6 +103,7 @@ class SocketServer::Client {
         const ssize_t length = ::recv(socket.number(), &request, sizeof request, MSG_TRUNC);
         if (length < 0 && (errno == EAGAIN || errno == EINTR))
             return;
+        lastRequest = server.now();
         const auto reply =
             length == static_cast<ssize_t>(sizeof request) ? answer(request) : std::nullopt;
         // A client without room for a reply has sent on without reading any.
@@ -137,14 +154,16 @@ class SocketServer::Client {
     IORegistry& registry;
     FileDescriptor socket;
     QSocketNotifier input;
+    TimePoint lastRequest;
     bool searched = false;
     std::optional<IORegistry::Service> service;
     std::optional<IORegistry::Connection> connection;
 };
 
-SocketServer::SocketServer(IORegistry& served, const std::filesystem::path& socketPath)
+SocketServer::SocketServer(IORegistry& served, const std::filesystem::path& socketPath, Now clock)
     : registry(served),
       path(std::filesystem::absolute(socketPath)),
+      now(std::move(clock)),
       socket(::socket(AF_UNIX, socketType, 0)) {
     if (!socket)
         throw systemRefusal(path);
@@ -152,6 +171,9 @@ SocketServer::SocketServer(IORegistry& served, const std::filesystem::path& sock
     file = identityOf(path);
     arrivals = std::make_unique<QSocketNotifier>(socket.number(), QSocketNotifier::Read);
     connect(arrivals.get(), &QSocketNotifier::activated, this, &SocketServer::acceptClients);
+    anotherLook.setSingleShot(true);
+    anotherLook.setInterval(lookInterval);
+    connect(&anotherLook, &QTimer::timeout, this, &SocketServer::acceptClients);
 }
 
 SocketServer::~SocketServer() {
@@ -187,7 +209,8 @@ void SocketServer::listen() {
 }
 
 void SocketServer::acceptClients() {
-    while (clients.size() < mostClients) {
+    // Nobody is hung up on unless somebody waits.
+    while (clients.size() < mostClients || (isAwaited(socket.number()) && makeRoom())) {
         FileDescriptor accepted(
             ::accept4(socket.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (!accepted) {
@@ -197,7 +220,22 @@ void SocketServer::acceptClients() {
         }
         clients.push_back(std::make_unique<Client>(*this, std::move(accepted)));
     }
-    arrivals->setEnabled(false);
+    // Whoever waits would have the loop called again at once and for ever.
+    const bool awaited = isAwaited(socket.number());
+    arrivals->setEnabled(!awaited);
+    if (awaited)
+        anotherLook.start();
+}
+
+bool SocketServer::makeRoom() {
+    std::vector<const Client*> silent;
+    for (const auto& client : clients)
+        if (client->isSilent())
+            silent.push_back(client.get());
+    if (silent.empty())
+        return false;
+    remove(*std::ranges::min_element(silent, {}, &Client::precedence));
+    return true;
 }
 
 void SocketServer::remove(const Client* client) {

@@ -5,9 +5,12 @@
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
 
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -18,7 +21,8 @@ namespace tervale {
 
 /// Serves a registry to other processes through a socket, which only this user can connect to. What
 /// a client has opened is closed when it hangs up; one that sends rubbish, or does not take its
-/// replies, is hung up on. Served from the event loop of the thread that made the object.
+/// replies, is hung up on. When there are as many as can be, one that has been silent for long
+/// gives way to a new one. Served from the event loop of the thread that made the object.
 class SocketServer final : public QObject {
     Q_OBJECT
 
@@ -28,12 +32,18 @@ class SocketServer final : public QObject {
         using std::runtime_error::runtime_error;
     };
 
-    /// More clients than this wait until others leave.
+    using TimePoint = std::chrono::steady_clock::time_point;
+    using Now = std::function<TimePoint()>;
+
+    /// More clients than this wait until others leave or give way.
     static constexpr std::size_t mostClients = 64;
+    /// A client that asked for nothing this long gives way. Windows ask every second.
+    static constexpr std::chrono::seconds longestSilence{10};
 
     /// Throws `Refused`: above all where another process serves already. A socket that nobody
     /// serves any more is replaced; any other file is left alone. `registry` outlives the server.
-    SocketServer(IORegistry& registry, const std::filesystem::path& path);
+    SocketServer(IORegistry& registry, const std::filesystem::path& path,
+                 Now now = &std::chrono::steady_clock::now);
     ~SocketServer() override;
 
     std::size_t clientCount() const { return clients.size(); }
@@ -52,13 +62,18 @@ class SocketServer final : public QObject {
     void listen();
     void acceptClients();
     void remove(const Client* client);
+    /// Hangs up on the client that has been silent longest, if that is long enough.
+    bool makeRoom();
 
     IORegistry& registry;
     std::filesystem::path path;
+    Now now;
     FileDescriptor socket;
     FileIdentity file;
     std::unique_ptr<QSocketNotifier> arrivals;
     std::vector<std::unique_ptr<Client>> clients;
+    /// Looks for room again while there are arrivals and none.
+    QTimer anotherLook;
 };
 
 } // namespace tervale

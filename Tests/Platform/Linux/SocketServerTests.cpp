@@ -205,6 +205,38 @@ TEST_F(SocketServerTest, LetsClientsWaitWhenThereAreMany) {
     EXPECT_TRUE(eventually([&] { return late.hasInput(); }));
 }
 
+TEST_F(SocketServerTest, LetsTheSilentGiveWayToTheNew) {
+    SocketServer::TimePoint now{};
+    const SocketServer server(registry, path, [&] { return now; });
+    const RawSocket window = client();
+    openController(window);
+    std::vector<RawSocket> silent;
+    for (std::size_t i = 1; i < SocketServer::mostClients; ++i)
+        silent.push_back(client());
+    ASSERT_TRUE(eventually([&] { return server.clientCount() == SocketServer::mostClients; }));
+    now += SocketServer::longestSilence - std::chrono::milliseconds(1);
+    EXPECT_EQ(answerTo(window, exchange).size(), 84U);
+    const RawSocket late = client();
+    late.send(findRequest("AppleSMC"));
+    EXPECT_EQ(answerTo(window, exchange).size(), 84U);
+    EXPECT_FALSE(late.hasInput()) << "nobody was silent for long";
+    now += std::chrono::milliseconds(1);
+    ASSERT_TRUE(eventually([&] { return late.hasInput(); }));
+    openController(client());
+    EXPECT_EQ(answerTo(window, exchange).size(), 84U) << "who is served stays";
+    EXPECT_GE(server.clientCount(), SocketServer::mostClients - 2) << "one for each newcomer";
+}
+
+TEST_F(SocketServerTest, KeepsSilentClientsWhileThereIsRoom) {
+    SocketServer::TimePoint now{};
+    const SocketServer server(registry, path, [&] { return now; });
+    const RawSocket window = client();
+    openController(window);
+    now += 100 * SocketServer::longestSilence;
+    openController(client());
+    EXPECT_EQ(answerTo(window, exchange).size(), 84U);
+}
+
 TEST_F(SocketServerTest, SurvivesAnythingThatASimulatedMacIsAsked) {
     SimulatedMac mac;
     const SocketServer server(mac, path);
