@@ -78,6 +78,11 @@ Agent::Agent(Surroundings surroundings)
     takeUpProfiles();
     tellUnreadable();
     commandObserver = bridge.onCommand([this](const BridgeCommand& command) { handle(command); });
+    // Whoever was out of reach has missed what was published.
+    channelObserver = bridge.onChannel([this](Channel channel) {
+        if (channel == Channel::back)
+            publish();
+    });
     control();
     publish();
 }

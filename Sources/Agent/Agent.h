@@ -97,6 +97,7 @@ class Agent {
     bool selectionUnreadable = false;
     Date nextReading;
     ObserverToken commandObserver;
+    ObserverToken channelObserver;
 };
 
 } // namespace tervale

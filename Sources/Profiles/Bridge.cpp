@@ -133,4 +133,8 @@ ObserverToken Bridge::onQuitWindow(std::function<void()> handler) {
         quitName, [handler = std::move(handler)](const std::optional<std::string>&) { handler(); });
 }
 
+ObserverToken Bridge::onChannel(std::function<void(Channel)> handler) {
+    return center.observeChannel(std::move(handler));
+}
+
 } // namespace tervale

@@ -98,6 +98,8 @@ class Bridge {
     [[nodiscard]] ObserverToken onCommand(std::function<void(const BridgeCommand&)> handler);
     [[nodiscard]] ObserverToken onState(std::function<void(const BridgeState&)> handler);
     [[nodiscard]] ObserverToken onQuitWindow(std::function<void()> handler);
+    /// See `NotificationCenter::observeChannel`.
+    [[nodiscard]] ObserverToken onChannel(std::function<void(Channel)> handler);
 
   private:
     NotificationCenter& center;

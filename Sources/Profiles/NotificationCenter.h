@@ -32,6 +32,9 @@ class ObserverToken {
     std::function<void()> unregister;
 };
 
+/// What has become of the way to the other programs.
+enum class Channel { gone, back };
+
 /// The machine-wide channel between the window and the menu-bar agent: a name, and at most one
 /// string. Nothing is acknowledged or repeated, and what nobody observes is lost.
 class NotificationCenter {
@@ -45,6 +48,9 @@ class NotificationCenter {
     /// Calls the handler on the main thread for every notification of that name, from any sender;
     /// without a string when the notification carries none.
     [[nodiscard]] virtual ObserverToken observe(const std::string& name, Handler handler) = 0;
+    /// Calls the handler on the main thread when the other programs cannot be reached any more, and
+    /// when they can be again; what was posted in between is lost. Never where that cannot happen.
+    [[nodiscard]] virtual ObserverToken observeChannel(std::function<void(Channel)>) { return {}; }
 };
 
 } // namespace tervale

@@ -1,5 +1,6 @@
 #include "Base/Overloaded.h"
 #include "Base/Terminal.h"
+#include "Machine/SessionEnd.h"
 #include "Platform/Linux/TerminationSignals.h"
 #include "Platform/Platform.h"
 #include "Profiles/InProcessNotificationCenter.h"
@@ -43,6 +44,7 @@ int simulate(const SimulatorCommandLine::Run& run) {
     const auto preferences = makePreferences("tervale-simulation");
     try {
         const Simulator simulator(run, *center, *preferences);
+        const SessionEnd sessionEnd(*center, [] { QCoreApplication::quit(); });
         announce(run, simulator);
         return QCoreApplication::exec();
     } catch (const SocketServer::Refused& refusal) {

@@ -35,6 +35,10 @@ std::optional<std::string> isoDate(Date date) {
         .toStdString();
 }
 
+Failure sessionGone() {
+    return {ExitStatus::noAnswer, "The way to the agent is gone: the session bus has ended."};
+}
+
 } // namespace
 
 AgentConnection::AgentConnection(const Context& context)
@@ -48,7 +52,26 @@ AgentConnection::AgentConnection(const Context& context)
           confirmed = awaited(state);
           if (confirmed)
               loop.quit();
-      })) {}
+      })),
+      channel(bridge.onChannel([this](Channel state) { follow(state); })) {
+    patience.setSingleShot(true);
+    patience.setInterval(milliseconds(timeout));
+    QObject::connect(&patience, &QTimer::timeout, &loop, &QEventLoop::quit);
+}
+
+void AgentConnection::follow(Channel state) {
+    lost = state == Channel::gone;
+    if (!following) {
+        loop.quit();
+        return;
+    }
+    if (lost) {
+        patience.start();
+        return;
+    }
+    patience.stop();
+    bridge.send(command::RequestState{});
+}
 
 BridgeState AgentConnection::state() {
     return perform(command::RequestState{}, [](const BridgeState&) { return true; });
@@ -58,10 +81,7 @@ BridgeState AgentConnection::perform(const BridgeCommand& command, Confirms conf
     awaited = std::move(confirms);
     latest.reset();
     confirmed = false;
-    QTimer patience;
-    patience.setSingleShot(true);
-    QObject::connect(&patience, &QTimer::timeout, &loop, &QEventLoop::quit);
-    patience.start(milliseconds(timeout));
+    patience.start();
     // An agent that found nothing to change may have kept silent.
     QTimer reminder;
     reminder.setSingleShot(true);
@@ -73,6 +93,9 @@ BridgeState AgentConnection::perform(const BridgeCommand& command, Confirms conf
     if (!confirmed)
         loop.exec();
     awaited = nullptr;
+    patience.stop();
+    if (lost)
+        throw sessionGone();
     if (!latest)
         throw noAnswer();
     if (!confirmed)
@@ -86,8 +109,12 @@ void AgentConnection::follow(const std::function<bool(const BridgeState&)>& want
         return;
     confirmed = false;
     awaited = [&wantsMore](const BridgeState& state) { return !wantsMore(state); };
+    following = true;
     loop.exec();
+    following = false;
     awaited = nullptr;
+    if (lost)
+        throw sessionGone();
 }
 
 Failure AgentConnection::noAnswer() const {

@@ -4,6 +4,7 @@
 #include "tervalectl/Context.h"
 
 #include <QEventLoop>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -33,6 +34,7 @@ class AgentConnection {
 
   private:
     Failure noAnswer() const;
+    void follow(Channel channel);
 
     Machine machine;
     Bridge bridge;
@@ -41,8 +43,14 @@ class AgentConnection {
     Confirms awaited;
     std::optional<BridgeState> latest;
     bool confirmed = false;
+    /// The way to the agent is gone.
+    bool lost = false;
+    /// Following goes on after the way was gone for less than the timeout.
+    bool following = false;
+    QTimer patience;
     QEventLoop loop;
     ObserverToken states;
+    ObserverToken channel;
 };
 
 /// The state as the agent publishes it, and "timerEndsAt": the same as "timerEnds", in ISO 8601 and

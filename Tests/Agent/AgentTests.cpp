@@ -5,6 +5,7 @@
 #include "Profiles/ProfileStore.h"
 #include "Profiles/StoringFailure.h"
 #include "Simulation/Simulation.h"
+#include "Support/BreakableCenter.h"
 
 #include <gtest/gtest.h>
 
@@ -401,6 +402,26 @@ TEST_F(AgentOnAFailingDisk, KeepsATextThatIsNoListUntilAPersonSavesAndThenBeside
     EXPECT_EQ(state().status, std::nullopt);
     start();
     EXPECT_EQ(state().status, std::nullopt) << "an empty list is a list";
+}
+
+TEST(AgentOnABreakableChannel, DrivesTheFansMeanwhileAndTellsItsStateAfterwards) {
+    BreakableCenter center;
+    InMemoryPreferences preferences;
+    std::vector<BridgeState> heard;
+    const ObserverToken token =
+        Bridge(center).onState([&](const BridgeState& state) { heard.push_back(state); });
+    Simulation simulation({.scenario = Scenario::idle, .fillers = 0}, center, preferences);
+    Bridge(center).send(command::StartTimer{action::Fixed{1}, 60});
+    heard.clear();
+    center.change(Channel::gone);
+    simulation.advance(30);
+    EXPECT_TRUE(SMC(simulation.mac()).fan(0).manual);
+    simulation.advance(31);
+    EXPECT_FALSE(SMC(simulation.mac()).fan(0).manual);
+    EXPECT_TRUE(heard.empty());
+    center.change(Channel::back);
+    ASSERT_EQ(heard.size(), 1U);
+    EXPECT_EQ(heard[0], simulation.agent()->currentState());
 }
 
 TEST_F(AgentTest, HandsTheFansBack) {

@@ -93,6 +93,31 @@ TEST_F(TwoProcessesTest, MirrorAndCommandAnAgentThatIsNoneOfOurs) {
         << monitor->output().constData();
 }
 
+TEST_F(TwoProcessesTest, MeetAgainOnABusThatWasStartedAnew) {
+    DBusNotificationCenter lasting([this] { return bus.connect(); });
+    Bridge lastingBridge(lasting);
+    std::vector<BridgeState> states;
+    const ObserverToken token =
+        lastingBridge.onState([&](const BridgeState& state) { states.push_back(state); });
+    const SimulatorProgram simulator(bus);
+    lastingBridge.send(command::Select{action::Fixed{1}});
+    ASSERT_TRUE(eventually(
+        [&] { return !states.empty() && states.back().selection == Action(action::Fixed{1}); }));
+    bool back = false;
+    const ObserverToken channel =
+        lasting.observeChannel([&](Channel state) { back = state == Channel::back; });
+    bus.stop();
+    bus.start();
+    ASSERT_TRUE(eventually([&] { return back; }));
+    states.clear();
+    ASSERT_TRUE(eventually([&] {
+        lastingBridge.send(command::RequestState{});
+        return !states.empty();
+    }));
+    EXPECT_EQ(states.back().selection, Action(action::Fixed{1}));
+    EXPECT_TRUE(simulator.runs());
+}
+
 TEST_F(TwoProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {
     const SimulatorProgram simulator(bus);
     openModel();

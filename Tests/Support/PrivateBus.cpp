@@ -7,14 +7,17 @@ namespace tervale {
 PrivateBus::PrivateBus() {
     std::filesystem::create_directory(runtimeFolder());
     std::filesystem::permissions(runtimeFolder(), std::filesystem::perms::owner_all);
+    busAddress =
+        QStringLiteral("unix:path=%1").arg(QString::fromStdString(folder.path / "bus.socket"));
+    start();
+}
+
+void PrivateBus::start() {
     daemon.emplace(QStringLiteral("dbus-daemon"),
                    QStringList{QStringLiteral("--session"), QStringLiteral("--nofork"),
-                               QStringLiteral("--print-address"),
-                               QStringLiteral("--address=unix:dir=%1")
-                                   .arg(QString::fromStdString(folder.path.string()))},
+                               QStringLiteral("--print-address"), "--address=" + busAddress},
                    QProcessEnvironment::systemEnvironment());
     daemon->says("\n");
-    busAddress = QString::fromUtf8(daemon->output().trimmed());
 }
 
 PrivateBus::~PrivateBus() {

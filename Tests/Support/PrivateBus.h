@@ -20,6 +20,9 @@ class PrivateBus {
     PrivateBus& operator=(const PrivateBus&) = delete;
 
     QString address() const { return busAddress; }
+    /// Ends the bus, and starts another one at the same address.
+    void stop() { daemon.reset(); }
+    void start();
     /// A connection of its own to the bus.
     QDBusConnection connect();
     /// Returns once the bus has done what it was told through the connection.

@@ -1,6 +1,7 @@
 #include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/StoringFailure.h"
+#include "Support/BreakableCenter.h"
 #include "tervalectl/CommandRunner.h"
 
 #include <QDateTime>
@@ -236,6 +237,37 @@ TEST_F(AgentCommands, TakeAnyAnswerToACheckForUpdates) {
     agent.state.status = "Tervale is up to date";
     EXPECT_EQ(run({"check-for-updates"}), ExitStatus::done);
     EXPECT_EQ(output, "Tervale is up to date\n");
+}
+
+TEST_F(AgentCommands, EndWhenTheSessionBusDoes) {
+    BreakableCenter breakable;
+    otherCenter = &breakable;
+    QTimer::singleShot(0, &later, [&] { breakable.change(Channel::gone); });
+    EXPECT_EQ(run({"select", "max"}), ExitStatus::noAnswer);
+    EXPECT_EQ(errors, "tervalectl: The way to the agent is gone: the session bus has ended.\n");
+}
+
+TEST_F(AgentCommands, FollowTheStateOnANewSessionBus) {
+    BreakableCenter breakable;
+    ScriptedAgent other(breakable);
+    otherCenter = &breakable;
+    QTimer::singleShot(0, &later, [&] {
+        breakable.change(Channel::gone);
+        other.state.status = "Too hot";
+        breakable.change(Channel::back);
+    });
+    ASSERT_EQ(run({"state", "--follow", "--count", "2"}), ExitStatus::done) << errors;
+    EXPECT_TRUE(output.ends_with(" Too hot\n")) << output;
+}
+
+TEST_F(AgentCommands, FollowNobodyOnceTheSessionBusIsGoneForGood) {
+    BreakableCenter breakable;
+    ScriptedAgent other(breakable);
+    otherCenter = &breakable;
+    timeout = 0.05;
+    QTimer::singleShot(0, &later, [&] { breakable.change(Channel::gone); });
+    EXPECT_EQ(run({"state", "--follow"}), ExitStatus::noAnswer);
+    EXPECT_NE(errors.find("the session bus has ended"), std::string::npos) << errors;
 }
 
 TEST_F(AgentCommands, IgnoreRubbishWhileTheyWait) {

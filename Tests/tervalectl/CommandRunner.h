@@ -31,11 +31,13 @@ class CommandRunner {
     IORegistry* registry = &mac;
     SimulatedClock clock{{12 * 3600.0}};
     InProcessNotificationCenter center{&runOnMainThread};
+    /// Asked in place of the other, if there is one.
+    NotificationCenter* otherCenter = nullptr;
     /// What it shares belongs to the test.
     Machine machine() {
         const std::shared_ptr<void> nobody;
         return {std::shared_ptr<IORegistry>(nobody, registry),
-                std::shared_ptr<NotificationCenter>(nobody, &center),
+                std::shared_ptr<NotificationCenter>(nobody, otherCenter ? otherCenter : &center),
                 [this] { return std::optional(mac.load()); }};
     }
     /// In seconds, for the agent; in place of the option.

@@ -3,7 +3,9 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace tervale {
 
@@ -29,11 +31,25 @@ std::optional<std::string> objectOf(const QDBusMessage& message) {
     return arguments[1].toString().toStdString();
 }
 
+/// Connections that are told apart by name, since a lost one keeps its own until it is let go.
+QDBusConnection newSessionConnection() {
+    static int number = 0;
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                         QStringLiteral("tervale-%1").arg(++number));
+}
+
 } // namespace
 
-DBusObserver::DBusObserver(NotificationCenter::Handler observing, QObject* parent)
+DBusObserver::DBusObserver(std::string name, NotificationCenter::Handler observing, QObject* parent)
     : QObject(parent),
+      name(std::move(name)),
       handler(std::move(observing)) {}
+
+void DBusObserver::join(QDBusConnection connection) {
+    if (!retired)
+        connection.connect(QString(), path, interface, member, {QString::fromStdString(name)},
+                           QString(), this, SLOT(receive(QDBusMessage)));
+}
 
 void DBusObserver::retire() {
     retired = true;
@@ -48,13 +64,84 @@ void DBusObserver::receive(const QDBusMessage& message) {
 std::unique_ptr<DBusNotificationCenter> DBusNotificationCenter::onSessionBus() {
     if (!sessionBusIsThere())
         return nullptr;
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    return bus.isConnected() ? std::make_unique<DBusNotificationCenter>(bus) : nullptr;
+    auto center = std::make_unique<DBusNotificationCenter>(&newSessionConnection);
+    return center->current().isConnected() ? std::move(center) : nullptr;
 }
 
-DBusNotificationCenter::DBusNotificationCenter(const QDBusConnection& bus) : connection(bus) {}
+DBusNotificationCenter::DBusNotificationCenter(Connector connector)
+    : DBusNotificationCenter(connector, connector()) {}
 
-DBusNotificationCenter::~DBusNotificationCenter() = default;
+DBusNotificationCenter::DBusNotificationCenter(const QDBusConnection& bus)
+    : DBusNotificationCenter(nullptr, bus) {}
+
+DBusNotificationCenter::DBusNotificationCenter(Connector making, const QDBusConnection& bus)
+    : connector(std::move(making)),
+      connection(bus) {
+    retry.setSingleShot(true);
+    QObject::connect(&retry, &QTimer::timeout, &retry, [this] { connectAgain(); });
+    watch();
+}
+
+DBusNotificationCenter::~DBusNotificationCenter() {
+    // A connection that the center made is nobody else's.
+    if (connector)
+        QDBusConnection::disconnectFromBus(current().name());
+}
+
+QDBusConnection DBusNotificationCenter::current() const {
+    const std::lock_guard lock(mutex);
+    return connection;
+}
+
+void DBusNotificationCenter::watch() {
+    lossObserver = std::make_unique<DBusObserver>(
+        std::string(), [this](const auto&) { lost(); }, nullptr);
+    current().connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                      QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                      lossObserver.get(), SLOT(receive(QDBusMessage)));
+}
+
+void DBusNotificationCenter::lost() {
+    if (connector && !retry.isActive()) {
+        wait = shortestWait;
+        retry.start(wait);
+    }
+    tell(Channel::gone);
+}
+
+void DBusNotificationCenter::connectAgain() {
+    const QDBusConnection fresh = connector();
+    if (!fresh.isConnected()) {
+        QDBusConnection::disconnectFromBus(fresh.name());
+        wait = std::min(2 * wait, longestWait);
+        retry.start(wait);
+        return;
+    }
+    QDBusConnection::disconnectFromBus(current().name());
+    {
+        const std::lock_guard lock(mutex);
+        connection = fresh;
+    }
+    watch();
+    for (QObject* observer : observers.children())
+        static_cast<DBusObserver*>(observer)->join(fresh);
+    tell(Channel::back);
+}
+
+void DBusNotificationCenter::tell(Channel channel) const {
+    // A handler may let go of itself, of others and of the center.
+    const auto observing = channelObservers;
+    std::vector<std::uint64_t> numbers;
+    for (const auto& [number, handler] : observing->handlers)
+        numbers.push_back(number);
+    for (const std::uint64_t number : numbers) {
+        const auto found = observing->handlers.find(number);
+        if (found == observing->handlers.end())
+            continue;
+        const auto handler = found->second;
+        handler(channel);
+    }
+}
 
 void DBusNotificationCenter::post(const std::string& name,
                                   const std::optional<std::string>& object) {
@@ -64,16 +151,24 @@ void DBusNotificationCenter::post(const std::string& name,
     signal << QString::fromStdString(name);
     if (object)
         signal << QString::fromStdString(*object);
-    connection.send(signal);
+    current().send(signal);
 }
 
 ObserverToken DBusNotificationCenter::observe(const std::string& name, Handler handler) {
-    auto* observer = new DBusObserver(std::move(handler), &observers);
-    connection.connect(QString(), path, interface, member, {QString::fromStdString(name)},
-                       QString(), observer, SLOT(receive(QDBusMessage)));
+    auto* observer = new DBusObserver(name, std::move(handler), &observers);
+    observer->join(current());
     return ObserverToken([observer = QPointer(observer)] {
         if (observer)
             observer->retire();
+    });
+}
+
+ObserverToken DBusNotificationCenter::observeChannel(std::function<void(Channel)> handler) {
+    const std::uint64_t number = channelObservers->next++;
+    channelObservers->handlers.emplace(number, std::move(handler));
+    return ObserverToken([weak = std::weak_ptr(channelObservers), number] {
+        if (const auto observing = weak.lock())
+            observing->handlers.erase(number);
     });
 }
 

@@ -5,10 +5,19 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QObject>
+#include <QTimer>
 
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
+#include <mutex>
+#include <string>
 
 namespace tervale {
+
+class DBusObserver;
 
 /// The notification center of a user's session: a notification is a broadcast signal on a D-Bus
 /// bus, from any sender.
@@ -21,23 +30,54 @@ namespace tervale {
 /// | argument  | s: the notification's name                                 |
 /// | argument  | s: its string; left out when the notification carries none |
 ///
-/// A notification whose arguments are others counts as one without a string. Observed on the main
+/// A notification whose arguments are others counts as one without a string. When the bus is gone,
+/// the center looks for another at the same address, less and less often. Observed on the main
 /// thread, whose event loop delivers; posted from any.
 class DBusNotificationCenter final : public NotificationCenter {
   public:
+    /// Makes a connection, with a name of its own, to the bus that is there now.
+    using Connector = std::function<QDBusConnection()>;
+
+    /// How long the center waits before it looks for a bus again: first, and in the end.
+    static constexpr std::chrono::milliseconds shortestWait{250};
+    static constexpr std::chrono::milliseconds longestWait{8000};
+
     /// On the session bus; null if there is none.
     static std::unique_ptr<DBusNotificationCenter> onSessionBus();
 
+    explicit DBusNotificationCenter(Connector connector);
+    /// On this connection, for as long as it lasts.
     explicit DBusNotificationCenter(const QDBusConnection& connection);
     ~DBusNotificationCenter() override;
 
     void post(const std::string& name, const std::optional<std::string>& object) override;
     [[nodiscard]] ObserverToken observe(const std::string& name, Handler handler) override;
+    [[nodiscard]] ObserverToken observeChannel(std::function<void(Channel)> handler) override;
 
   private:
+    struct ChannelObservers {
+        std::map<std::uint64_t, std::function<void(Channel)>> handlers;
+        std::uint64_t next = 0;
+    };
+
+    DBusNotificationCenter(Connector connector, const QDBusConnection& connection);
+
+    QDBusConnection current() const;
+    void watch();
+    void lost();
+    void connectAgain();
+    void tell(Channel channel) const;
+
+    /// Empty for a center that looks for no other bus.
+    Connector connector;
+    mutable std::mutex mutex;
     QDBusConnection connection;
     /// Owns the observers.
     QObject observers;
+    std::unique_ptr<DBusObserver> lossObserver;
+    std::shared_ptr<ChannelObservers> channelObservers = std::make_shared<ChannelObservers>();
+    QTimer retry;
+    std::chrono::milliseconds wait = shortestWait;
 };
 
 /// One registration.
@@ -45,8 +85,10 @@ class DBusObserver final : public QObject {
     Q_OBJECT
 
   public:
-    DBusObserver(NotificationCenter::Handler handler, QObject* parent);
+    DBusObserver(std::string name, NotificationCenter::Handler handler, QObject* parent);
 
+    /// Has the connection's bus deliver to it.
+    void join(QDBusConnection connection);
     /// No call of the handler begins any more; one that runs may finish.
     void retire();
 
@@ -54,6 +96,7 @@ class DBusObserver final : public QObject {
     void receive(const QDBusMessage& message);
 
   private:
+    std::string name;
     NotificationCenter::Handler handler;
     bool retired = false;
 };

@@ -19,6 +19,11 @@ void TervaleWindowApp::launch(Pane pane) {
         if (auto timer = makeTolerantTimer(1s, 200ms, [this] { model->refresh(); }))
             model->pollWith(std::move(timer));
     }
+    // What the agent published while it was out of reach is lost.
+    channelObserver = bridge.onChannel([this](Channel channel) {
+        if (channel == Channel::back)
+            bridge.send(command::RequestState{});
+    });
     content = std::make_unique<ContentView>(*model, bridge, pane);
     content->setObjectName(QStringLiteral("main"));
     content->setWindowTitle(QStringLiteral("Tervale"));

@@ -37,6 +37,7 @@ class TervaleWindowApp {
     WindowDelegate delegate{makeOpenMenuCanceller()};
     std::unique_ptr<Model> model;
     std::unique_ptr<ContentView> content;
+    ObserverToken channelObserver;
 };
 
 } // namespace tervale

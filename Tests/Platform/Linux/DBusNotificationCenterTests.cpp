@@ -4,6 +4,7 @@
 
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
@@ -191,6 +192,50 @@ TEST_F(DBusNotificationCenterTest, LosesWhatIsPostedOnceTheBusIsGone) {
     ASSERT_TRUE(eventually([&] { return !doomedConnection.isConnected(); }));
     left.post("a.b", "x");
     const ObserverToken late = left.observe("a.c", [](const auto&) {});
+}
+
+TEST_F(DBusNotificationCenterTest, FindsABusThatIsAtTheAddressAgain) {
+    std::vector<Channel> channels;
+    Received received;
+    DBusNotificationCenter lasting([this] { return bus.connect(); });
+    const ObserverToken channelToken =
+        lasting.observeChannel([&](Channel channel) { channels.push_back(channel); });
+    const ObserverToken before =
+        lasting.observe("a.b", [&](const auto& object) { received.push_back(object); });
+    for (int round = 0; round < 3; ++round) {
+        received.clear();
+        channels.clear();
+        bus.stop();
+        ASSERT_TRUE(eventually([&] { return channels.size() == 1; }));
+        EXPECT_EQ(channels[0], Channel::gone);
+        lasting.post("a.b", "lost");
+        const ObserverToken meanwhile =
+            lasting.observe("a.c", [&](const auto& object) { received.push_back(object); });
+        bus.start();
+        ASSERT_TRUE(eventually([&] { return channels.size() == 2; }));
+        EXPECT_EQ(channels[1], Channel::back);
+        lasting.post("a.b", "own");
+        lasting.post("a.c", "new");
+        ASSERT_TRUE(eventually([&] { return received.size() == 2; }));
+        EXPECT_EQ(received, (Received{"own", "new"}));
+    }
+}
+
+TEST_F(DBusNotificationCenterTest, LooksForABusLessAndLessOften) {
+    int attempts = 0;
+    std::vector<Channel> channels;
+    DBusNotificationCenter lasting([&] {
+        ++attempts;
+        return bus.connect();
+    });
+    const ObserverToken token =
+        lasting.observeChannel([&](Channel channel) { channels.push_back(channel); });
+    bus.stop();
+    QElapsedTimer time;
+    time.start();
+    ASSERT_TRUE(eventually([&] { return attempts == 4; }));
+    EXPECT_GE(time.elapsed(), 1700) << "250, 500 and 1000 ms";
+    EXPECT_EQ(channels, std::vector{Channel::gone});
 }
 
 TEST_F(DBusNotificationCenterTest, UnderstandsAndIsUnderstoodByOthersTools) {
