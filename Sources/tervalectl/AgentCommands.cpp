@@ -93,7 +93,7 @@ Action resolve(const ActionArgument& text, AgentConnection& agent) {
 }
 
 ExitStatus perform(const BridgeCommand& command, AgentConnection::Confirms confirms,
-                    Context& context) {
+                   Context& context) {
     printConfirmation(AgentConnection(context).perform(command, std::move(confirms)), context);
     return ExitStatus::done;
 }
