@@ -1,5 +1,6 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QFontDatabase>
 #include <QOperatingSystemVersion>
@@ -57,6 +58,18 @@ QString firstInstalledFamily(const QStringList& families, const QString& otherwi
 QStringList familiesInFile(const QString& path) {
     const int file = QFile::exists(path) ? QFontDatabase::addApplicationFont(path) : -1;
     return file < 0 ? QStringList() : QFontDatabase::applicationFontFamilies(file);
+}
+
+void keepDesignedWeight() {
+    constexpr const char* variable = "FREETYPE_PROPERTIES";
+    const QByteArray property = "cff:darkening-parameters";
+    const QByteArray set = qgetenv(variable);
+    if (set.contains(property))
+        return;
+    // The toolkit switches the emboldening on by itself, whatever the environment says; how much it
+    // comes to, for four widths of a stem, is left to choose.
+    const QByteArray none = property + "=500,0,1000,0,1667,0,2333,0";
+    qputenv(variable, (set + ' ' + none).trimmed());
 }
 
 QFont systemFont(int size, QFont::Weight weight) {

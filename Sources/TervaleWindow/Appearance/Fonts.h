@@ -15,6 +15,11 @@ inline constexpr int body = 13;
 inline constexpr int title = 15;
 } // namespace fontSize
 
+/// Lets text be as heavy as its font is drawn. On Linux the font engine otherwise emboldens the
+/// small text of fonts of the kind that "Inter" is. What the user set for the engine stays. Before
+/// the first text of the process.
+void keepDesignedWeight();
+
 /// The user interface's font. On Linux "Inter" where it is installed, elsewhere the system's own.
 QFont systemFont(int size, QFont::Weight weight = QFont::Normal);
 /// The same in the rounded design where the system has one.

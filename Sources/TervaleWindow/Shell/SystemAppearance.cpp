@@ -2,6 +2,7 @@
 
 #include "Platform/Platform.h"
 #include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Style/WindowStyle.h"
@@ -67,6 +68,7 @@ void useSystemAppearance([[maybe_unused]] QApplication& application, ControlDraw
     askForHighContrast(makeIncreasedContrast());
     if (drawing == ControlDrawing::system)
         return;
+    keepDesignedWeight();
     const bool themed = desktopHasPalette();
     // Brings the fonts along, each kind of control its own.
     QApplication::setStyle(new WindowStyle);

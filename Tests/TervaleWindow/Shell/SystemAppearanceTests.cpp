@@ -11,6 +11,21 @@
 
 using namespace tervale;
 
+namespace {
+
+constexpr const char* fontEngine = "FREETYPE_PROPERTIES";
+
+/// Gives the variable its value back.
+class KeptFontEngine {
+  public:
+    ~KeptFontEngine() { qputenv(fontEngine, before); }
+
+  private:
+    QByteArray before = qgetenv(fontEngine);
+};
+
+} // namespace
+
 class SystemAppearance : public testing::Test {
   protected:
     void SetUp() override { useSystemAppearance(*qApp, ControlDrawing::window); }
@@ -35,6 +50,28 @@ TEST_F(SystemAppearance, LeavesStylePaletteAndFontsToASystemThatDrawsItsControls
     EXPECT_EQ(qobject_cast<WindowStyle*>(QApplication::style()), nullptr);
     EXPECT_EQ(QApplication::palette().color(QPalette::Highlight), QColor(Qt::red));
     EXPECT_EQ(QApplication::font().pointSize(), 17);
+}
+
+TEST_F(SystemAppearance, HasTheFontEngineKeepTheWeightOfFonts) {
+    const KeptFontEngine kept;
+    qunsetenv(fontEngine);
+    useSystemAppearance(*qApp, ControlDrawing::window);
+    EXPECT_TRUE(qgetenv(fontEngine).startsWith("cff:darkening-parameters="));
+    const QByteArray chosen = "truetype:interpreter-version=35";
+    qputenv(fontEngine, chosen);
+    useSystemAppearance(*qApp, ControlDrawing::window);
+    EXPECT_TRUE(qgetenv(fontEngine).startsWith(chosen + " cff:darkening-parameters="));
+    const QByteArray weight = "cff:darkening-parameters=500,400,1000,200,1500,100,2000,0";
+    qputenv(fontEngine, weight);
+    useSystemAppearance(*qApp, ControlDrawing::window);
+    EXPECT_EQ(qgetenv(fontEngine), weight);
+}
+
+TEST_F(SystemAppearance, LeavesTheFontEngineAloneWhereTheSystemDraws) {
+    const KeptFontEngine kept;
+    qunsetenv(fontEngine);
+    useSystemAppearance(*qApp, ControlDrawing::system);
+    EXPECT_FALSE(qEnvironmentVariableIsSet(fontEngine));
 }
 
 TEST_F(SystemAppearance, MarksWhatIsSelectedInTheAccentColor) {

@@ -41,6 +41,7 @@ Look lookUnderTest() {
 }
 
 void wear(Look look) {
+    keepDesignedWeight();
     if (look == Look::own) {
         QApplication::setStyle(new WindowStyle);
     } else {
