@@ -2,8 +2,14 @@
 
 #include "TervaleWindow/Appearance/Theme.h"
 
+#include <QEvent>
+#include <QGuiApplication>
+#include <QObject>
+#include <QPointer>
+
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace tervale {
@@ -43,14 +49,46 @@ double contrast(double first, double second) {
     return (high + 0.05) / (low + 0.05);
 }
 
-std::function<bool()>& systemContrast() {
-    static std::function<bool()> query;
-    return query;
+/// What the system last said.
+std::optional<bool>& systemContrast() {
+    static std::optional<bool> wanted;
+    return wanted;
 }
 
+/// Asks the system again when its looks may have changed, before any widget hears of it: to ask
+/// while painting would take too long.
+class ContrastWatch final : public QObject {
+  public:
+    explicit ContrastWatch(std::function<bool()> query) : query(std::move(query)) {
+        ask();
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const QEvent::Type type = event->type();
+        // Many hear of a new palette; whoever is the first may draw at once.
+        const bool newPalette =
+            (type == QEvent::PaletteChange || type == QEvent::ApplicationPaletteChange) &&
+            QGuiApplication::palette().cacheKey() != palette;
+        if (newPalette || type == QEvent::ThemeChange)
+            ask();
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void ask() {
+        systemContrast() = query();
+        palette = QGuiApplication::palette().cacheKey();
+    }
+
+    std::function<bool()> query;
+    /// The application's, when the system was last asked.
+    qint64 palette = 0;
+};
+
 bool isHighContrast(double labelLuminance, double groundLuminance) {
-    if (const auto& query = systemContrast())
-        return query();
+    if (const std::optional<bool> wanted = systemContrast())
+        return *wanted;
     // Black text on a pale grey is usual; only black and white themselves come near 21 : 1.
     return contrast(labelLuminance, groundLuminance) > 19;
 }
@@ -128,7 +166,13 @@ QPalette paletteOf(const Basics& basics) {
 } // namespace
 
 void askForHighContrast(std::function<bool()> query) {
-    systemContrast() = std::move(query);
+    static QPointer<ContrastWatch> watch;
+    delete watch;
+    systemContrast().reset();
+    if (!query)
+        return;
+    watch = new ContrastWatch(std::move(query));
+    watch->setParent(qApp);
 }
 
 Colors Colors::of(const QPalette& palette) {

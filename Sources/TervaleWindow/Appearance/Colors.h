@@ -40,7 +40,8 @@ struct Colors {
     QColor figure(double celsius) const;
 };
 
-/// Asks `query` from now on whether the user wants more contrast; with none, the palette tells.
+/// Asks `query` whether the user wants more contrast: now, and whenever the system changes the
+/// application's palette or its theme. With none, the palette tells. Needs the application object.
 void askForHighContrast(std::function<bool()> query);
 
 /// The palettes that the window draws with where the desktop brings none of its own.

@@ -1,11 +1,16 @@
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Theme.h"
 
+#include <QApplication>
+#include <QEvent>
+#include <QWidget>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 using namespace tervale;
 
@@ -109,20 +114,74 @@ INSTANTIATE_TEST_SUITE_P(Colors, HighContrast,
                          testing::Values(plainPalette(Qt::white, Qt::black),
                                          plainPalette(Qt::black, Qt::white)));
 
-TEST(Colors, HaveTheContrastThatTheSystemSaysWhereItCanBeAsked) {
-    // The palette of a Mac with more contrast: black, but on a pale grey.
+/// A system that can be asked whether more contrast is wanted.
+class SystemContrast : public testing::Test {
+  protected:
+    SystemContrast() {
+        askForHighContrast([this] {
+            ++asked;
+            return increased;
+        });
+    }
+    ~SystemContrast() override {
+        askForHighContrast(nullptr);
+        QApplication::setPalette(before);
+    }
+
+    /// The palette of a Mac with more contrast: black, but on a pale grey.
     const QPalette grey = plainPalette(QColor(0xec, 0xec, 0xec), Qt::black);
-    EXPECT_FALSE(Colors::of(grey).highContrast);
+    const QPalette before = QApplication::palette();
     bool increased = true;
-    askForHighContrast([&] { return increased; });
+    int asked = 0;
+};
+
+TEST_F(SystemContrast, CountsWhateverThePalette) {
     const Colors high = Colors::of(grey);
-    increased = false;
-    const Colors usual = Colors::of(plainPalette(Qt::white, Qt::black));
-    askForHighContrast(nullptr);
     EXPECT_TRUE(high.highContrast);
     EXPECT_EQ(high.figure(45), high.label);
+    increased = false;
+    QApplication::setPalette(plainPalette(Qt::white, Qt::black));
+    const Colors usual = Colors::of(QApplication::palette());
     EXPECT_FALSE(usual.highContrast);
     EXPECT_GT(high.line.alphaF(), usual.line.alphaF());
+}
+
+TEST_F(SystemContrast, IsAskedForOnlyWhenTheLooksChange) {
+    for (int paint = 0; paint < 100; ++paint)
+        Colors::of(grey);
+    EXPECT_EQ(asked, 1);
+    QApplication::setPalette(grey);
+    EXPECT_EQ(asked, 2);
+    QWidget window;
+    QEvent theme(QEvent::ThemeChange);
+    QApplication::sendEvent(&window, &theme);
+    EXPECT_EQ(asked, 3);
+}
+
+TEST_F(SystemContrast, IsKnownBeforeAnyWidgetHearsOfThePalette) {
+    /// Takes its colours when it hears of a palette.
+    class Listener : public QWidget {
+      public:
+        std::vector<bool> heard;
+
+      protected:
+        void changeEvent(QEvent* event) override {
+            if (event->type() == QEvent::PaletteChange)
+                heard.push_back(Colors::of(palette()).highContrast);
+        }
+    };
+    Listener listener;
+    increased = false;
+    listener.show();
+    increased = false;
+    QApplication::setPalette(grey);
+    QApplication::processEvents();
+    ASSERT_FALSE(listener.heard.empty());
+    EXPECT_FALSE(listener.heard.front());
+}
+
+TEST(Colors, HaveTheContrastOfThePaletteWhereNoSystemIsAsked) {
+    EXPECT_FALSE(Colors::of(plainPalette(QColor(0xec, 0xec, 0xec), Qt::black)).highContrast);
     EXPECT_TRUE(Colors::of(plainPalette(Qt::white, Qt::black)).highContrast);
 }
 
