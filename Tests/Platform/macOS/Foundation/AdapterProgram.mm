@@ -4,9 +4,12 @@
 #include "Platform/macOS/BundleMetadata.h"
 #include "Platform/macOS/DistributedNotificationCenter.h"
 #include "Platform/macOS/FoundationText.h"
+#include "Platform/macOS/TolerantTimer.h"
 #include "Platform/macOS/UserDefaultsPreferences.h"
 
 #import <Foundation/Foundation.h>
+#include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <map>
@@ -92,12 +95,14 @@ class Program {
     bool notify(const std::string& verb, const std::string& name, const std::string& argument);
     bool store(const std::string& verb, const std::string& domain, const std::string& key,
                const std::string& value);
+    bool time(const std::string& verb, const std::string& interval, const std::string& tolerance);
     NotificationCenter::Handler handler(const std::string& name);
     void countLeft();
 
     std::unique_ptr<DistributedNotificationCenter> center =
         std::make_unique<DistributedNotificationCenter>();
     std::map<std::string, ObserverToken> tokens;
+    std::shared_ptr<void> timer;
     /// Every handler owns it too.
     std::shared_ptr<int> owned = std::make_shared<int>();
 };
@@ -132,6 +137,13 @@ NotificationCenter::Handler Program::handler(const std::string& name) {
     };
 }
 
+/// Lets what is due happen. This implementation of Foundation runs the common modes by themselves.
+void serveRunLoop() {
+    for (NSString *mode in
+         [NSArray arrayWithObjects:NSDefaultRunLoopMode, NSRunLoopCommonModes, nil])
+        [[NSRunLoop currentRunLoop] runMode:mode beforeDate:[NSDate date]];
+}
+
 /// Says how many objects a hundred rounds of everything leave behind.
 void Program::countLeft() {
     // Made once, because opening defaults leaves a string of the library's own behind.
@@ -141,6 +153,9 @@ void Program::countLeft() {
             const ObserverToken token = center->observe("counted", [](const auto&) {});
             center->post("uncounted", "\xFF");
             center->post("uncounted", std::nullopt);
+            tolerantTimer(std::chrono::hours(1), std::chrono::hours(1), [] {});
+            // Forgets the timer.
+            serveRunLoop();
             preferences.setData("key", Preferences::Data(3));
             preferences.data("key");
             preferences.data("absent");
@@ -214,6 +229,21 @@ bool Program::store(const std::string& verb, const std::string& domain, const st
     return true;
 }
 
+bool Program::time(const std::string& verb, const std::string& interval,
+                   const std::string& tolerance) {
+    using Milliseconds = std::chrono::milliseconds;
+    if (verb == "start-timer") {
+        timer = tolerantTimer(Milliseconds(std::stoi(interval)), Milliseconds(std::stoi(tolerance)),
+                              [tick = handler("tick")] { tick(std::nullopt); });
+        say("late by up to " + std::to_string(std::lround(latestTimerTolerance() * 1000)));
+    } else if (verb == "stop-timer") {
+        timer.reset();
+    } else {
+        return false;
+    }
+    return true;
+}
+
 bool Program::perform(const std::string& line) {
     std::istringstream words(line);
     std::string verb, first, second, third;
@@ -222,7 +252,8 @@ bool Program::perform(const std::string& line) {
         say(programHasBundle() ? "bundle" : "no bundle");
     else if (verb == "bundle-text")
         say("text " + described(bundleText(first)));
-    else if (!notify(verb, first, second) && !store(verb, first, second, third))
+    else if (!notify(verb, first, second) && !store(verb, first, second, third) &&
+             !time(verb, first, second))
         return false;
     say("done " + verb);
     return true;
@@ -245,7 +276,7 @@ int main() {
         say("ready");
         while (true) {
             @autoreleasepool {
-                [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
+                serveRunLoop();
                 std::string line;
                 if (!hasInput())
                     continue;
