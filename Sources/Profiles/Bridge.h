@@ -85,6 +85,9 @@ class Bridge {
     /// The longest text, in bytes; many times that of a state with more profiles than people make.
     /// A longer one is not even read, so that no notification holds its receivers up.
     static constexpr std::size_t maximumTextSize = std::size_t{256} * 1024;
+    /// The longest text, in bytes, of a list of profiles that commands and states carry, whatever
+    /// else a state tells.
+    static constexpr std::size_t maximumProfilesSize = maximumTextSize - std::size_t{2} * 1024;
     /// Whether a state's text is short enough to be published.
     static bool fits(const BridgeState& state);
 

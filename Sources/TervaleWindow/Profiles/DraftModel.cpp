@@ -1,9 +1,26 @@
 #include "TervaleWindow/Profiles/DraftModel.h"
 
+#include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
+
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace tervale {
+
+namespace {
+
+/// In the text of a list; 0 for a profile that cannot be written, which has problems anyway.
+std::size_t textSizeOf(const Profile& profile) {
+    try {
+        return encode(profile).size();
+    } catch (const EncodingError&) {
+        return 0;
+    }
+}
+
+} // namespace
 
 DraftModel::DraftModel(Validator validator, QObject* parent)
     : QObject(parent),
@@ -17,6 +34,13 @@ DraftModel::Problems DraftModel::problemsOfSelected() const {
 bool DraftModel::invalid() const {
     return std::any_of(found.begin(), found.end(),
                        [](const Problems& problems) { return !problems.empty(); });
+}
+
+bool DraftModel::tooLong() const {
+    // The brackets of the list, and a comma before each profile but the first.
+    const std::size_t between = textSizes.empty() ? 2 : 1 + textSizes.size();
+    return std::accumulate(textSizes.begin(), textSizes.end(), between) >
+           Bridge::maximumProfilesSize;
 }
 
 void DraftModel::select(const std::optional<UUID>& id) {
@@ -54,7 +78,7 @@ void DraftModel::change(const Change& change) {
     if (working == before)
         return;
     if (working.profiles != before.profiles || working.loaded != before.loaded) {
-        validateAll();
+        judgeAll();
         emit listChanged();
     } else if (working.selection != before.selection) {
         emit selectionChanged();
@@ -62,11 +86,13 @@ void DraftModel::change(const Change& change) {
     emit changed();
 }
 
-void DraftModel::validateAll() {
+void DraftModel::judgeAll() {
     found.clear();
-    found.reserve(profiles().size());
-    for (const Profile& profile : profiles())
+    textSizes.clear();
+    for (const Profile& profile : profiles()) {
         found.push_back(validator(profile, profiles()));
+        textSizes.push_back(textSizeOf(profile));
+    }
 }
 
 void DraftModel::perform(const ProfileEdit& edit) {
@@ -77,6 +103,7 @@ void DraftModel::perform(const ProfileEdit& edit) {
     Problems problems = validator(profiles()[*index], profiles());
     const bool judged = problems != found[*index];
     found[*index] = std::move(problems);
+    textSizes[*index] = textSizeOf(profiles()[*index]);
     emit edited(edit, *index);
     if (judged)
         emit problemsChanged(*index);

@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
@@ -34,8 +35,10 @@ class DraftModel final : public QObject {
     Problems problemsOfSelected() const;
     /// Whether any profile has problems.
     bool invalid() const;
+    /// Whether the bridge cannot carry the draft, since its text is too long.
+    bool tooLong() const;
     bool canRevert() const { return working.canRevert(); }
-    bool canSave() const { return canRevert() && !invalid(); }
+    bool canSave() const { return canRevert() && !invalid() && !tooLong(); }
 
     void select(const std::optional<UUID>& id);
     void add(const std::string& name, const ProfileKind& kind);
@@ -63,12 +66,13 @@ class DraftModel final : public QObject {
     /// Runs what may change the whole list.
     template <class Change>
     void change(const Change& change);
-    void validateAll();
+    void judgeAll();
 
     Validator validator;
     ProfilesDraft working;
-    /// Of each profile, in their order.
+    // Of each profile, in their order.
     std::vector<Problems> found;
+    std::vector<std::size_t> textSizes;
 };
 
 } // namespace tervale

@@ -128,8 +128,7 @@ QWidget* ProfilesView::makeEmptyState() {
 }
 
 QWidget* ProfilesView::makeBottomBar() {
-    notice = new SymbolLabel(Symbol::exclamationTriangle, tr("Fix the marked profiles to save."),
-                             TextColor::warning);
+    notice = new SymbolLabel(Symbol::exclamationTriangle, QString(), TextColor::warning);
     notice->setOverflow(Overflow::wrap);
     notice->hide();
     revertButton = new QPushButton(tr("Revert"));
@@ -152,7 +151,12 @@ void ProfilesView::followModel() {
 }
 
 void ProfilesView::showButtons() {
-    notice->setVisible(draft.invalid());
+    // What is marked comes first: it may well be what is too long.
+    const bool invalid = draft.invalid();
+    notice->setText(invalid
+                        ? tr("Fix the marked profiles to save.")
+                        : tr("The profiles are too long to save. Shorten names or remove some."));
+    notice->setVisible(invalid || draft.tooLong());
     enable(*revertButton, draft.canRevert());
     enable(*saveButton, draft.canSave());
 }

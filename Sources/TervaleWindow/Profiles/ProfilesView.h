@@ -29,7 +29,7 @@ class ProfilesView final : public QWidget {
                  DraftModel::Validator validator = problems);
     ~ProfilesView() override;
 
-    /// Sends the draft, if it differs from what is saved and has no problems.
+    /// Sends the draft, if it differs from what is saved, has no problems and is not too long.
     void save();
     /// Throws the draft away for what is saved.
     void revert();
