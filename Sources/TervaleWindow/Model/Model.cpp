@@ -6,13 +6,10 @@
 #include <QThread>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
 
 namespace tervale {
-
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -54,26 +51,17 @@ const TemperatureInputSet& Model::summaryInputs() {
 }
 
 Model::Model(IORegistry& registry, Bridge& bridge, const Clock& clock, const Visibility& visibility,
-             QObject* parent)
-    : QObject(parent),
-      clock(clock),
+             const TimerFactory& makeTimer)
+    : clock(clock),
       visibility(visibility) {
     open(registry);
     stateObserver = bridge.onState([this](const BridgeState& state) { apply(state); });
     bridge.send(command::RequestState{});
     refresh();
-    // A coarse timer may be late by a twentieth, which lets the system wake up for many at once.
-    timer.setTimerType(Qt::CoarseTimer);
-    connect(&timer, &QTimer::timeout, this, &Model::refresh);
-    timer.start(1s);
+    timer = makeTimer(pollInterval, pollTolerance, [this] { refresh(); });
 }
 
 Model::~Model() = default;
-
-void Model::pollWith(std::shared_ptr<void> running) {
-    timer.stop();
-    systemTimer = std::move(running);
-}
 
 void Model::open(IORegistry& registry) {
     try {

@@ -3,12 +3,13 @@
 #include "Profiles/Bridge.h"
 #include "Profiles/SensorSampler.h"
 #include "SMC/SMC.h"
+#include "TervaleWindow/Model/RepeatingTimer.h"
 #include "TervaleWindow/Model/Visibility.h"
 
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -40,14 +41,19 @@ class Model final : public QObject {
     /// All sensors are read on every poll whose number is a multiple of this.
     static constexpr std::int64_t sensorsInterval = 5;
 
+    /// The time from one poll to the next, and how much later than that it may come.
+    static constexpr std::chrono::seconds pollInterval{1};
+    static constexpr std::chrono::milliseconds pollTolerance{200};
+
     /// What the summary holds: the hottest sensor of every group but `other`, and the average of
     /// the groups whose average is meaningful.
     static const TemperatureInputSet& summaryInputs();
 
     /// Opens the controller, finds its sensors, asks the agent for its state, polls once and starts
-    /// the timer. A controller that cannot be opened stays absent. All four outlive the model.
+    /// the timer of the polls. A controller that cannot be opened stays absent. The first four
+    /// outlive the model.
     Model(IORegistry& registry, Bridge& bridge, const Clock& clock, const Visibility& visibility,
-          QObject* parent = nullptr);
+          const TimerFactory& makeTimer = &makeToolkitTimer);
     ~Model() override;
 
     const std::vector<DisplayFan>& fans() const { return fansShown; }
@@ -72,9 +78,6 @@ class Model final : public QObject {
     void readAllSensors();
     /// One poll, as the timer makes it.
     void refresh();
-    /// Leaves the polls to a timer of the system's, which calls `refresh` every second as long as
-    /// it lives. The model keeps it.
-    void pollWith(std::shared_ptr<void> running);
 
     /// An action's name for people: "Max", "50%", a profile's name, "Missing profile", "Automatic".
     QString nameOf(const Action& action) const;
@@ -112,10 +115,9 @@ class Model final : public QObject {
     bool sensorsVisible = false;
     std::unique_ptr<SMC> smc;
     std::optional<SensorSampler> sampler;
-    QTimer timer{this};
-    std::shared_ptr<void> systemTimer;
-    ObserverToken stateObserver;
     std::int64_t ticks = 0;
+    ObserverToken stateObserver;
+    std::shared_ptr<void> timer;
 };
 
 /// Whether a list of fans differs from the one shown in a way that is worth showing.

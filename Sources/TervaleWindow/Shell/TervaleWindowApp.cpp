@@ -6,19 +6,27 @@
 
 namespace tervale {
 
-using namespace std::chrono_literals;
+namespace {
+
+/// The system's timers, which save energy, where it has some.
+TimerFactory timers() {
+    // Tests run on other platforms of the toolkit's, which serve no timers of the system's.
+    if (QGuiApplication::platformName() != QLatin1String("cocoa"))
+        return &makeToolkitTimer;
+    return [](auto interval, auto tolerance, const auto& handler) {
+        auto timer = makeTolerantTimer(interval, tolerance, handler);
+        return timer ? timer : makeToolkitTimer(interval, tolerance, handler);
+    };
+}
+
+} // namespace
 
 TervaleWindowApp::TervaleWindowApp(Machine chosen)
     : machine(std::move(chosen)),
       bridge(*machine.notificationCenter) {}
 
 void TervaleWindowApp::launch(Pane pane) {
-    model = std::make_unique<Model>(*machine.registry, bridge, clock, visibility);
-    // Tests run on other platforms of the toolkit's, which serve no timers of the system's.
-    if (QGuiApplication::platformName() == QLatin1String("cocoa")) {
-        if (auto timer = makeTolerantTimer(1s, 200ms, [this] { model->refresh(); }))
-            model->pollWith(std::move(timer));
-    }
+    model = std::make_unique<Model>(*machine.registry, bridge, clock, visibility, timers());
     // What the agent published while it was out of reach is lost.
     channelObserver = bridge.onChannel([this](Channel channel) {
         if (channel == Channel::back)

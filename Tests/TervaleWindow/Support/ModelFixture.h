@@ -12,12 +12,13 @@
 
 namespace tervale {
 
-/// A model on a fake controller, with a test in the place of the agent.
+/// A model on a fake controller, with a test in the place of the agent, which also says when a
+/// second is over.
 class ModelFixture : public testing::Test {
   protected:
     /// To be called once the controller is set up.
     Model& makeModel() {
-        model = std::make_unique<Model>(controller, bridge, clock, visibility);
+        model = std::make_unique<Model>(controller, bridge, clock, visibility, timer.factory());
         return *model;
     }
     void publish(const BridgeState& state) { bridge.publish(state); }
@@ -29,6 +30,7 @@ class ModelFixture : public testing::Test {
     Bridge bridge{center};
     SettableClock clock;
     SettableVisibility visibility;
+    SettableTimer timer;
     std::unique_ptr<Model> model;
 
   private:
