@@ -1,47 +1,12 @@
 #include "JSON/JSON.h"
 #include "JSON/Sample.h"
+#include "Support/Allocations.h"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
-#include <new>
 #include <string>
 #include <variant>
-
-// Every allocation of this program is counted, so it holds no other tests.
-
-namespace {
-
-std::size_t allocated = 0;
-
-void* allocate(std::size_t size) {
-    allocated += size;
-    if (void* memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 using namespace tervale;
 
@@ -58,10 +23,10 @@ std::string longText(const std::string& element) {
 /// What is allocated, in bytes, to decode the text; the result counts as well.
 template <class Value>
 std::size_t bytesToDecode(const std::string& text) {
-    const std::size_t before = allocated;
+    const std::size_t before = allocations().bytes;
     const Decoded<Value> result = decode<Value>(text);
     EXPECT_TRUE(std::holds_alternative<Value>(result)) << std::get<DecodingError>(result).text();
-    return allocated - before;
+    return allocations().bytes - before;
 }
 
 } // namespace
@@ -77,7 +42,7 @@ TEST(JSONMemory, TakesNoMoreThanAFewTimesWhatIsRead) {
 }
 
 TEST(CountOfAllocations, SeesAString) {
-    const std::size_t before = allocated;
+    const std::size_t before = allocations().bytes;
     EXPECT_EQ(std::string(1000, 'x').size(), 1000U);
-    EXPECT_GT(allocated - before, 1000U);
+    EXPECT_GT(allocations().bytes - before, 1000U);
 }

@@ -1,46 +1,11 @@
 #include "Profiles/Controller.h"
+#include "Support/Allocations.h"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <vector>
-
-// Every allocation of this program is counted, so it holds no other tests.
-
-namespace {
-
-std::size_t allocations = 0;
-
-void* allocate(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 using namespace tervale;
 
@@ -56,9 +21,9 @@ const std::vector<Profile> profiles{
     {UUID{{3}}, "A schedule of the curve above, in a single window",
      kind::Schedule{{{0, 1, action::Fixed{0.5}}, {1, 0, action::Profile{UUID{{2}}}}}}}};
 
-/// The allocations of one whole tick: what must be sampled, the readings, the target.
+/// The allocations().count of one whole tick: what must be sampled, the readings, the target.
 std::size_t allocationsOfTick(Controller& controller, const Action& action, double celsius) {
-    const std::size_t before = allocations;
+    const std::size_t before = allocations().count;
     const Needs needs = Controller::needs(action, profiles, 720);
     Inputs inputs{{{cpuHottest, celsius + 10}}, {}, 720};
     if (needs.temperatures.contains(cpuAverage))
@@ -66,7 +31,7 @@ std::size_t allocationsOfTick(Controller& controller, const Action& action, doub
     if (needs.load)
         inputs.load = celsius;
     const Target target = controller.target(action, profiles, inputs);
-    const std::size_t counted = allocations - before;
+    const std::size_t counted = allocations().count - before;
     EXPECT_TRUE(std::holds_alternative<target::Speed>(target));
     return counted;
 }
@@ -83,8 +48,8 @@ TEST(ControllerTick, AllocatesNothing) {
 }
 
 TEST(CountOfAllocations, SeesACopyOfACurve) {
-    const std::size_t before = allocations;
+    const std::size_t before = allocations().count;
     const auto copy = std::make_unique<Curve>(curve);
-    EXPECT_EQ(allocations - before, 2U);
+    EXPECT_EQ(allocations().count - before, 2U);
     EXPECT_EQ(*copy, curve);
 }

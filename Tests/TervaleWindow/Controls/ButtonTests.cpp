@@ -5,8 +5,6 @@
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
 
-#include <QBoxLayout>
-#include <QFocusFrame>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTimer>
@@ -15,25 +13,7 @@ using namespace tervale;
 
 namespace {
 
-struct ButtonTest : ControlsFixture {
-    QWidget window;
-    QVBoxLayout rows{&window};
-
-    template <typename Control>
-    Control& show(Control* control) {
-        rows.addWidget(control, 0, Qt::AlignLeft);
-        present(window);
-        return *control;
-    }
-
-    QFocusFrame* visibleRing() {
-        for (QFocusFrame* frame : window.findChildren<QFocusFrame*>()) {
-            if (frame->isVisible())
-                return frame;
-        }
-        return nullptr;
-    }
-};
+struct ButtonTest : ControlsInWindow {};
 
 } // namespace
 

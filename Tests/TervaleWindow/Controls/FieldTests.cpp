@@ -2,8 +2,6 @@
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
 
-#include <QBoxLayout>
-#include <QFocusFrame>
 #include <QLineEdit>
 #include <QSignalSpy>
 
@@ -11,17 +9,7 @@ using namespace tervale;
 
 namespace {
 
-struct FieldTest : ControlsFixture {
-    QWidget window;
-    QVBoxLayout rows{&window};
-
-    template <typename Control>
-    Control& show(Control* control) {
-        rows.addWidget(control, 0, Qt::AlignLeft);
-        present(window);
-        return *control;
-    }
-
+struct FieldTest : ControlsInWindow {
     TimeField& showTime(int minute) {
         TimeField& field = show(new TimeField);
         field.setLocale(QLocale(QLocale::German));

@@ -37,7 +37,7 @@ struct Look {
     }
 
     QColor at(QPoint place) const { return image.pixelColor(place); }
-    QColor track() const { return blended(colors.card, colors.quaternary); }
+    QColor track() const { return onto(colors.card, colors.quaternary); }
 };
 
 bool isFill(const QColor& color) {
@@ -110,7 +110,7 @@ TEST_P(ArcLook, HasItsTickOnTheArcsLine) {
         const Look look(GetParam(), {0, tick});
         QColor label = look.colors.label;
         label.setAlphaF(0.7f);
-        const QColor expected = blended(look.track(), label);
+        const QColor expected = onto(look.track(), label);
         EXPECT_TRUE(near(look.at(onArc(225 - 270 * tick)), expected, 12)) << tick;
     }
 }

@@ -152,7 +152,7 @@ TEST_F(FanDialTest, RecolorsAtOnceWhenThePaletteChanges) {
     EXPECT_TRUE(painted.contains(track));
     EXPECT_FALSE(dial.arc().isAnimating());
     const Colors dark = Colors::of(darkPalette());
-    EXPECT_TRUE(near(imageOf(dial).pixelColor(track), blended(dark.window, dark.quaternary)));
+    EXPECT_TRUE(near(imageOf(dial).pixelColor(track), onto(dark.window, dark.quaternary)));
     EXPECT_FALSE(near(before, imageOf(dial).pixelColor(track)));
 }
 

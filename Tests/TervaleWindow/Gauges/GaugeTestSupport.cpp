@@ -64,13 +64,4 @@ bool near(const QColor& first, const QColor& second, int tolerance) {
            std::abs(first.blue() - second.blue()) <= tolerance;
 }
 
-QColor blended(const QColor& ground, const QColor& translucent) {
-    const auto mix = [&](float below, float above) {
-        return below + translucent.alphaF() * (above - below);
-    };
-    return QColor::fromRgbF(mix(ground.redF(), translucent.redF()),
-                            mix(ground.greenF(), translucent.greenF()),
-                            mix(ground.blueF(), translucent.blueF()));
-}
-
 } // namespace tervale

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TervaleWindow/Support/Contrast.h"
+
 #include <QImage>
 #include <QRegion>
 #include <QWidget>
@@ -22,7 +24,5 @@ QImage imageOf(QWidget& widget);
 
 /// Whether two colours are equal but for the rounding of blends.
 bool near(const QColor& first, const QColor& second, int tolerance = 3);
-
-QColor blended(const QColor& ground, const QColor& translucent);
 
 } // namespace tervale

@@ -5,7 +5,6 @@
 #include "TervaleWindow/Style/ListRowPainting.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
 
-#include <QBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -20,25 +19,7 @@ QPalette plainPalette(const QColor& ground, const QColor& text) {
     return palette;
 }
 
-struct FocusRingTest : ControlsFixture {
-    QWidget window;
-    QVBoxLayout rows{&window};
-
-    template <typename Control>
-    Control& show(Control* control) {
-        rows.addWidget(control, 0, Qt::AlignLeft);
-        present(window);
-        return *control;
-    }
-
-    QFocusFrame* visibleRing() {
-        for (QFocusFrame* frame : window.findChildren<QFocusFrame*>()) {
-            if (frame->isVisible())
-                return frame;
-        }
-        return nullptr;
-    }
-
+struct FocusRingTest : ControlsInWindow {
     /// Between the outer edge of a control and that of its ring.
     QColor ringColor(const QWidget& control) {
         return pixel(window, control.geometry().topLeft() + QPoint(control.width() / 2, -2));

@@ -7,24 +7,13 @@
 #include "TervaleWindow/Support/ControlsFixture.h"
 
 #include <QAbstractItemView>
-#include <QBoxLayout>
 #include <QPushButton>
 
 using namespace tervale;
 
 namespace {
 
-struct WindowStyleTest : ControlsFixture {
-    QWidget window;
-    QVBoxLayout rows{&window};
-
-    template <typename Control>
-    Control& show(Control* control) {
-        rows.addWidget(control, 0, Qt::AlignLeft);
-        present(window);
-        return *control;
-    }
-
+struct WindowStyleTest : ControlsInWindow {
     PopUpButton& showPopUp() {
         auto* button = new PopUpButton;
         button->addItems({"No profile", "Quiet", "A profile with a name that needs more room"});

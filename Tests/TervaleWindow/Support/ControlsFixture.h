@@ -1,10 +1,13 @@
 #pragma once
 
 #include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Support/Contrast.h"
 #include "TervaleWindow/Support/Look.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QBoxLayout>
+#include <QFocusFrame>
 #include <QImage>
 #include <QTest>
 #include <QWheelEvent>
@@ -43,6 +46,28 @@ inline void turnWheel(QWidget& widget, int delta) {
     qApp->notify(&widget, &event);
 }
 
+/// Controls in a window of their own, one below the other.
+struct ControlsInWindow : ControlsFixture {
+    QWidget window;
+    QVBoxLayout rows{&window};
+
+    /// Shows it below those that are shown already. The window owns it.
+    template <typename Control>
+    Control& show(Control* control) {
+        rows.addWidget(control, 0, Qt::AlignLeft);
+        present(window);
+        return *control;
+    }
+
+    QFocusFrame* visibleRing() const {
+        for (QFocusFrame* frame : window.findChildren<QFocusFrame*>()) {
+            if (frame->isVisible())
+                return frame;
+        }
+        return nullptr;
+    }
+};
+
 inline QColor pixel(QWidget& widget, const QPoint& place) {
     return widget.grab().toImage().pixelColor(place);
 }
@@ -51,14 +76,6 @@ inline bool isClose(const QColor& first, const QColor& second, int tolerance = 6
     return std::abs(first.red() - second.red()) <= tolerance &&
            std::abs(first.green() - second.green()) <= tolerance &&
            std::abs(first.blue() - second.blue()) <= tolerance;
-}
-
-/// How `over` looks where it is painted onto `ground`.
-inline QColor onto(const QColor& ground, const QColor& over) {
-    const float share = over.alphaF();
-    const auto mix = [share](float from, float to) { return from + share * (to - from); };
-    return QColor::fromRgbF(mix(ground.redF(), over.redF()), mix(ground.greenF(), over.greenF()),
-                            mix(ground.blueF(), over.blueF()));
 }
 
 inline QAccessibleInterface* accessible(QWidget& widget) {

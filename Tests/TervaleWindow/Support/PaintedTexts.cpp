@@ -1,11 +1,12 @@
 #include "TervaleWindow/Support/PaintedTexts.h"
 
+#include "TervaleWindow/Support/Contrast.h"
+
 #include <QImage>
 #include <QMap>
 #include <QPaintEngine>
 
 #include <algorithm>
-#include <cmath>
 
 namespace tervale {
 
@@ -73,21 +74,6 @@ class RecordingDevice final : public QPaintDevice {
     mutable TextRecorder engine;
 };
 
-double luminance(const QColor& color) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-QColor over(const QColor& ground, const QColor& color) {
-    const float share = color.alphaF();
-    const auto mix = [share](float from, float to) { return from + share * (to - from); };
-    return QColor::fromRgbF(mix(ground.redF(), color.redF()), mix(ground.greenF(), color.greenF()),
-                            mix(ground.blueF(), color.blueF()));
-}
-
 /// The commonest colour of a place.
 QColor groundOf(const QRect& place, const QImage& picture) {
     QMap<QRgb, int> counts;
@@ -112,9 +98,7 @@ std::vector<PaintedText> paintedTexts(QWidget& widget) {
 }
 
 double contrast(const PaintedText& text, const QImage& picture) {
-    const QColor ground = groundOf(text.place, picture);
-    const auto [low, high] = std::minmax({luminance(ground), luminance(over(ground, text.color))});
-    return (high + 0.05) / (low + 0.05);
+    return contrast(groundOf(text.place, picture), text.color);
 }
 
 } // namespace tervale
