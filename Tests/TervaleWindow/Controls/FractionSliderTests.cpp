@@ -1,11 +1,11 @@
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
+#include "TervaleWindow/Support/Knob.h"
 
 #include <QProxyStyle>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QStyleOptionSlider>
 
 #include <cmath>
 #include <limits>
@@ -27,19 +27,7 @@ struct FractionSliderTest : ControlsFixture {
         slider.setFraction(0.5);
     }
 
-    /// The middle of the knob where the application's style puts it for a fraction.
-    QPoint at(double fraction) const {
-        QStyleOptionSlider option;
-        option.initFrom(&slider);
-        option.orientation = Qt::Horizontal;
-        option.maximum = FractionSlider::resolution;
-        option.sliderPosition = static_cast<int>(fraction * FractionSlider::resolution);
-        option.upsideDown = slider.isRightToLeft();
-        option.direction = Qt::LeftToRight;
-        return slider.style()
-            ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &slider)
-            .center();
-    }
+    QPoint at(double fraction) const { return knobAt(slider, fraction); }
     /// What a pixel is worth.
     double pixelStep() const { return 1.0 / (at(1).x() - at(0).x()); }
 

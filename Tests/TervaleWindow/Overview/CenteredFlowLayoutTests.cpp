@@ -8,15 +8,19 @@ using namespace tervale;
 
 namespace {
 
-/// A widget with boxes of 100 x 50 in a flow, 10 apart and rows 20 apart.
+/// A widget with boxes of one size in a flow.
 class Flow {
   public:
-    explicit Flow(int count) : layout(new CenteredFlowLayout(10, 20)) {
+    static constexpr QSize box{100, 50};
+    static constexpr int columnSpacing = 10;
+    static constexpr int rowSpacing = 20;
+
+    explicit Flow(int count) : layout(new CenteredFlowLayout(columnSpacing, rowSpacing)) {
         host.setLayout(layout);
         for (int i = 0; i < count; ++i) {
-            auto* box = new QWidget;
-            box->setFixedSize(100, 50);
-            layout->addWidget(box);
+            auto* item = new QWidget;
+            item->setFixedSize(box);
+            layout->addWidget(item);
         }
     }
 
@@ -28,24 +32,43 @@ class Flow {
         return places;
     }
 
+    static int heightOf(int rows) { return rows * box.height() + (rows - 1) * rowSpacing; }
+
     QWidget host;
     CenteredFlowLayout* layout;
 };
+
+int distance(const QRect& left, const QRect& right) {
+    return right.left() - left.right() - 1;
+}
 
 } // namespace
 
 TEST(CenteredFlowLayout, CentresARowThatFits) {
     Flow flow(2);
-    EXPECT_EQ(flow.placesIn(300, 50), (std::vector{QRect(45, 0, 100, 50), QRect(155, 0, 100, 50)}));
-    EXPECT_EQ(flow.layout->heightForWidth(300), 50);
+    const auto places = flow.placesIn(300, 50);
+    ASSERT_EQ(places.size(), 2U);
+    EXPECT_EQ(distance(places[0], places[1]), Flow::columnSpacing);
+    EXPECT_EQ(places[0].left(), 299 - places[1].right());
+    for (const QRect& place : places) {
+        EXPECT_EQ(place.top(), 0);
+        EXPECT_EQ(place.size(), Flow::box);
+    }
+    EXPECT_EQ(flow.layout->heightForWidth(300), Flow::box.height());
 }
 
 TEST(CenteredFlowLayout, BeginsANewRowWhereTheWidthEnds) {
     Flow flow(3);
-    EXPECT_EQ(flow.placesIn(210, 120),
-              (std::vector{QRect(0, 0, 100, 50), QRect(110, 0, 100, 50), QRect(55, 70, 100, 50)}));
-    EXPECT_EQ(flow.layout->heightForWidth(210), 120);
-    EXPECT_EQ(flow.layout->heightForWidth(209), 190);
+    const int wideEnough = 2 * Flow::box.width() + Flow::columnSpacing;
+    const auto places = flow.placesIn(wideEnough, 120);
+    ASSERT_EQ(places.size(), 3U);
+    EXPECT_EQ(places[0].left(), 0);
+    EXPECT_EQ(places[1].right() + 1, wideEnough);
+    EXPECT_EQ(places[0].top(), places[1].top());
+    EXPECT_EQ(places[2].top(), places[0].bottom() + 1 + Flow::rowSpacing);
+    EXPECT_EQ(places[2].left(), wideEnough - 1 - places[2].right());
+    EXPECT_EQ(flow.layout->heightForWidth(wideEnough), flow.heightOf(2));
+    EXPECT_EQ(flow.layout->heightForWidth(wideEnough - 1), flow.heightOf(3));
 }
 
 TEST(CenteredFlowLayout, BeginsOnTheRightWhereTextDoes) {

@@ -81,7 +81,7 @@ void ProfilesFixture::clickRow(int row) const {
 }
 
 void ProfilesFixture::add(const QString& entry) const {
-    choose(*button<SymbolButton>("Add profile")->menu(), entry);
+    choose(*button<SymbolButton>("Add profile")->menu(), {entry});
 }
 
 void ProfilesFixture::typeName(const QString& text) const {

@@ -1,25 +1,18 @@
-#include "Profiles/InMemoryPreferences.h"
-#include "Profiles/InProcessNotificationCenter.h"
-#include "Simulation/Simulation.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
-#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Shell/SimulatedWindow.h"
 #include "TervaleWindow/Support/Choosing.h"
-#include "TervaleWindow/Support/Settable.h"
 
 #include <QApplication>
 #include <QLabel>
-#include <QListView>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 using namespace tervale;
 
-/// The window on a simulated Mac with its agent, in virtual time.
-class Journey : public testing::Test {
+class Journey : public testing::Test, protected SimulatedWindow {
   protected:
     Journey() {
         window.resize(980, 680);
@@ -30,33 +23,14 @@ class Journey : public testing::Test {
         for (int i = 0; i < seconds; ++i) {
             simulation.advance(1);
             clock.time = clock.time + 1;
-            model.refresh();
+            timer.runOut();
         }
-    }
-
-    template <class Widget>
-    Widget* find(const QString& text) {
-        for (auto* widget : window.findChildren<Widget*>()) {
-            if (widget->isVisibleTo(&window) &&
-                (widget->accessibleName() == text || widget->property("text").toString() == text))
-                return widget;
-        }
-        return nullptr;
     }
 
     double fanFraction(std::size_t index) const {
         const Model::DisplayFan& fan = model.fans().at(index);
         return (fan.actual - fan.min) / (fan.max - fan.min);
     }
-
-    InMemoryPreferences preferences;
-    InProcessNotificationCenter center;
-    Bridge bridge{center};
-    SettableClock clock;
-    SettableVisibility visibility;
-    Simulation simulation{{.scenario = Scenario::work}, center, preferences, clock};
-    Model model{simulation.mac(), bridge, clock, visibility};
-    ContentView window{model, bridge};
 };
 
 TEST_F(Journey, AClickOnAPresetComesBackFromTheAgentAndTurnsTheFans) {
@@ -84,7 +58,7 @@ TEST_F(Journey, ACurveIsAddedDraggedSavedFollowedAndDeleted) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     window.setSection(Pane::profiles);
     const auto offered = model.profiles().size();
-    choose(*find<SymbolButton>("Add profile")->menu(), "Temperature curve");
+    choose(*find<SymbolButton>("Add profile")->menu(), {"Temperature curve"});
 
     // All points are dragged up, so that the fans run at full speed at any temperature.
     auto* canvas = window.findChild<CurveCanvas*>();
@@ -119,9 +93,7 @@ TEST_F(Journey, ACurveIsAddedDraggedSavedFollowedAndDeleted) {
     EXPECT_NEAR(fanFraction(1), 1.0, 0.03);
 
     window.setSection(Pane::profiles);
-    auto* list = find<QListView>("Profiles");
-    ASSERT_NE(list, nullptr);
-    list->setCurrentIndex(list->model()->index(list->model()->rowCount() - 1, 0));
+    selectProfile(static_cast<int>(offered));
     QTest::mouseClick(find<SymbolButton>("Remove profile"), Qt::LeftButton);
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(model.profiles().size(), offered);

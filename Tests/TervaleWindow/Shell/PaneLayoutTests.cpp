@@ -1,9 +1,6 @@
-#include "Profiles/InMemoryPreferences.h"
-#include "Profiles/InProcessNotificationCenter.h"
-#include "Simulation/Simulation.h"
-#include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Shell/SimulatedWindow.h"
+#include "TervaleWindow/Support/Contrast.h"
 #include "TervaleWindow/Support/Look.h"
-#include "TervaleWindow/Support/Settable.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -13,7 +10,6 @@
 #include <QFocusFrame>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
@@ -21,21 +17,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 
 using namespace tervale;
 
 namespace {
-
-double luminance(QRgb color) {
-    const auto linear = [](int component) {
-        const double value = component / 255.0;
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
-           0.0722 * linear(qBlue(color));
-}
 
 /// Between what most of a picture is and what stands out most from it.
 double contrastWithin(const QImage& picture) {
@@ -47,13 +33,10 @@ double contrastWithin(const QImage& picture) {
     const auto more = [](const auto& first, const auto& second) {
         return first.second < second.second;
     };
-    const double ground =
-        luminance(std::max_element(counts.begin(), counts.end(), more)->first) + 0.05;
+    const double ground = luminance(std::max_element(counts.begin(), counts.end(), more)->first);
     double most = 1;
-    for (const auto& [color, count] : counts) {
-        const double shade = luminance(color) + 0.05;
-        most = std::max(most, std::max(ground, shade) / std::min(ground, shade));
-    }
+    for (const auto& [color, count] : counts)
+        most = std::max(most, contrast(ground, luminance(color)));
     return most;
 }
 
@@ -89,7 +72,8 @@ double leastContrast(const QString& text) {
 } // namespace
 
 /// Every pane on a simulated Mac, in both sizes and schemes of the look under test.
-class PaneLayout : public testing::TestWithParam<std::tuple<Pane, int, Scheme>> {
+class PaneLayout : public testing::TestWithParam<std::tuple<Pane, int, Scheme>>,
+                   protected SimulatedWindow {
   protected:
     void SetUp() override {
         const auto [pane, row, scheme] = GetParam();
@@ -103,10 +87,7 @@ class PaneLayout : public testing::TestWithParam<std::tuple<Pane, int, Scheme>> 
     void show(const QSize& size) {
         window.resize(size);
         window.show();
-        for (auto* list : window.detail()->findChildren<QListView*>()) {
-            if (list->accessibleName() == "Profiles")
-                list->setCurrentIndex(list->model()->index(std::get<1>(GetParam()), 0));
-        }
+        selectProfile(std::get<1>(GetParam()));
         for (int pass = 0; pass < 3; ++pass)
             QApplication::processEvents();
     }
@@ -119,15 +100,6 @@ class PaneLayout : public testing::TestWithParam<std::tuple<Pane, int, Scheme>> 
         }
         return widgets;
     }
-
-    InMemoryPreferences preferences;
-    InProcessNotificationCenter center;
-    Bridge bridge{center};
-    SettableClock clock;
-    SettableVisibility visibility;
-    Simulation simulation{{.scenario = Scenario::work}, center, preferences, clock};
-    Model model{simulation.mac(), bridge, clock, visibility};
-    ContentView window{model, bridge};
 };
 
 TEST_P(PaneLayout, ClipsNothingAndLetsNothingOverlap) {

@@ -2,6 +2,7 @@
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Shell/ContentView.h"
 #include "TervaleWindow/Shell/WindowCommands.h"
+#include "TervaleWindow/Support/Choosing.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QApplication>
@@ -12,6 +13,8 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
+
+#include <stdexcept>
 
 using namespace tervale;
 
@@ -30,16 +33,28 @@ class WindowCommandsTest : public ModelFixture {
             bar = std::make_unique<WindowCommands>(*view, WindowCommands::Place::menuBar);
         return *bar;
     }
-    QAction* action(const QString& menu, const QString& title) {
-        for (const QAction* each : menuBar().menus()->actions()) {
-            if (each->text() != menu)
-                continue;
-            for (QAction* entry : each->menu()->actions()) {
-                if (entry->text() == title)
-                    return entry;
-            }
+    QAction* action(const QString& menuTitle, const QString& title) {
+        for (QAction* entry : menu(menuTitle).actions()) {
+            if (entry->text() == title)
+                return entry;
         }
         return nullptr;
+    }
+    QMenu& menu(const QString& title) {
+        for (const QAction* each : menuBar().menus()->actions()) {
+            if (each->text() == title)
+                return *each->menu();
+        }
+        throw std::invalid_argument("there is no such menu");
+    }
+    void choose(const QString& menuTitle, const QString& title) {
+        tervale::choose(menu(menuTitle), {title});
+    }
+    /// Without its menu, which on this platform takes the focus from the text, as no desktop's
+    /// does.
+    void runTextCommand(const QString& title) {
+        ASSERT_TRUE(action("Edit", title)->isEnabled());
+        action("Edit", title)->trigger();
     }
     static QStringList titles(const QList<QAction*>& actions) {
         QStringList titles;
@@ -99,9 +114,9 @@ TEST_F(WindowCommandsTest, HasTheUsualKeys) {
 
 TEST_F(WindowCommandsTest, ShowsPanes) {
     show();
-    action("View", "Profiles")->trigger();
+    choose("View", "Profiles");
     EXPECT_EQ(view->section(), Pane::profiles);
-    action("Tervale", "Settings…")->trigger();
+    choose("Tervale", "Settings…");
     EXPECT_EQ(view->section(), Pane::settings);
 }
 
@@ -116,9 +131,9 @@ TEST_F(WindowCommandsTest, MarksThePaneThatIsShown) {
         return all;
     };
     EXPECT_EQ(marked(), QStringList{"Overview"});
-    action("View", "Profiles")->trigger();
+    choose("View", "Profiles");
     EXPECT_EQ(marked(), QStringList{"Profiles"});
-    action("View", "Profiles")->trigger();
+    choose("View", "Profiles");
     EXPECT_EQ(marked(), QStringList{"Profiles"});
     view->setSection(std::nullopt);
     EXPECT_TRUE(marked().isEmpty());
@@ -129,7 +144,7 @@ TEST_F(WindowCommandsTest, FindsOnlyWhereThereIsAFilter) {
     EXPECT_FALSE(action("Edit", "Find")->isEnabled());
     view->setSection(Pane::sensors);
     ASSERT_TRUE(action("Edit", "Find")->isEnabled());
-    action("Edit", "Find")->trigger();
+    choose("Edit", "Find");
     EXPECT_TRUE(view->findChild<SearchField*>()->hasFocus());
     view->setSection(Pane::profiles);
     EXPECT_FALSE(action("Edit", "Find")->isEnabled());
@@ -145,30 +160,30 @@ TEST_F(WindowCommandsTest, EditsTheTextThatHasTheFocus) {
     field->setFocus();
     ASSERT_TRUE(action("Edit", "Cut")->isEnabled());
     QTest::keyClicks(field, "gpu");
-    action("Edit", "Select All")->trigger();
+    runTextCommand("Select All");
     EXPECT_EQ(field->selectedText(), "gpu");
-    action("Edit", "Cut")->trigger();
+    runTextCommand("Cut");
     EXPECT_EQ(field->text(), "");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "gpu");
-    action("Edit", "Undo")->trigger();
+    runTextCommand("Undo");
     EXPECT_EQ(field->text(), "gpu");
-    action("Edit", "Redo")->trigger();
+    runTextCommand("Redo");
     EXPECT_EQ(field->text(), "");
-    action("Edit", "Paste")->trigger();
+    runTextCommand("Paste");
     EXPECT_EQ(field->text(), "gpu");
 }
 
 TEST_F(WindowCommandsTest, OffersOnlyWhatTheFieldHasSomethingToDoFor) {
     show();
-    QMenu& edit = *menuBar().menus()->actions()[1]->menu();
+    QMenu& edit = menu("Edit");
     const auto offered = [&edit] {
-        emit edit.aboutToShow();
+        edit.popup(QPoint(0, 0));
         QStringList all;
         for (const QAction* each : edit.actions()) {
             if (each->isEnabled() && !each->isSeparator())
                 all << each->text();
         }
-        emit edit.aboutToHide();
+        QTest::keyClick(&edit, Qt::Key_Escape);
         return all;
     };
     QGuiApplication::clipboard()->setText("x");
@@ -191,23 +206,23 @@ TEST_F(WindowCommandsTest, OffersOnlyWhatTheFieldHasSomethingToDoFor) {
 
 TEST_F(WindowCommandsTest, MinimizesZoomsAndClosesTheWindow) {
     show();
-    action("Window", "Zoom")->trigger();
+    choose("Window", "Zoom");
     EXPECT_TRUE(view->isMaximized());
-    action("Window", "Zoom")->trigger();
+    choose("Window", "Zoom");
     EXPECT_FALSE(view->isMaximized());
-    action("Window", "Minimize")->trigger();
+    choose("Window", "Minimize");
     EXPECT_TRUE(view->isMinimized());
     view->showNormal();
-    action("Window", "Close")->trigger();
+    choose("Window", "Close");
     EXPECT_FALSE(view->isVisible());
     view->show();
-    action("Tervale", "Quit Tervale")->trigger();
+    choose("Tervale", "Quit Tervale");
     EXPECT_FALSE(view->isVisible());
 }
 
 TEST_F(WindowCommandsTest, TellsAboutTheApplicationBesideTheWindow) {
     show();
-    action("Tervale", "About Tervale")->trigger();
+    choose("Tervale", "About Tervale");
     const auto* note = view->findChild<QMessageBox*>();
     ASSERT_NE(note, nullptr);
     EXPECT_TRUE(note->isVisible());
@@ -218,27 +233,27 @@ TEST_F(WindowCommandsTest, TellsAboutTheApplicationBesideTheWindow) {
 
 TEST_F(WindowCommandsTest, MinimizesZoomsAndClosesTheNoteThatIsInFront) {
     show();
-    action("Tervale", "About Tervale")->trigger();
+    choose("Tervale", "About Tervale");
     QPointer<QMessageBox> note = view->findChild<QMessageBox*>();
     ASSERT_NE(note, nullptr);
     ASSERT_TRUE(comesToTheFront(note));
-    action("Window", "Minimize")->trigger();
-    action("Window", "Zoom")->trigger();
+    choose("Window", "Minimize");
+    choose("Window", "Zoom");
     EXPECT_FALSE(view->isMinimized());
     EXPECT_FALSE(view->isMaximized());
     // A note has no button for either.
     EXPECT_FALSE(note->isMinimized());
     EXPECT_FALSE(note->isMaximized());
-    action("Window", "Close")->trigger();
+    choose("Window", "Close");
     EXPECT_TRUE(view->isVisible());
     EXPECT_TRUE(!note || !note->isVisible());
 }
 
 TEST_F(WindowCommandsTest, QuitsWithANoteInFront) {
     show();
-    action("Tervale", "About Tervale")->trigger();
+    choose("Tervale", "About Tervale");
     ASSERT_TRUE(comesToTheFront(view->findChild<QMessageBox*>()));
-    action("Tervale", "Quit Tervale")->trigger();
+    choose("Tervale", "Quit Tervale");
     EXPECT_FALSE(view->isVisible());
 }
 

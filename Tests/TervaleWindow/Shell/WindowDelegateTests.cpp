@@ -20,35 +20,33 @@ bool endsTheApplication(const std::function<void()>& cause) {
     return QApplication::exec() == 0;
 }
 
+/// A window that the delegate finds when it is launched.
+class WindowDelegateTest : public testing::Test {
+  protected:
+    WindowDelegateTest() { window.show(); }
+
+    InProcessNotificationCenter center;
+    Bridge bridge{center};
+    QWidget window;
+};
+
 } // namespace
 
-TEST(WindowDelegate, SizesEveryWindowOnceTheyAreThere) {
-    InProcessNotificationCenter center;
-    Bridge bridge(center);
-    QWidget window;
-    window.show();
+TEST_F(WindowDelegateTest, SizesEveryWindowOnceTheyAreThere) {
     WindowDelegate delegate;
     delegate.applicationDidFinishLaunching(bridge);
     QCoreApplication::processEvents();
     EXPECT_EQ(window.minimumSize(), QSize(780, 520));
 }
 
-TEST(WindowDelegate, EndsTheApplicationWhenTheAgentAsksForIt) {
-    InProcessNotificationCenter center;
-    Bridge bridge(center);
-    QWidget window;
-    window.show();
+TEST_F(WindowDelegateTest, EndsTheApplicationWhenTheAgentAsksForIt) {
     WindowDelegate delegate;
     delegate.applicationDidFinishLaunching(bridge);
     EXPECT_TRUE(endsTheApplication([&] { bridge.quitWindow(); }));
     EXPECT_TRUE(endsTheApplication([&] { center.post(Bridge::quitName, "whatever it carries"); }));
 }
 
-TEST(WindowDelegate, CancelsTheSystemsMenusWhenItEndsTheApplication) {
-    InProcessNotificationCenter center;
-    Bridge bridge(center);
-    QWidget window;
-    window.show();
+TEST_F(WindowDelegateTest, CancelsTheSystemsMenusWhenItEndsTheApplication) {
     int cancelled = 0;
     WindowDelegate delegate([&cancelled] { ++cancelled; });
     delegate.applicationDidFinishLaunching(bridge);
@@ -57,11 +55,7 @@ TEST(WindowDelegate, CancelsTheSystemsMenusWhenItEndsTheApplication) {
     EXPECT_EQ(cancelled, 1);
 }
 
-TEST(WindowDelegate, EndsTheApplicationWhileAMenuIsHeldOpen) {
-    InProcessNotificationCenter center;
-    Bridge bridge(center);
-    QWidget window;
-    window.show();
+TEST_F(WindowDelegateTest, EndsTheApplicationWhileAMenuIsHeldOpen) {
     WindowDelegate delegate;
     delegate.applicationDidFinishLaunching(bridge);
     QMenu menu(&window);
@@ -72,7 +66,7 @@ TEST(WindowDelegate, EndsTheApplicationWhileAMenuIsHeldOpen) {
     }));
 }
 
-TEST(WindowDelegate, EndsTheApplicationWithItsLastWindow) {
+TEST(Application, EndsWithItsLastWindow) {
     auto window = std::make_unique<QWidget>();
     window->show();
     EXPECT_TRUE(endsTheApplication([&] { window->close(); }));

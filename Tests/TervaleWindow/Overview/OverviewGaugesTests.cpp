@@ -1,0 +1,92 @@
+#include "TervaleWindow/Gauges/FanDial.h"
+#include "TervaleWindow/Gauges/ThermalBar.h"
+#include "TervaleWindow/Overview/FansPanel.h"
+#include "TervaleWindow/Overview/OverviewFixture.h"
+
+#include <QAccessible>
+
+namespace tervale {
+namespace {
+
+class OverviewGauges : public OverviewFixture {};
+
+TEST_F(OverviewGauges, NumbersItsFansOnlyWhenThereAreSeveral) {
+    show();
+    EXPECT_TRUE(shows("Fan 1"));
+    EXPECT_TRUE(shows("Fan 2"));
+    controller.setFanCount(1);
+    model->refresh();
+    EXPECT_FALSE(shows("Fan 1"));
+    EXPECT_EQ(view->findChildren<FanDial*>().size(), 1);
+}
+
+TEST_F(OverviewGauges, HasNoDialsWithoutAController) {
+    controller.absent = true;
+    show();
+    EXPECT_TRUE(view->findChildren<FanDial*>().isEmpty());
+    EXPECT_FALSE(view->findChild<FansPanel*>()->isVisible());
+    QTest::mouseClick(&mode("50%"), Qt::LeftButton);
+    EXPECT_EQ(takeCommands().size(), 1U);
+}
+
+TEST_F(OverviewGauges, DrawsACardForFansOnceThereAreSome) {
+    controller.setFanCount(0);
+    show();
+    const auto* panel = view->findChild<FansPanel*>();
+    EXPECT_FALSE(panel->isVisible());
+    controller.setFanCount(2);
+    model->refresh();
+    EXPECT_TRUE(panel->isVisible());
+}
+
+TEST_F(OverviewGauges, LeavesAirBetweenADialAndItsCaption) {
+    show();
+    const auto* caption = named<QLabel>("Fan 1");
+    ASSERT_NE(caption, nullptr);
+    const QImage column = caption->parentWidget()->grab().toImage();
+    const QRgb ground = column.pixel(0, 0);
+    const auto isEmpty = [&](int y) {
+        for (int x = caption->geometry().left(); x < caption->geometry().right(); ++x) {
+            if (column.pixel(x, y) != ground)
+                return false;
+        }
+        return true;
+    };
+    int y = caption->geometry().center().y();
+    while (!isEmpty(y))
+        --y;
+    int air = 0;
+    for (; isEmpty(y); --y)
+        ++air;
+    EXPECT_GE(air, 8);
+    EXPECT_LE(air, 10);
+}
+
+TEST_F(OverviewGauges, ShowsTheAverageAndTheHottestOfTheProcessorAndOneFigureOfOthers) {
+    show();
+    EXPECT_TRUE(shows("CPU"));
+    EXPECT_TRUE(shows("58 °C"));
+    EXPECT_TRUE(shows("hottest core 71 °C"));
+    EXPECT_TRUE(shows("Memory"));
+    EXPECT_TRUE(shows("47 °C"));
+    EXPECT_FALSE(shows("GPU"));
+    EXPECT_FALSE(shows("Other"));
+    EXPECT_TRUE(shows("20 °C"));
+    EXPECT_TRUE(shows("100 °C"));
+}
+
+TEST_F(OverviewGauges, NamesItsGaugesAndTheirValues) {
+    show();
+    const auto valueOf = [](QWidget* gauge) {
+        return QAccessible::queryAccessibleInterface(gauge)->text(QAccessible::Value);
+    };
+    auto* dial = named<FanDial>("Fan 1");
+    ASSERT_NE(dial, nullptr);
+    EXPECT_EQ(valueOf(dial), "2893 rpm");
+    auto* bar = named<ThermalBar>("CPU");
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(valueOf(bar), "58 °C");
+}
+
+} // namespace
+} // namespace tervale
