@@ -168,11 +168,21 @@ TEST_F(LabelTest, ACardKeepsItsContentsAtItsPadding) {
     card.resize(200, 102);
     card.show();
     QApplication::processEvents();
-    EXPECT_EQ(card.panel(), QRect(0, 0, 200, 100));
-    EXPECT_EQ(content->geometry(), QRect(19, 17, 162, 66));
+    EXPECT_EQ(card.panel(), card.rect().adjusted(0, 0, 0, -Card::shadowHeight));
+    const auto padding = [&] {
+        QApplication::processEvents();
+        const QRect inside = content->geometry();
+        const QRect panel = card.panel();
+        return QMargins(inside.left() - panel.left(), inside.top() - panel.top(),
+                        panel.right() - inside.right(), panel.bottom() - inside.bottom());
+    };
+    const QMargins usual = padding();
     card.setPadding({0, 0, 0, 0});
-    QApplication::processEvents();
-    EXPECT_EQ(content->geometry(), QRect(1, 1, 198, 98));
+    const QMargins hairline(1, 1, 1, 1);
+    EXPECT_EQ(padding(), hairline);
+    EXPECT_EQ(usual, QMargins(18, 16, 18, 16) + hairline);
+    card.setPadding({7, 5, 3, 2});
+    EXPECT_EQ(padding(), QMargins(7, 5, 3, 2) + hairline);
 }
 
 TEST_F(LabelTest, ACardIsARoundedPanelInLightAndDark) {

@@ -41,41 +41,73 @@ TEST(SliderLayout, IsTakenHoldOfWhereItIsDrawn) {
 }
 
 TEST(PopUpLayout, PutsTheChevronsAtTheTrailingEnd) {
-    const PopUpLayout layout = popUpLayout(QRect(0, 0, 130, 26), Qt::LeftToRight);
-    EXPECT_EQ(layout.chevrons, QRect(107, 5, 16, 16));
-    EXPECT_EQ(layout.text, QRect(11, 0, 86, 26));
-    EXPECT_EQ(popUpWidth(layout.text.width()), 130);
-    const PopUpLayout mirrored = popUpLayout(QRect(0, 0, 130, 26), Qt::RightToLeft);
-    EXPECT_EQ(mirrored.chevrons, QRect(7, 5, 16, 16));
-    EXPECT_EQ(mirrored.text, QRect(33, 0, 86, 26));
+    const QRect box(10, 20, 130, buttonHeight);
+    const PopUpLayout layout = popUpLayout(box, Qt::LeftToRight);
+    EXPECT_TRUE(box.contains(layout.text));
+    EXPECT_TRUE(box.contains(layout.chevrons));
+    EXPECT_LT(layout.text.right(), layout.chevrons.left());
+    EXPECT_EQ(layout.chevrons.width(), layout.chevrons.height());
+    EXPECT_EQ(layout.chevrons.center().y(), box.center().y());
+    // As far from its end as from its edges.
+    EXPECT_NEAR(box.right() - layout.chevrons.right(), layout.chevrons.top() - box.top(), 2);
+    EXPECT_EQ(popUpWidth(layout.text.width()), box.width());
+    const PopUpLayout mirrored = popUpLayout(box, Qt::RightToLeft);
+    EXPECT_EQ(mirrored.chevrons, QStyle::visualRect(Qt::RightToLeft, box, layout.chevrons));
+    EXPECT_EQ(mirrored.text, QStyle::visualRect(Qt::RightToLeft, box, layout.text));
 }
 
 TEST(MenuRowLayout, KeepsColumnsOnlyForWhatTheMenuHas) {
     const QRect row(0, 0, 200, menuRowHeight);
-    MenuRow plain;
-    EXPECT_EQ(menuRowLayout(row, plain).text, QRect(9, 0, 182, menuRowHeight));
-    plain.hasCheckColumn = true;
-    plain.hasSubmenu = true;
-    const MenuRowLayout layout = menuRowLayout(row, plain);
-    EXPECT_EQ(layout.text, QRect(27, 0, 146, menuRowHeight));
-    EXPECT_FALSE(layout.text.intersects(layout.check));
-    EXPECT_FALSE(layout.text.intersects(layout.arrow));
-    EXPECT_EQ(menuRowChrome(plain), 54);
+    MenuRow content;
+    const QRect text = menuRowLayout(row, content).text;
+    EXPECT_GT(text.left(), row.left());
+    EXPECT_EQ(text.left() - row.left(), row.right() - text.right());
+    EXPECT_EQ(text.height(), row.height());
+    content.hasCheckColumn = true;
+    content.hasSubmenu = true;
+    const MenuRowLayout columns = menuRowLayout(row, content);
+    EXPECT_GT(columns.text.left(), text.left());
+    EXPECT_LT(columns.text.right(), text.right());
+    for (const QRect& column : {columns.check, columns.arrow}) {
+        EXPECT_TRUE(row.contains(column));
+        EXPECT_FALSE(columns.text.intersects(column));
+    }
+    EXPECT_LT(columns.check.right(), columns.arrow.left());
+    EXPECT_EQ(menuRowChrome(content), row.width() - columns.text.width());
 }
 
 TEST(ScrollBarThumb, IsAsLongAsTheShareThatIsSeenAndReachesBothEnds) {
     QStyleOptionSlider option;
-    option.rect = QRect(0, 0, 12, 200);
+    const QRect bar(0, 0, 12, 200);
+    option.rect = bar;
     option.orientation = Qt::Vertical;
     option.minimum = 0;
     option.maximum = 300;
     option.pageStep = 100;
     option.sliderPosition = 0;
-    EXPECT_EQ(scrollBarThumb(option), QRect(0, 0, 12, 50));
-    option.sliderPosition = 300;
-    EXPECT_EQ(scrollBarThumb(option), QRect(0, 150, 12, 50));
-    EXPECT_EQ(scrollBarPage(option, QStyle::SC_ScrollBarSubPage), QRect(0, 0, 12, 150));
+    const QRect first = scrollBarThumb(option);
+    EXPECT_EQ(first.height() * (option.maximum + option.pageStep), bar.height() * option.pageStep);
+    EXPECT_EQ(first.width(), bar.width());
+    EXPECT_EQ(first.top(), bar.top());
+    option.sliderPosition = option.maximum;
+    const QRect last = scrollBarThumb(option);
+    EXPECT_EQ(last.size(), first.size());
+    EXPECT_EQ(last.bottom(), bar.bottom());
+    // What is above the thumb turns a page back.
+    const QRect before = scrollBarPage(option, QStyle::SC_ScrollBarSubPage);
+    EXPECT_EQ(before.united(last), bar);
+    EXPECT_FALSE(before.intersects(last));
     EXPECT_TRUE(scrollBarPage(option, QStyle::SC_ScrollBarAddPage).isEmpty());
-    option.maximum = 100000;
-    EXPECT_EQ(scrollBarThumb(option).height(), 32);
+}
+
+TEST(ScrollBarThumb, StaysLongEnoughToTakeHoldOf) {
+    QStyleOptionSlider option;
+    option.rect = QRect(0, 0, 12, 200);
+    option.orientation = Qt::Vertical;
+    option.pageStep = 100;
+    option.maximum = 100'000;
+    const int least = scrollBarThumb(option).height();
+    EXPECT_GE(least, 2 * option.rect.width());
+    option.maximum = 1'000'000;
+    EXPECT_EQ(scrollBarThumb(option).height(), least);
 }
