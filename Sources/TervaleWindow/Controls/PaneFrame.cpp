@@ -3,6 +3,7 @@
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
@@ -50,9 +51,7 @@ PaneFrame::PaneFrame(const QString& title, QWidget* parent)
     // The keyboard scrolls through the controls that take the focus.
     scrollArea->setFocusPolicy(Qt::NoFocus);
 
-    auto* frame = new QVBoxLayout(this);
-    frame->setContentsMargins(0, 0, 0, 0);
-    frame->setSpacing(0);
+    auto* frame = tightLayout<QVBoxLayout>(this);
     frame->addWidget(headerBox);
     frame->addWidget(scrollArea, 1);
 

@@ -38,8 +38,4 @@ QString displayName(const Action& action, std::span<const Profile> profiles) {
     return QString::fromStdString(displayText::nameOf(action, profiles));
 }
 
-QString menuTitle(QString name) {
-    return name.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ');
-}
-
 } // namespace tervale

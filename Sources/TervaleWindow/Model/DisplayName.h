@@ -20,7 +20,4 @@ QString displayName(const Profile& profile);
 /// An action's name as people read it; `profiles` are those that it may name.
 QString displayName(const Action& action, std::span<const Profile> profiles);
 
-/// A name in a menu, which would take an ampersand for a key and a tab for a shortcut.
-QString menuTitle(QString name);
-
 } // namespace tervale

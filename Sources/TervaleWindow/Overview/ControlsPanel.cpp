@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Appearance/MenuTitle.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"

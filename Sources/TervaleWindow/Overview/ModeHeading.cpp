@@ -3,6 +3,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Model/DisplayName.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 
@@ -18,9 +19,7 @@ ModeHeading::ModeHeading(Model& modelShown, QWidget* parent)
     title->setLineHeight(34);
     title->setOverflow(Overflow::elide);
     explanation->setOverflow(Overflow::wrap);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = tightLayout<QVBoxLayout>(this);
     column->addWidget(title);
     column->addWidget(explanation);
     for (const auto change : {&Model::selectionChanged, &Model::timerActionChanged,

@@ -4,6 +4,7 @@
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
 
 #include <QVBoxLayout>
@@ -28,9 +29,7 @@ TemperatureRow::TemperatureRow(SensorGroup group, QGridLayout& grid, int row)
     hottestFigure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     figure->setLineHeight(20);
     hottestFigure->setLineHeight(14);
-    auto* column = new QVBoxLayout(figures);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = tightLayout<QVBoxLayout>(figures);
     column->addWidget(figure);
     column->addWidget(hottestFigure);
     grid.addWidget(title, row, 0);

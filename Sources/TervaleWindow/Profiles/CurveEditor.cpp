@@ -1,6 +1,7 @@
 #include "TervaleWindow/Profiles/CurveEditor.h"
 
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/CurveDrawing.h"
 
@@ -28,9 +29,7 @@ CurveEditor::CurveEditor(ClosedRange range, const QString& unit, PlotInsets inse
                          this);
     help->setOverflow(Overflow::wrap);
 
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = tightLayout<QVBoxLayout>(this);
     layout->addWidget(speedCaption);
     layout->addSpacing(5);
     layout->addWidget(plot);

@@ -3,6 +3,7 @@
 #include "Base/Overloaded.h"
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/CurveEditor.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
@@ -24,13 +25,6 @@ Card* cardAround(QWidget* content, QWidget* parent) {
     return card;
 }
 
-QVBoxLayout* columnOf(QWidget* widget) {
-    auto* column = new QVBoxLayout(widget);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    return column;
-}
-
 class LoadContent final : public ProfileContent {
   public:
     LoadContent(DraftModel& draft, QWidget* parent)
@@ -41,7 +35,7 @@ class LoadContent final : public ProfileContent {
         note->setOverflow(Overflow::wrap);
         Card* card = cardAround(note, this);
         card->layout()->addWidget(editor);
-        columnOf(this)->addWidget(card);
+        tightLayout<QVBoxLayout>(this)->addWidget(card);
         connect(&editor->canvas(), &CurveCanvas::edited, this, &LoadContent::perform);
         display();
     }
@@ -65,7 +59,7 @@ class ScheduleContent final : public ProfileContent {
           editor(new ScheduleEditor) {
         Card* card = cardAround(editor, this);
         card->setContentsMargins(card->contentsMargins() - ScheduleRow::overhang());
-        columnOf(this)->addWidget(card);
+        tightLayout<QVBoxLayout>(this)->addWidget(card);
         connect(editor, &ScheduleEditor::edited, this, &ScheduleContent::perform);
         display();
     }

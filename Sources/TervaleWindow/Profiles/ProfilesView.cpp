@@ -5,6 +5,7 @@
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/SymbolView.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Profiles/FocusOrder.h"
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 #include "TervaleWindow/Profiles/ProfilesList.h"
@@ -26,14 +27,6 @@ namespace {
 
 constexpr int bottomBarHeight = 49;
 constexpr int emptySymbolSide = 40;
-
-template <class Layout>
-Layout* tightLayout(QWidget* widget) {
-    auto* layout = new Layout(widget);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    return layout;
-}
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Profiles/ScheduleRows.h"
 
 #include <QPushButton>
@@ -20,9 +21,7 @@ ScheduleEditor::ScheduleEditor(QWidget* parent) : QWidget(parent) {
     note->setOverflow(Overflow::wrap);
     rows->setHeir(*addButton);
 
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = tightLayout<QVBoxLayout>(this);
     layout->addWidget(heading);
     layout->addSpacing(8);
     layout->addWidget(rows);

@@ -9,6 +9,7 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Controls/TimeField.h"
 
 #include <QGuiApplication>
@@ -110,9 +111,7 @@ void ScheduleRow::layOut() {
     firstLine->addWidget(end);
     firstLine->addWidget(run, 1);
     firstLine->addWidget(removeButton);
-    auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(0, 0, 0, 0);
-    lines->setSpacing(0);
+    auto* lines = tightLayout<QVBoxLayout>(this);
     auto* divider = new Divider(Qt::Horizontal, this);
     divider->setContentsMargins(overhang());
     lines->addWidget(divider);

@@ -4,6 +4,7 @@
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Settings/VersionText.h"
 
@@ -18,14 +19,6 @@ namespace {
 constexpr int versionRowHeight = 44;
 constexpr int updateRowHeight = 46;
 constexpr int cardSides = 18;
-
-template <class Layout>
-Layout* tightLayout(QWidget* widget) {
-    auto* layout = new Layout(widget);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    return layout;
-}
 
 QWidget* makeVersionRow(const QString& version) {
     auto* row = new QWidget;

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Style/MenuRowDelegate.h"
 
+#include "TervaleWindow/Appearance/MenuTitle.h"
 #include "TervaleWindow/Style/MenuPainting.h"
 
 #include <QComboBox>
@@ -15,8 +16,7 @@ bool isSeparator(const QModelIndex& index) {
 
 MenuRow rowOf(const QStyleOptionViewItem& option, const QModelIndex& index, int current) {
     MenuRow row;
-    // Names are no mnemonics; an ampersand in one is an ampersand.
-    row.text = index.data(Qt::DisplayRole).toString().replace(u'&', QLatin1String("&&"));
+    row.text = menuTitle(index.data(Qt::DisplayRole).toString());
     row.isSeparator = isSeparator(index);
     row.isChecked = index.row() == current;
     row.isHighlighted = option.state & QStyle::State_Selected;

@@ -39,7 +39,3 @@ TEST(DisplayName, OfAnActionIsThatOfItsProfile) {
     EXPECT_EQ(displayName(action::Fixed{1}, profiles), "Max");
     EXPECT_EQ(displayName(action::Automatic{}, profiles), "Automatic");
 }
-
-TEST(DisplayName, InAMenuKeepsItsAmpersands) {
-    EXPECT_EQ(menuTitle("Loud & clear\tand long"), "Loud && clear and long");
-}
