@@ -22,25 +22,6 @@ std::optional<double> hottestOf(const TemperatureReadings& readings) {
 
 } // namespace
 
-double Hysteresis::filter(double x) {
-    // Negated, so that a comparison with NaN lets the reading pass.
-    if (!effective || !(x <= *effective))
-        effective = x;
-    else if (x < *effective - band)
-        effective = x + band;
-    return *effective;
-}
-
-bool SafetyLatch::update(std::optional<double> hottest) {
-    if (!hottest)
-        return isEngaged;
-    if (*hottest >= on)
-        isEngaged = true;
-    else if (*hottest < off)
-        isEngaged = false;
-    return isEngaged;
-}
-
 Needs Controller::needs(const Action& action, std::span<const Profile> profiles, int minute) {
     Needs needs{safetyInputs, false};
     std::visit(overloaded{

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Profiles/Hysteresis.h"
 #include "Profiles/Profile.h"
+#include "Profiles/SafetyLatch.h"
 #include "Profiles/TemperatureInputs.h"
 
 #include <optional>
@@ -40,34 +42,6 @@ struct Inputs {
     std::optional<double> load;
     /// The local minute of the day, 0 to 1439.
     int minuteOfDay = 0;
-};
-
-/// A one-sided dead band: rising readings pass at once, falling ones are held until they leave the
-/// band, and from there on are followed one band above.
-class Hysteresis {
-  public:
-    /// `band` in the unit of the readings.
-    explicit Hysteresis(double band) : band(band) {}
-
-    double filter(double x);
-
-  private:
-    double band;
-    std::optional<double> effective;
-};
-
-/// Engages at `on` and holds until a reading below `off` arrives. Degrees Celsius.
-class SafetyLatch {
-  public:
-    static constexpr double on = 95.0;
-    static constexpr double off = 85.0;
-
-    bool engaged() const { return isEngaged; }
-    /// Takes the hottest reading, or nothing when there is none, and returns whether it is engaged.
-    bool update(std::optional<double> hottest);
-
-  private:
-    bool isEngaged = false;
 };
 
 /// Turns a selection, the profiles and the readings into what the fans are to do, once a control
