@@ -2,7 +2,7 @@
 
 #include "Base/Precondition.h"
 #include "SMC/SMCCodec.h"
-#include "Simulation/SensorNames.h"
+#include "Simulation/SensorKeys.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "Simulation/SensorBank.h"
 
 #include "Base/Precondition.h"
-#include "Simulation/SensorNames.h"
+#include "Simulation/SensorKeys.h"
 
 #include <algorithm>
 #include <array>

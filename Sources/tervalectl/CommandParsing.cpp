@@ -49,6 +49,13 @@ ActionArgument takeAction(std::string_view command, Arguments& arguments) {
     return *action;
 }
 
+std::string groupNames() {
+    std::string names;
+    for (const SensorGroup group : SensorGroup::allCases)
+        (names += names.empty() ? "" : ", ") += group.rawValue();
+    return names;
+}
+
 } // namespace
 
 double parseSeconds(const Arguments& arguments, std::string_view option, double usual) {
@@ -67,8 +74,8 @@ Sensors parseSensors(Arguments& arguments) {
         const QString name = QString::fromStdString(arguments.value("group")).toLower();
         sensors.group = SensorGroup::fromRawValue(name.toStdString());
         if (!sensors.group)
-            throw misuse("There is no group '" + arguments.value("group") +
-                         "': cpu, gpu, memory, ssd, power, other.");
+            throw misuse("There is no group '" + arguments.value("group") + "': " + groupNames() +
+                         ".");
     }
     sensors.filter = arguments.takeAll();
     return sensors;

@@ -1,6 +1,6 @@
 #include "SMC/SMC.h"
 #include "SMC/SMCCodec.h"
-#include "Simulation/SensorNames.h"
+#include "Simulation/SensorKeys.h"
 #include "Simulation/SimulatedMac.h"
 
 #include <gtest/gtest.h>

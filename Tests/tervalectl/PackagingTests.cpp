@@ -1,7 +1,9 @@
+#include "SMC/Sensors.h"
 #include "tervalectl/CommandTable.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -45,6 +47,34 @@ bool hasHeading(const std::string& headings, const std::string& name) {
 }
 
 } // namespace
+
+namespace {
+
+/// The names of the groups of sensors, with this between them.
+std::string groupNames(const std::string& between) {
+    std::string names;
+    for (const SensorGroup group : SensorGroup::allCases)
+        (names += names.empty() ? "" : between) += group.rawValue();
+    return names;
+}
+
+} // namespace
+
+TEST(Packaging, NamesEveryGroupOfSensors) {
+    const auto option = std::ranges::find(ctl::allOptions(), "group", &ctl::Option::name);
+    ASSERT_NE(option, ctl::allOptions().end());
+    EXPECT_TRUE(option->summary.ends_with(": " + groupNames(", "))) << option->summary;
+    const std::string manual = read("man/tervalectl.1.in");
+    const auto from = manual.find("Only the sensors of this group:");
+    const std::string explained = manual.substr(from, manual.find(".TP", from) - from);
+    for (const SensorGroup group : SensorGroup::allCases)
+        EXPECT_NE(explained.find(std::string(group.rawValue()) + " "), std::string::npos)
+            << group.rawValue();
+    EXPECT_NE(read("completions/_tervalectl").find("group:(" + groupNames(" ") + ")"),
+              std::string::npos);
+    for (const char* shell : {"completions/tervalectl.bash", "completions/tervalectl.fish"})
+        EXPECT_NE(read(shell).find("'" + groupNames(" ") + "'"), std::string::npos) << shell;
+}
 
 TEST(Packaging, ExplainsEveryCommandAndOptionInTheManual) {
     const std::string text = headings();

@@ -1,4 +1,4 @@
-#include "Simulation/SensorNames.h"
+#include "Simulation/SensorKeys.h"
 
 #include "Base/Precondition.h"
 
