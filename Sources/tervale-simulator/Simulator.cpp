@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/Platform.h"
+#include "Platform/RuntimeFolder.h"
 
 #include <chrono>
 #include <cstdio>
@@ -50,7 +51,7 @@ void Simulator::serve(const std::optional<std::filesystem::path>& chosenPath) {
     path = chosenPath.value_or(controllerSocket::defaultPath());
     // The server checks a folder that the user chose.
     if (!chosenPath)
-        controllerSocket::makePrivateFolder(path->parent_path());
+        makePrivateFolder(path->parent_path());
     server = std::make_unique<SocketServer>(simulated.mac(), *path);
 }
 

@@ -1,8 +1,8 @@
 #include "Base/Overloaded.h"
 #include "Base/Terminal.h"
 #include "Machine/SessionEnd.h"
-#include "Platform/Linux/TerminationSignals.h"
 #include "Platform/Platform.h"
+#include "Platform/TerminationSignals.h"
 #include "Profiles/InProcessNotificationCenter.h"
 #include "tervale-simulator/Simulator.h"
 

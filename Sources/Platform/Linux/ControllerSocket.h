@@ -57,14 +57,8 @@ static_assert(sizeof(Reply) == 84);
 static_assert(offsetof(Reply, status) == 0);
 static_assert(offsetof(Reply, structure) == 4);
 
-/// Where the socket lies unless the user says otherwise: in a folder of its own in
-/// $XDG_RUNTIME_DIR, or in one for temporary files where that is not set to an absolute path.
+/// Where the socket lies unless the user says otherwise: in the runtime folder.
 std::filesystem::path defaultPath();
-
-/// Creates the folder unless it is there. Whether it is the user's own and nobody else can write
-/// to it, so that nobody else can have put a socket there.
-bool makePrivateFolder(const std::filesystem::path& folder);
-bool isPrivateFolder(const std::filesystem::path& folder);
 
 /// The address of a path; nothing if it is too long for one.
 std::optional<sockaddr_un> address(const std::filesystem::path& path);

@@ -1,7 +1,7 @@
 #include "Platform/Linux/FilePreferences.h"
 
 #include "Base/Precondition.h"
-#include "Platform/Linux/FileDescriptor.h"
+#include "Platform/FileDescriptor.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 #include "Platform/Linux/SocketRegistry.h"
 
 #include "Platform/Linux/ControllerSocket.h"
+#include "Platform/RuntimeFolder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -48,7 +49,7 @@ class SocketRegistry::Link {
         : socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)),
           patience(patience) {
         const auto address = controllerSocket::address(path);
-        if (socket && !(address && controllerSocket::isPrivateFolder(path.parent_path()) &&
+        if (socket && !(address && isPrivateFolder(path.parent_path()) &&
                         ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&*address),
                                   sizeof *address) == 0))
             socket.close();

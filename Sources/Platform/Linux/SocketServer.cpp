@@ -1,6 +1,7 @@
 #include "Platform/Linux/SocketServer.h"
 
 #include "Platform/Linux/ControllerSocket.h"
+#include "Platform/RuntimeFolder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -198,7 +199,7 @@ void SocketServer::listen() {
     if (!folder || ::flock(folder.number(), LOCK_EX) != 0)
         throw systemRefusal(path);
     // Clients do not look where somebody else could have put a socket.
-    if (!controllerSocket::isPrivateFolder(path.parent_path()))
+    if (!isPrivateFolder(path.parent_path()))
         throw refusal(path, "its folder is not this user's alone to write to");
     removeStale(path, *address);
     // The socket's own mode becomes that of its file, less what the mask takes away.

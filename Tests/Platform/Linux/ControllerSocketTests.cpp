@@ -1,10 +1,8 @@
 #include "Platform/Linux/ControllerSocket.h"
-#include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace tervale;
@@ -25,26 +23,6 @@ TEST(ControllerSocket, LiesAmongTheTemporaryFilesWithoutARuntimeFolder) {
     EXPECT_EQ(controllerSocket::defaultPath(), "/tmp" + own);
     ::setenv("TMPDIR", "/var/tmp", 1);
     EXPECT_EQ(controllerSocket::defaultPath(), "/var/tmp" + own);
-}
-
-TEST(ControllerSocket, MakesAFolderThatOthersCannotEnter) {
-    const TemporaryFolder folder;
-    ASSERT_TRUE(controllerSocket::makePrivateFolder(folder.path / "own"));
-    struct stat status {};
-    ASSERT_EQ(::stat((folder.path / "own").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777U, 0700U);
-    EXPECT_TRUE(controllerSocket::makePrivateFolder(folder.path / "own"));
-}
-
-TEST(ControllerSocket, TrustsNoFolderThatOthersCanWriteTo) {
-    const TemporaryFolder folder;
-    ASSERT_EQ(::mkdir((folder.path / "open").c_str(), 0700), 0);
-    ASSERT_EQ(::chmod((folder.path / "open").c_str(), 0770), 0);
-    EXPECT_FALSE(controllerSocket::makePrivateFolder(folder.path / "open"));
-    std::filesystem::create_symlink(folder.path, folder.path / "link");
-    EXPECT_FALSE(controllerSocket::isPrivateFolder(folder.path / "link"));
-    EXPECT_FALSE(controllerSocket::isPrivateFolder(folder.path / "absent"));
-    EXPECT_FALSE(controllerSocket::makePrivateFolder(folder.path / "absent" / "below"));
 }
 
 TEST(ControllerSocket, HasNoAddressForAPathThatIsTooLong) {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Platform/FileDescriptor.h"
 #include "Platform/Linux/ControllerSocket.h"
-#include "Platform/Linux/FileDescriptor.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "Platform/Linux/TerminationSignals.h"
+#include "Platform/TerminationSignals.h"
 
 #include "Base/Precondition.h"
 
@@ -42,9 +42,13 @@ void handleAllWith(void (*handler)(int)) {
 TerminationSignals::TerminationSignals(std::function<void()> handler) {
     std::array<int, 2> ends{};
     precondition(signalled == -1, "a process handles its signals in one place");
-    precondition(::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) == 0, "no pipe could be made");
+    precondition(::pipe(ends.data()) == 0, "no pipe could be made");
     readingEnd = FileDescriptor(ends[0]);
     writingEnd = FileDescriptor(ends[1]);
+    for (const int end : ends) {
+        ::fcntl(end, F_SETFD, FD_CLOEXEC);
+        ::fcntl(end, F_SETFL, O_NONBLOCK);
+    }
     arrival = std::make_unique<QSocketNotifier>(readingEnd.number(), QSocketNotifier::Read);
     QObject::connect(arrival.get(), &QSocketNotifier::activated, arrival.get(),
                      [this, handler = std::move(handler)] {

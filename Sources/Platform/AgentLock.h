@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Platform/FileLock.h"
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace tervale {
+
+/// What the one agent of a user's session holds for as long as it runs, however it ends. The file
+/// says, a line each, and only while it is locked:
+///
+/// | line                         | meaning                                             |
+/// |------------------------------|-----------------------------------------------------|
+/// | pid=1234                     | the agent's process                                 |
+/// | started=2026-01-31T09:13:28Z | when it took the lock, in UTC                       |
+/// | guard=1235                   | its guard's process; left out while there is none   |
+class AgentLock {
+  public:
+    /// Thrown where another agent runs, or no lock can be had; one line for people.
+    struct Refused : std::runtime_error {
+        using std::runtime_error::runtime_error;
+    };
+    struct Holder {
+        std::int64_t process = 0;
+        /// As the file has it.
+        std::string started;
+        std::optional<std::int64_t> guard;
+
+        bool operator==(const Holder&) const = default;
+    };
+    /// How long the lock is waited for: somebody may just look at it.
+    static constexpr std::chrono::milliseconds defaultPatience{300};
+
+    /// In the runtime folder.
+    static std::filesystem::path defaultPath();
+    /// The agent that runs; nothing if none does.
+    static std::optional<Holder> holder(const std::filesystem::path& path = defaultPath());
+
+    /// Throws `Refused`.
+    explicit AgentLock(const std::filesystem::path& path = defaultPath(),
+                       std::chrono::milliseconds patience = defaultPatience);
+
+    /// Tells which process is the guard, if one is.
+    void setGuard(std::optional<std::int64_t> process);
+
+  private:
+    void write() const;
+
+    std::optional<FileLock> lock;
+    Holder self;
+};
+
+} // namespace tervale
