@@ -29,6 +29,8 @@ constexpr const char* unreadableProfilesNotice =
 constexpr const char* unreadableSelectionNotice =
     "The stored selection cannot be read. It stays until you select another.";
 constexpr const char* tooLong = "Those profiles were not saved: they are too long.";
+constexpr const char* ended = "The agent has ended. The fans are automatic.";
+constexpr const char* endedBadly = "The agent has ended. The fans could not be handed back.";
 constexpr const char* timerRefused = "That timer was not set: it must end within 24 hours.";
 
 Preferences::Data dataOf(std::string_view text) {
@@ -41,6 +43,12 @@ Action withinRange(Action action) {
     if (auto* fixed = std::get_if<action::Fixed>(&action))
         fixed->speed = std::clamp(fixed->speed, 0.0, 1.0);
     return action;
+}
+
+bool holdsSafetyReading(const TemperatureReadings& readings) {
+    return std::ranges::any_of(allTemperatureInputs, [&](TemperatureInput input) {
+        return Controller::safetyInputs.contains(input) && readings.at(input);
+    });
 }
 
 /// Nothing where there is none, or where it cannot be read.
@@ -72,7 +80,8 @@ Agent::Agent(Surroundings surroundings)
       bridge(world.center),
       preferences(world.preferences, world.clock),
       store(preferences),
-      fans(world.smc) {
+      fans(world.smc),
+      permission(world.guard) {
     state.launchAtLogin = preferences.data(launchAtLoginKey) == dataOf("true");
     takeUpSelection();
     takeUpProfiles();
@@ -144,15 +153,31 @@ void Agent::readAgain() {
 
 void Agent::tick() {
     retryStorage();
-    if (state.timerEnds && world.clock.now() >= *state.timerEnds)
+    // Of a clock that is set back the timer knows nothing.
+    if (state.timerEnds &&
+        (world.clock.now() >= *state.timerEnds || world.clock.steady() >= timerLimit))
         endTimer();
+    permission.tick();
     control();
     if (state != published)
         publish();
 }
 
-std::optional<std::string> Agent::handBack() {
-    return fans.apply(target::Automatic{});
+void Agent::sleep() {
+    permission.sleep();
+    control();
+}
+
+void Agent::wake() {
+    permission.wake();
+    tick();
+}
+
+std::optional<std::string> Agent::end() {
+    std::optional<std::string> error = fans.handBack();
+    state.status = error ? endedBadly : ended;
+    publish();
+    return error;
 }
 
 void Agent::handle(const BridgeCommand& command) {
@@ -202,6 +227,7 @@ void Agent::startTimer(const command::StartTimer& timer) {
     }
     state.timerAction = withinRange(timer.action);
     state.timerEnds = world.clock.now() + timer.duration;
+    timerLimit = world.clock.steady() + timer.duration;
     notice.reset();
 }
 
@@ -215,7 +241,8 @@ void Agent::notify(std::string text) {
 }
 
 void Agent::control() {
-    const Target target = evaluate();
+    const Target wanted = evaluate();
+    const Target target = permission.grant(wanted, controller.safetyEngaged());
     const std::optional<std::string> error = fans.apply(target);
     if (notice && world.clock.now() >= notice->until)
         notice.reset();
@@ -228,8 +255,12 @@ std::optional<std::string> Agent::statusOf(const std::optional<std::string>& err
         text = tooHot;
     else if (error)
         text = error;
+    else if (permission.reason())
+        text = permission.reason();
     else if (notice)
         text = notice->text;
+    else
+        text = world.remark;
     // Whoever saves something must learn of this whatever else there is to tell.
     if (const auto& reason = preferences.failure())
         text = (text ? *text + ' ' : std::string()) + storingFailure(*reason);
@@ -244,6 +275,8 @@ Target Agent::evaluate() {
     findSensors();
     if (sampler)
         inputs.temperatures = sampler->sample(needs.temperatures, world.clock.now());
+    if (holdsSafetyReading(inputs.temperatures))
+        permission.noteReading();
     if (needs.load && world.load)
         inputs.load = world.load();
     return controller.target(action, state.profiles, inputs);

@@ -2,6 +2,7 @@
 
 #include "Agent/CheckedPreferences.h"
 #include "Agent/FanDriver.h"
+#include "Agent/FanPermission.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/Clock.h"
 #include "Profiles/Controller.h"
@@ -33,6 +34,9 @@ class Agent {
         Preferences& preferences;
         const Clock& clock;
         LoadReading load;
+        FanPermission::Guard guard{};
+        /// Shown in the status while there is nothing else to tell.
+        std::optional<std::string> remark{};
     };
 
     static constexpr double longestTimer = 24 * 60 * 60;
@@ -47,9 +51,12 @@ class Agent {
 
     /// One control tick. Called once a second.
     void tick();
-    /// Gives all fans back to automatic control, as the last thing before the agent goes. Tells
-    /// why if that fails.
-    std::optional<std::string> handBack();
+    /// Hands the fans back before the machine sleeps, and takes up again what is in force after it.
+    void sleep();
+    void wake();
+    /// Hands all fans back and says so, as the last thing before the agent goes. Tells why if that
+    /// fails.
+    std::optional<std::string> end();
 
     const BridgeState& currentState() const { return state; }
 
@@ -86,6 +93,7 @@ class Agent {
     /// Nothing until the sensors could be listed.
     std::optional<SensorSampler> sampler;
     FanDriver fans;
+    FanPermission permission;
     BridgeState state;
     std::optional<BridgeState> published;
     std::optional<Notice> notice;
@@ -96,6 +104,8 @@ class Agent {
     /// Until an action is selected in place of the stored one, or this can be read.
     bool selectionUnreadable = false;
     Date nextReading;
+    /// By the steady clock, while there is a timer.
+    double timerLimit = 0;
     ObserverToken commandObserver;
     ObserverToken channelObserver;
 };

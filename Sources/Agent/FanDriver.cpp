@@ -47,6 +47,8 @@ FanDriver::Error FanDriver::driveAll(double fraction) {
     // A speed that is no number is as good as none.
     if (std::isnan(fraction))
         return releaseAll();
+    // From here on this object is the one who unlocks them.
+    lockKnown = true;
     Error first;
     const Error counting = errorOf([&] {
         const std::int64_t count = fanCount();
@@ -74,16 +76,23 @@ void FanDriver::drive(std::int64_t index, double fraction) {
 }
 
 FanDriver::Error FanDriver::releaseAll() {
+    bool taken = holding;
+    const Error error = errorOf([&] { taken = taken || anyTaken(); });
+    if (error)
+        return error;
+    return taken ? handBack() : std::nullopt;
+}
+
+FanDriver::Error FanDriver::handBack() {
     return errorOf([this] {
-        if (!holding && !anyManual())
-            return;
+        // A count that no machine has would keep the controller busy for ever.
+        const std::int64_t count = fanCount();
         const Error error = errorOf([this] { smc.setAuto(); });
         if (!error) {
             holding = false;
             return;
         }
         // The first fan that fails keeps the rest from being handed back together.
-        const std::int64_t count = fanCount();
         for (std::int64_t fan = 0; fan < count; ++fan)
             errorOf([&] { smc.setAuto(std::vector{fan}); });
         throw SMCError(*error);
@@ -97,8 +106,15 @@ std::int64_t FanDriver::fanCount() {
     return count;
 }
 
-bool FanDriver::anyManual() {
+bool FanDriver::anyTaken() {
     const std::int64_t count = fanCount();
+    if (!lockKnown) {
+        double unlocked = 0;
+        errorOf([&] { unlocked = smc.read("Ftst"); });
+        lockKnown = true;
+        if (unlocked != 0.0)
+            return true;
+    }
     for (std::int64_t fan = 0; fan < count; ++fan) {
         double mode = 0;
         // A fan without a mode is never manual.

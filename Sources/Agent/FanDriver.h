@@ -20,6 +20,8 @@ class FanDriver {
     /// Writes a speed only where a fan is not yet on its way to it, and hands the fans back only
     /// while one of them is not automatic. The first error, if any.
     std::optional<std::string> apply(const Target& target);
+    /// Hands all fans back, and locks them, whatever state they are in.
+    std::optional<std::string> handBack();
 
   private:
     using Error = std::optional<std::string>;
@@ -27,13 +29,16 @@ class FanDriver {
     Error driveAll(double fraction);
     void drive(std::int64_t index, double fraction);
     Error releaseAll();
-    bool anyManual();
+    /// Whether a fan is manual or, at first, was unlocked by one who did not lock it again.
+    bool anyTaken();
     /// Throws for a count that no machine has.
     std::int64_t fanCount();
 
     SMC& smc;
     /// Fans may be under manual control because of this object.
     bool holding = false;
+    /// Whether the lock has been looked at.
+    bool lockKnown = false;
 };
 
 } // namespace tervale

@@ -29,4 +29,17 @@ int SystemClock::minuteOfDay() const {
     return local.tm_hour * 60 + local.tm_min;
 }
 
+double SystemClock::steady() const {
+#ifdef CLOCK_BOOTTIME
+    constexpr clockid_t clock = CLOCK_BOOTTIME;
+#else
+    // Where there is no other it counts the sleep as well.
+    constexpr clockid_t clock = CLOCK_MONOTONIC;
+#endif
+    timespec now{};
+    clock_gettime(clock, &now);
+    constexpr double nanosecond = 1e-9;
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * nanosecond;
+}
+
 } // namespace tervale

@@ -34,6 +34,9 @@ class Clock {
     virtual Date now() const = 0;
     /// The local minute of the day, 0 to 1439.
     virtual int minuteOfDay() const = 0;
+    /// Seconds since a moment that stays the same, whatever the clock is set to; the machine's
+    /// sleep is counted.
+    virtual double steady() const = 0;
 };
 
 /// The machine's own time, in its time zone.
@@ -41,6 +44,7 @@ class SystemClock final : public Clock {
   public:
     Date now() const override;
     int minuteOfDay() const override;
+    double steady() const override;
 };
 
 } // namespace tervale

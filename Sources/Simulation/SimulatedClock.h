@@ -12,9 +12,15 @@ class SimulatedClock final : public Clock {
   public:
     explicit SimulatedClock(Date start = {}) : date(start) {}
 
-    void advance(double seconds) { date = date + seconds; }
+    void advance(double seconds) {
+        date = date + seconds;
+        passed += seconds;
+    }
+    /// As the user sets a clock.
+    void set(Date newDate) { date = newDate; }
 
     Date now() const override { return date; }
+    double steady() const override { return passed; }
     int minuteOfDay() const override {
         constexpr double day = 86400;
         const double second = date.sinceReference - day * std::floor(date.sinceReference / day);
@@ -24,6 +30,7 @@ class SimulatedClock final : public Clock {
 
   private:
     Date date;
+    double passed = 0;
 };
 
 } // namespace tervale

@@ -33,7 +33,7 @@ void Simulation::startAgent(NotificationCenter& center, Preferences& preferences
 std::optional<std::string> Simulation::endAgent() {
     if (!driver)
         return std::nullopt;
-    std::optional<std::string> error = driver->handBack();
+    std::optional<std::string> error = driver->end();
     driver.reset();
     return error;
 }

@@ -424,10 +424,12 @@ TEST(AgentOnABreakableChannel, DrivesTheFansMeanwhileAndTellsItsStateAfterwards)
     EXPECT_EQ(heard[0], simulation.agent()->currentState());
 }
 
-TEST_F(AgentTest, HandsTheFansBack) {
+TEST_F(AgentTest, HandsTheFansBackInTheEndAndSaysSo) {
     send(command::Select{action::Fixed{1}});
-    EXPECT_EQ(simulation->agent()->handBack(), std::nullopt);
+    EXPECT_EQ(simulation->agent()->end(), std::nullopt);
     EXPECT_FALSE(fan(0).manual || fan(1).manual);
+    EXPECT_EQ(last().status, "The agent has ended. The fans are automatic.");
+    EXPECT_EQ(last().selection, Action(action::Fixed{1}));
 }
 
 TEST_F(AgentTest, LeavesTheFansAsTheyAreWhenItJustGoes) {

@@ -98,6 +98,22 @@ TEST_F(FanDriving, TellsTheErrorWhenTheControllerIsGone) {
     EXPECT_EQ(driver.apply(target::Automatic{}), "FNum: IOKit error 0xe00002d8");
 }
 
+TEST_F(FanDriving, LocksTheFansThatAnotherLeftUnlocked) {
+    smc.write("Ftst", 1);
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_EQ(smc.read("Ftst"), 0);
+}
+
+TEST_F(FanDriving, HandsAllFansBackWhateverStateTheyAreIn) {
+    FanDriver(smc).apply(target::Speed{1});
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+    EXPECT_FALSE(smc.fan(0).manual || smc.fan(1).manual);
+    EXPECT_EQ(smc.read("Ftst"), 0);
+    smc.write("Ftst", 1);
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+    EXPECT_EQ(smc.read("Ftst"), 0);
+}
+
 TEST_F(FanDriving, NeedsTheFansUnlocked) {
     mac.inject("Ftst", fault::Refused{132});
     EXPECT_EQ(driver.apply(target::Speed{1}), "F0md: SMC error 134");

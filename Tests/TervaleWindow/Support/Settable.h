@@ -19,6 +19,7 @@ class SettableClock final : public Clock {
 
     Date now() const override { return time; }
     int minuteOfDay() const override { return minute; }
+    double steady() const override { return time.sinceReference; }
 };
 
 /// A window that is on screen or not as a test says.
