@@ -8,6 +8,7 @@
 #include "Platform/macOS/IOKitRegistry.h"
 #include "Platform/macOS/IncreasedContrast.h"
 #include "Platform/macOS/OpenMenus.h"
+#include "Platform/macOS/PowerNotifications.h"
 #include "Platform/macOS/SystemSymbols.h"
 #include "Platform/macOS/TolerantTimer.h"
 #include "Platform/macOS/UserDefaultsPreferences.h"
@@ -17,8 +18,13 @@
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/Linux/DBusNotificationCenter.h"
 #include "Platform/Linux/FilePreferences.h"
+#include "Platform/Linux/LoginManager.h"
 #include "Platform/Linux/SocketRegistry.h"
+
+#include <QDBusConnection>
 #endif
+
+#include <utility>
 
 namespace tervale {
 
@@ -62,6 +68,10 @@ std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds interval,
                                         std::chrono::milliseconds tolerance,
                                         std::function<void()> handler) {
     return tolerantTimer(interval, tolerance, std::move(handler));
+}
+
+std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers) {
+    return powerNotifications(std::move(handlers));
 }
 
 void prepareEventLoop() {
@@ -108,6 +118,13 @@ std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds, std::chrono::
                                         // NOLINTNEXTLINE(performance-unnecessary-value-param)
                                         std::function<void()>) {
     return nullptr;
+}
+
+std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers) {
+    const QDBusConnection bus = QDBusConnection::systemBus();
+    if (!bus.isConnected())
+        return nullptr;
+    return std::make_shared<LoginManager>(bus, std::move(handlers));
 }
 
 void prepareEventLoop() {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/SleepWatch.h"
 #include "Platform/SymbolMask.h"
 #include "Profiles/LoadReading.h"
 #include "Profiles/NotificationCenter.h"
@@ -60,6 +61,10 @@ std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds interval,
 /// Tells whether the user asked the system for more contrast; null for a system whose palette alone
 /// tells it.
 std::function<bool()> makeIncreasedContrast();
+
+/// Calls the handlers around each sleep of the machine for as long as what it returns lives. Null
+/// where the system does not tell.
+std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers);
 
 /// Has an event loop of the toolkit deliver notifications also in a program without windows. Before
 /// the application object.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
+#include <dispatch/dispatch.h>
 #include <mach/mach.h>
 #include <stddef.h>
 #include <stdint.h>
@@ -13,6 +14,9 @@ extern "C" {
 typedef mach_port_t io_object_t;
 typedef io_object_t io_connect_t;
 typedef io_object_t io_service_t;
+typedef struct IONotificationPort* IONotificationPortRef;
+typedef void (*IOServiceInterestCallback)(void* refcon, io_service_t service, uint32_t messageType,
+                                          void* messageArgument);
 
 #define IO_OBJECT_NULL ((io_object_t)0)
 #define kIOReturnUnderrun ((kern_return_t)0xE00002E7)
@@ -29,6 +33,8 @@ kern_return_t IOObjectRelease(io_object_t object);
 kern_return_t IOConnectCallStructMethod(mach_port_t connection, uint32_t selector,
                                         const void* inputStruct, size_t inputStructCount,
                                         void* outputStruct, size_t* outputStructCount);
+void IONotificationPortSetDispatchQueue(IONotificationPortRef notify, dispatch_queue_t queue);
+void IONotificationPortDestroy(IONotificationPortRef notify);
 
 #ifdef __cplusplus
 }

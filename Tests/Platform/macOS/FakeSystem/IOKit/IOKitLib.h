@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <dispatch/dispatch.h>
 #include <mach/mach.h>
 
 // As much of IOKit as the macOS adapters use, answered by `FakeKernel`.
@@ -10,6 +12,9 @@ using io_service_t = io_object_t;
 using io_connect_t = io_object_t;
 using CFDictionaryRef = const struct FakeDictionary*;
 using CFMutableDictionaryRef = struct FakeDictionary*;
+using IONotificationPortRef = struct FakeNotificationPort*;
+using IOServiceInterestCallback = void (*)(void* reference, io_service_t service,
+                                           std::uint32_t message, void* argument);
 
 constexpr io_object_t IO_OBJECT_NULL = 0;
 constexpr mach_port_t kIOMainPortDefault = 0;
@@ -25,4 +30,6 @@ kern_return_t IOConnectCallStructMethod(io_connect_t connection, std::uint32_t s
                                         const void* input, std::size_t inputSize, void* output,
                                         std::size_t* outputSize);
 kern_return_t IOServiceClose(io_connect_t connect);
+void IONotificationPortSetDispatchQueue(IONotificationPortRef port, dispatch_queue_t queue);
+void IONotificationPortDestroy(IONotificationPortRef port);
 }

@@ -1,0 +1,128 @@
+#include "Platform/GuardProcess.h"
+
+#include "Platform/ProgramPath.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tervale {
+
+namespace {
+
+constexpr char sign = 'a';
+
+/// Both ends close with their processes, and with programs that these start.
+bool makePair(std::array<FileDescriptor, 2>& ends) {
+    std::array<int, 2> numbers{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, numbers.data()) != 0)
+        return false;
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        ends[i] = FileDescriptor(numbers[i]);
+        ::fcntl(numbers[i], F_SETFD, FD_CLOEXEC);
+    }
+    return true;
+}
+
+/// In the new process, where nothing may be called but what a signal's handler may call.
+[[noreturn]] void become(const char* program, char* const* arguments, int socket) {
+    ::setsid();
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE})
+        ::signal(signal, SIG_IGN);
+    sigset_t none;
+    sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    if (::dup2(socket, STDIN_FILENO) == STDIN_FILENO)
+        ::execv(program, arguments);
+    ::_exit(127);
+}
+
+} // namespace
+
+GuardProcess::GuardProcess(std::vector<std::string> given) : arguments(std::move(given)) {
+    // A sign of life to a guard that is gone shall fail, not end this process.
+    ::signal(SIGPIPE, SIG_IGN);
+}
+
+bool GuardProcess::keep() {
+    if (child != 0 && greet())
+        return true;
+    const auto now = std::chrono::steady_clock::now();
+    if (failed && now - *failed < pause)
+        return false;
+    dismiss();
+    start();
+    failed = child == 0 ? std::optional(now) : std::nullopt;
+    return child != 0;
+}
+
+std::optional<std::int64_t> GuardProcess::process() const {
+    return child == 0 ? std::nullopt : std::optional(child);
+}
+
+bool GuardProcess::greet() {
+    std::array<char, 64> answers{};
+    const ssize_t answered = ::recv(socket.number(), answers.data(), answers.size(), MSG_DONTWAIT);
+    if (answered == 0)
+        return false;
+    unanswered = answered > 0 ? 0 : unanswered + 1;
+    return unanswered <= mostUnanswered &&
+           ::send(socket.number(), &sign, sizeof sign, MSG_DONTWAIT) == sizeof sign;
+}
+
+void GuardProcess::start() {
+    std::array<FileDescriptor, 2> ends;
+    const std::string program = programPath();
+    if (!makePair(ends))
+        return;
+    std::vector<char*> all;
+    for (std::string& argument : arguments)
+        all.push_back(argument.data());
+    all.push_back(nullptr);
+    const pid_t started = ::fork();
+    if (started == 0)
+        become(program.c_str(), all.data(), ends[1].number());
+    if (started < 0)
+        return;
+    child = started;
+    socket = std::move(ends[0]);
+    // While the other end is open here too, a guard that fails would not be noticed.
+    ends[1].close();
+    unanswered = 0;
+    if (!reports())
+        dismiss();
+}
+
+bool GuardProcess::reports() const {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    for (;;) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
+            deadline - std::chrono::steady_clock::now());
+        if (left.count() <= 0)
+            return false;
+        pollfd waiting{socket.number(), POLLIN, 0};
+        const int ready = ::poll(&waiting, 1, static_cast<int>(left.count()));
+        if (ready < 0 && errno == EINTR)
+            continue;
+        char report = 0;
+        return ready > 0 && ::recv(socket.number(), &report, sizeof report, 0) == sizeof report;
+    }
+}
+
+void GuardProcess::dismiss() {
+    if (child == 0)
+        return;
+    ::kill(static_cast<pid_t>(child), SIGKILL);
+    while (::waitpid(static_cast<pid_t>(child), nullptr, 0) < 0 && errno == EINTR) {
+    }
+    socket.close();
+    child = 0;
+}
+
+} // namespace tervale

@@ -1,0 +1,173 @@
+#include "Platform/FileDescriptor.h"
+#include "Platform/FileLock.h"
+#include "Platform/GuardDuty.h"
+#include "Support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace tervale;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A guard of this process, or of one that a test starts in its place. It notes each hand-back in
+/// a pipe.
+class GuardTest : public testing::Test {
+  protected:
+    GuardTest() {
+        std::array<int, 2> notes{};
+        EXPECT_EQ(::pipe(notes.data()), 0);
+        reading = FileDescriptor(notes[0]);
+        writing = FileDescriptor(notes[1]);
+    }
+    ~GuardTest() override {
+        agent.close();
+        if (guard > 0)
+            ::waitpid(guard, nullptr, 0);
+    }
+
+    void start(int failures = 0) {
+        std::array<int, 2> ends{};
+        ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
+        guard = ::fork();
+        if (guard == 0) {
+            held.reset();
+            ::dup2(ends[1], STDIN_FILENO);
+            ::close(ends[0]);
+            ::close(ends[1]);
+            ::_exit(static_cast<int>(stand(failures)));
+        }
+        agent = FileDescriptor(ends[0]);
+        ::close(ends[1]);
+    }
+    GuardDuty::End stand(int failures) const {
+        return GuardDuty{.lock = lock,
+                         .hangLimit = 400ms,
+                         .handBack =
+                             [this, failures]() mutable {
+                                 const bool done = failures-- <= 0;
+                                 return ::write(writing.number(), "h", 1) == 1 && done;
+                             }}
+            .stand();
+    }
+    /// Whether the guard says something within so long.
+    bool hears(std::chrono::milliseconds wait) const { return arrives(agent.number(), wait); }
+    bool handsBack(std::chrono::milliseconds wait) const { return arrives(reading.number(), wait); }
+    static bool arrives(int file, std::chrono::milliseconds wait) {
+        pollfd waiting{file, POLLIN, 0};
+        char note = 0;
+        return ::poll(&waiting, 1, static_cast<int>(wait.count())) == 1 &&
+               ::read(file, &note, 1) == 1;
+    }
+    void giveSign() const { EXPECT_EQ(::send(agent.number(), "a", 1, MSG_NOSIGNAL), 1); }
+    GuardDuty::End ends() {
+        int status = 0;
+        EXPECT_EQ(::waitpid(guard, &status, 0), guard);
+        guard = 0;
+        EXPECT_TRUE(WIFEXITED(status));
+        return static_cast<GuardDuty::End>(WEXITSTATUS(status));
+    }
+
+    TemporaryFolder folder;
+    std::filesystem::path lock = folder.path / "tervale" / "guard.lock";
+    /// By a guard before the one that is started.
+    std::optional<FileLock> held;
+    FileDescriptor reading;
+    FileDescriptor writing;
+    FileDescriptor agent;
+    pid_t guard = 0;
+};
+
+} // namespace
+
+TEST_F(GuardTest, ReportsForDutyAndAnswersEverySignOfLife) {
+    start();
+    ASSERT_TRUE(hears(5s));
+    for (int i = 0; i < 6; ++i) {
+        std::this_thread::sleep_for(100ms);
+        giveSign();
+        EXPECT_TRUE(hears(5s));
+    }
+    EXPECT_FALSE(handsBack(0ms));
+}
+
+TEST_F(GuardTest, HandsBackAtOnceWhenTheOtherEndIsClosed) {
+    start();
+    ASSERT_TRUE(hears(5s));
+    agent.close();
+    EXPECT_TRUE(handsBack(300ms));
+    EXPECT_EQ(ends(), GuardDuty::End::handedBack);
+}
+
+TEST_F(GuardTest, TriesAgainUntilTheFansAreAutomatic) {
+    start(3);
+    ASSERT_TRUE(hears(5s));
+    agent.close();
+    EXPECT_EQ(ends(), GuardDuty::End::handedBack);
+    for (int attempt = 0; attempt < 4; ++attempt)
+        EXPECT_TRUE(handsBack(0ms));
+    EXPECT_FALSE(handsBack(0ms));
+}
+
+TEST_F(GuardTest, OutlivesTheSignalsThatEndItsAgent) {
+    start();
+    ASSERT_TRUE(hears(5s));
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE})
+        ASSERT_EQ(::kill(guard, signal), 0);
+    giveSign();
+    EXPECT_TRUE(hears(5s));
+}
+
+TEST_F(GuardTest, EndsAnAgentThatGivesNoSignOfLifeAndHandsBack) {
+    // The agent that hangs is a child, whose guard writes to the same pipe.
+    const pid_t hanging = ::fork();
+    if (hanging == 0) {
+        start();
+        for (;;)
+            ::pause();
+    }
+    const auto began = std::chrono::steady_clock::now();
+    int status = 0;
+    ASSERT_EQ(::waitpid(hanging, &status, 0), hanging);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+    EXPECT_GE(std::chrono::steady_clock::now() - began, 400ms);
+    EXPECT_TRUE(handsBack(2s));
+    EXPECT_TRUE(handsBack(2s)) << "once more when it is really gone";
+}
+
+TEST_F(GuardTest, IsPatientWithAnAgentWhileItIsHaltedItself) {
+    start();
+    ASSERT_TRUE(hears(5s));
+    ASSERT_EQ(::kill(guard, SIGSTOP), 0);
+    std::this_thread::sleep_for(900ms);
+    ASSERT_EQ(::kill(guard, SIGCONT), 0);
+    std::this_thread::sleep_for(150ms);
+    giveSign();
+    EXPECT_TRUE(hears(5s));
+    EXPECT_FALSE(handsBack(0ms));
+}
+
+TEST_F(GuardTest, ReportsOnlyOnceTheGuardBeforeItIsDone) {
+    held = FileLock::take(lock, 0ms);
+    ASSERT_TRUE(held);
+    start();
+    EXPECT_FALSE(hears(300ms));
+    held.reset();
+    EXPECT_TRUE(hears(5s));
+}
+
+TEST_F(GuardTest, RefusesWhenTheGuardBeforeItIsNeverDone) {
+    held = FileLock::take(lock, 0ms);
+    start();
+    EXPECT_EQ(ends(), GuardDuty::End::refused);
+    EXPECT_FALSE(handsBack(0ms));
+}

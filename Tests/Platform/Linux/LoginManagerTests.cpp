@@ -1,0 +1,59 @@
+#include "Platform/Linux/LoginManager.h"
+#include "Support/FakeLoginManager.h"
+#include "Support/PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+using namespace tervale;
+
+namespace {
+
+class LoginManagerTest : public testing::Test {
+  protected:
+    SleepHandlers handlers() {
+        return {[this] {
+                    delayedBefore = manager.isDelayed();
+                    said += "before ";
+                },
+                [this] { said += "after "; }};
+    }
+
+    PrivateBus bus;
+    FakeLoginManager manager{bus.connect()};
+    bool delayedBefore = false;
+    std::string said;
+};
+
+} // namespace
+
+TEST_F(LoginManagerTest, HasTheMachineWaitUntilTheFansAreHandedBack) {
+    const LoginManager watch(bus.connect(), handlers());
+    ASSERT_TRUE(eventually([this] { return manager.delays == 1; }));
+    EXPECT_EQ(manager.asked,
+              (QStringList{"sleep", "Tervale", "The fans are handed back", "delay"}));
+    EXPECT_TRUE(manager.isDelayed());
+    emit manager.PrepareForSleep(true);
+    ASSERT_TRUE(eventually([this] { return !manager.isDelayed(); }));
+    EXPECT_EQ(said, "before ");
+    EXPECT_TRUE(delayedBefore);
+    emit manager.PrepareForSleep(false);
+    ASSERT_TRUE(eventually([this] { return manager.delays == 2; }));
+    EXPECT_EQ(said, "before after ");
+    EXPECT_TRUE(manager.isDelayed());
+}
+
+TEST_F(LoginManagerTest, HearsOfSleepFromOneThatGivesNoDelay) {
+    const LoginManager watch(bus.connect(), handlers());
+    // Whoever sends the signal as the manager does.
+    emit manager.PrepareForSleep(true);
+    ASSERT_TRUE(eventually([this] { return said == "before "; }));
+}
+
+TEST_F(LoginManagerTest, LetsTheMachineSleepWhenItGoes) {
+    {
+        const LoginManager watch(bus.connect(), handlers());
+        ASSERT_TRUE(eventually([this] { return manager.delays == 1; }));
+        PrivateBus::settle(bus.connect());
+    }
+    EXPECT_TRUE(eventually([this] { return !manager.isDelayed(); }));
+}

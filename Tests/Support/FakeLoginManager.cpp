@@ -1,0 +1,22 @@
+#include "Support/FakeLoginManager.h"
+
+#include <fcntl.h>
+
+namespace tervale {
+
+QDBusUnixFileDescriptor FakeLoginManager::Inhibit(const QString& what, const QString& who,
+                                                  const QString& why, const QString& mode) {
+    asked = {what, who, why, mode};
+    ++delays;
+    closeReadingEnd();
+    std::array<int, 2> ends{};
+    if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return {};
+    readingEnd = ends[0];
+    // The answer has a descriptor of its own.
+    QDBusUnixFileDescriptor writingEnd(ends[1]);
+    ::close(ends[1]);
+    return writingEnd;
+}
+
+} // namespace tervale
