@@ -14,6 +14,7 @@ set(may_Simulation ${may_Agent} Simulation)
 set(may_Machine ${may_Agent} Platform Simulation Machine)
 set(may_TervaleWindow ${may_Machine} TervaleWindow)
 set(may_tervale-simulator ${may_Machine} tervale-simulator)
+set(may_tervale-agent ${may_Machine} tervale-agent)
 set(may_tervalectl ${may_Machine} tervalectl)
 
 # The same for the rooms of the window. The panes do not include one another, and what only draws
@@ -37,7 +38,7 @@ set(tests_alone Faults Floors Packaging Processes Support fixtures TervaleWindow
 # Angle-bracket headers of an operating system, a toolkit or a library.
 set(foreign "^(sys/|unistd\\.h|fcntl\\.h|poll\\.h|signal\\.h|netinet/|arpa/|mach/|IOKit/|CoreFoundation/|CoreGraphics/|Foundation/|AppKit/|objc/|dbus/|systemd/)")
 set(toolkit "^Q[A-Z]")
-set(toolkit_users TervaleWindow tervale-simulator tervalectl Machine Platform)
+set(toolkit_users TervaleWindow tervale-agent tervale-simulator tervalectl Machine Platform)
 set(json "^nlohmann/")
 
 set(faults 0)

@@ -1,6 +1,7 @@
 #include "Machine/Machine.h"
 
 #include "Base/Overloaded.h"
+#include "Machine/SimulatedHost.h"
 #include "Machine/SimulationTimer.h"
 #include "Platform/Platform.h"
 #include "Profiles/Clock.h"
@@ -18,13 +19,6 @@ namespace tervale {
 namespace {
 
 using namespace std::chrono_literals;
-
-SimulatedMacOptions asBusyAsTheHost() {
-    SimulatedMacOptions options;
-    options.scenario = Scenario::host;
-    options.hostLoad = makeProcessorLoad();
-    return options;
-}
 
 /// A simulated Mac and its agent in real time, and what they live on. What the agent stores is
 /// there again on the next start.

@@ -17,7 +17,7 @@ def options_of_manual(name):
 class Manual(unittest.TestCase):
     def test_describes_the_options_of_the_programs_help_and_no_others(self):
         # Those of tervalectl are a command's each; its own tests compare them with the manual.
-        for name in ("tervale-window", "tervale-simulator"):
+        for name in ("tervale-window", "tervale-agent", "tervale-simulator"):
             with self.subTest(name):
                 self.assertIn("--version", options_of_manual(name))
                 self.assertEqual(options_of_manual(name), options_of_help(PROGRAMS[name]))

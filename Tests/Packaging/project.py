@@ -11,6 +11,7 @@ LINUX = SOURCES / "packaging/linux"
 ICONS = SOURCES / "packaging/icon"
 PROGRAMS = {
     "tervale-window": BUILD / "Sources/TervaleWindow/Shell/tervale-window",
+    "tervale-agent": BUILD / "Sources/tervale-agent/tervale-agent",
     "tervale-simulator": BUILD / "Sources/tervale-simulator/tervale-simulator",
     "tervalectl": BUILD / "Sources/tervalectl/tervalectl",
 }

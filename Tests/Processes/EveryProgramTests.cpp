@@ -14,7 +14,8 @@ class EveryProgramTest : public testing::TestWithParam<const char*> {
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(Programs, EveryProgramTest,
-                         testing::Values(TERVALE_CTL, TERVALE_SIMULATOR, TERVALE_WINDOW));
+                         testing::Values(TERVALE_AGENT, TERVALE_CTL, TERVALE_SIMULATOR,
+                                         TERVALE_WINDOW));
 
 TEST_P(EveryProgramTest, FailsIfItsHelpOrVersionCannotBeWritten) {
     for (const char* option : {"--help", "--version"}) {

@@ -14,6 +14,18 @@ class SimulatorProgram : public ChildProcess {
     }
 };
 
+/// `tervale-agent` in the session. Started once it says that it drives the fans, or why it does
+/// not.
+class AgentProcess : public ChildProcess {
+  public:
+    explicit AgentProcess(const PrivateBus& bus, const QStringList& arguments = {})
+        : AgentProcess(bus.environment(), arguments) {}
+    explicit AgentProcess(const QProcessEnvironment& environment, const QStringList& arguments = {})
+        : ChildProcess(QStringLiteral(TERVALE_AGENT), arguments, environment) {
+        eventually([this] { return errors().contains("Profiles: ") || !runs(); });
+    }
+};
+
 /// `tervale-window` in the session, on no screen.
 class WindowProgram : public ChildProcess {
   public:

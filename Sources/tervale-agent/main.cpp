@@ -1,0 +1,69 @@
+#include "Base/Overloaded.h"
+#include "Base/Terminal.h"
+#include "Machine/Machine.h"
+#include "Platform/Platform.h"
+#include "Platform/TerminationSignals.h"
+#include "tervale-agent/AgentCommandLine.h"
+#include "tervale-agent/AgentProgram.h"
+#include "tervale-agent/Guard.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+#include <string>
+#include <tervale/Version.h>
+
+using namespace tervale;
+
+namespace {
+
+/// Where this program writes.
+Terminal terminal() {
+    return Terminal("tervale-agent");
+}
+
+int runAgent(const AgentCommandLine::Run& run) {
+    const std::unique_ptr<NotificationCenter> center = makeNotificationCenter();
+    if (!center)
+        return terminal().complain("There is no session bus to be heard on.", exitStatus::failure);
+    try {
+        AgentProgram program(run, *center);
+        const TerminationSignals ending(
+            [&program] { QCoreApplication::exit(program.end("Told to end.")); });
+        const auto sleep =
+            makeSleepWatch({[&program] { program.sleep(); }, [&program] { program.wake(); }});
+        return QCoreApplication::exec();
+    } catch (const AgentLock::Refused& refusal) {
+        return terminal().complain(refusal.what(), exitStatus::failure);
+    } catch (const NoSuchMachine& missing) {
+        return terminal().complain(missing.what(), exitStatus::failure);
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    // The guard is this program too, but without the toolkit.
+    if (const std::optional<int> status = standGuard(count, arguments))
+        return *status;
+    prepareEventLoop();
+    const QCoreApplication application(count, arguments);
+    // The toolkit takes over the user's locale for all of the process; numbers are the same
+    // everywhere.
+    std::setlocale(LC_NUMERIC, "C");
+    return std::visit(
+        overloaded{
+            [](const AgentCommandLine::Run& run) { return runAgent(run); },
+            [](const AgentCommandLine::ShowHelp&) {
+                return terminal().print(AgentCommandLine::help().toStdString());
+            },
+            [](const AgentCommandLine::ShowVersion&) {
+                return terminal().print(std::string("tervale-agent ") + version::text + "\n");
+            },
+            [](const AgentCommandLine::Refuse& refusal) {
+                return terminal().complain(refusal.line.toStdString() + " See --help.",
+                                           exitStatus::wrongUsage);
+            },
+        },
+        AgentCommandLine::parse(QCoreApplication::arguments()));
+}

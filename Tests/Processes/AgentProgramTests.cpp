@@ -1,0 +1,238 @@
+#include "Platform/AgentLock.h"
+#include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/SocketRegistry.h"
+#include "Processes/Programs.h"
+#include "Profiles/Bridge.h"
+#include "SMC/SMC.h"
+#include "Support/FakeLoginManager.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fstream>
+
+using namespace tervale;
+
+namespace {
+
+const Action maximum = action::Fixed{1};
+
+/// An agent of its own process on the Mac of another one.
+class AgentProgramTest : public testing::Test {
+  protected:
+    AgentProgramTest() { PrivateBus::settle(connection); }
+
+    bool manual() {
+        const Fan fan = controller().fan(0);
+        return fan.manual;
+    }
+    bool automatic() {
+        for (const Fan& fan : controller().fans())
+            if (fan.manual)
+                return false;
+        return controller().read("Ftst") == 0;
+    }
+    /// Whether the agent confirms the selection, and the fans turn manual.
+    bool selectsMaximum() {
+        bridge.send(command::Select{maximum});
+        return eventually([this] { return state.selection == maximum && manual(); });
+    }
+    std::filesystem::path lock() const { return bus.runtimeFolder() / "tervale" / "agent.lock"; }
+    SMC& controller() {
+        if (!smc)
+            smc.emplace(registry);
+        return *smc;
+    }
+
+    PrivateBus bus;
+    QDBusConnection connection = bus.connect();
+    DBusNotificationCenter center{connection};
+    Bridge bridge{center};
+    BridgeState state;
+    int states = 0;
+    ObserverToken observer = bridge.onState([this](const BridgeState& published) {
+        state = published;
+        ++states;
+    });
+    SocketRegistry registry{bus.socket()};
+    std::optional<SMC> smc;
+};
+
+bool exists(qint64 process) {
+    return ::kill(static_cast<pid_t>(process), 0) == 0;
+}
+
+} // namespace
+
+TEST_F(AgentProgramTest, PrintsItsHelpAndVersionAndRefusesWrongUsage) {
+    for (const char* option : {"--help", "-h"}) {
+        ChildProcess help(TERVALE_AGENT, {option}, bus.environment());
+        ASSERT_TRUE(help.ends());
+        EXPECT_EQ(help.status(), 0);
+        EXPECT_TRUE(help.output().startsWith("Usage: tervale-agent"));
+    }
+    ChildProcess version(TERVALE_AGENT, {"--version"}, bus.environment());
+    ASSERT_TRUE(version.ends());
+    EXPECT_TRUE(version.output().startsWith("tervale-agent "));
+    ChildProcess wrong(TERVALE_AGENT, {"--frobnicate"}, bus.environment());
+    ASSERT_TRUE(wrong.ends());
+    EXPECT_EQ(wrong.status(), 2);
+    EXPECT_EQ(wrong.errors().count('\n'), 1);
+}
+
+TEST_F(AgentProgramTest, DrivesTheFansAndHandsThemBackWhenToldToEnd) {
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        AgentProcess agent(bus);
+        ASSERT_TRUE(selectsMaximum()) << agent.errors().toStdString();
+        QElapsedTimer sinceSignal;
+        sinceSignal.start();
+        agent.send(signal);
+        ASSERT_TRUE(agent.ends());
+        EXPECT_LT(sinceSignal.elapsed(), 2000);
+        EXPECT_EQ(agent.status(), 0);
+        EXPECT_TRUE(automatic());
+        EXPECT_TRUE(eventually(
+            [this] { return state.status == "The agent has ended. The fans are automatic."; }));
+        EXPECT_EQ(agent.output(), "");
+    }
+}
+
+TEST_F(AgentProgramTest, SaysNothingWhileNothingHappens) {
+    const SimulatorProgram simulator(bus, {"--no-agent", "--scenario", "idle"});
+    AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    ASSERT_TRUE(eventually([&] { return agent.errors().contains("Selection: 100%"); }));
+    const QByteArray before = agent.errors();
+    const int statesBefore = states;
+    QElapsedTimer waited;
+    waited.start();
+    EXPECT_TRUE(eventually([&] { return waited.elapsed() > 3000; }));
+    EXPECT_EQ(agent.errors(), before);
+    EXPECT_EQ(states, statesBefore);
+}
+
+TEST_F(AgentProgramTest, KeepsWhatItWasToldForTheNextTime) {
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    {
+        AgentProcess agent(bus);
+        ASSERT_TRUE(selectsMaximum());
+        bridge.send(command::SetLaunchAtLogin{true});
+        ASSERT_TRUE(eventually([this] { return state.launchAtLogin; }));
+        agent.send(SIGTERM);
+        ASSERT_TRUE(agent.ends());
+    }
+    EXPECT_TRUE(std::filesystem::exists(bus.runtimeFolder().parent_path() / "config" / "tervale"));
+    const AgentProcess agent(bus);
+    EXPECT_TRUE(eventually([this] { return manual(); }));
+    bridge.send(command::CheckForUpdates{});
+    EXPECT_TRUE(eventually([this] { return state.status == "Tervale is up to date."; }));
+    EXPECT_TRUE(state.launchAtLogin);
+}
+
+TEST_F(AgentProgramTest, RunsOnceASession) {
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    AgentProcess first(bus);
+    ASSERT_TRUE(selectsMaximum());
+    const auto holder = AgentLock::holder(lock());
+    ASSERT_TRUE(holder);
+    EXPECT_EQ(holder->process, first.id());
+    ASSERT_TRUE(holder->guard);
+    EXPECT_TRUE(exists(*holder->guard));
+    for (const char* machine : {"--simulate", "--dry-run", "--socket=/absent"}) {
+        ChildProcess second(TERVALE_AGENT, {machine}, bus.environment());
+        ASSERT_TRUE(second.ends());
+        EXPECT_EQ(second.status(), 1);
+        EXPECT_EQ(second.errors(), "tervale-agent: An agent runs already: process " +
+                                       QByteArray::number(first.id()) + ".\n");
+    }
+    EXPECT_TRUE(first.runs());
+    EXPECT_TRUE(manual());
+    first.send(SIGTERM);
+    ASSERT_TRUE(first.ends());
+    EXPECT_TRUE(eventually([&] { return !exists(*holder->guard); }));
+    EXPECT_FALSE(AgentLock::holder(lock()));
+}
+
+TEST_F(AgentProgramTest, NeedsASessionBus) {
+    QProcessEnvironment lonely = bus.environment();
+    lonely.remove("DBUS_SESSION_BUS_ADDRESS");
+    ChildProcess agent(TERVALE_AGENT, {"--simulate"}, lonely);
+    ASSERT_TRUE(agent.ends());
+    EXPECT_EQ(agent.status(), 1);
+    EXPECT_EQ(agent.errors().count('\n'), 1);
+}
+
+TEST_F(AgentProgramTest, DrivesASimulatedMacWithinItsProcess) {
+    const AgentProcess agent(bus, {"--simulate"});
+    bridge.send(command::Select{maximum});
+    EXPECT_TRUE(eventually([this] { return state.selection == maximum; }));
+    EXPECT_EQ(state.status, std::nullopt);
+    EXPECT_FALSE(AgentLock::holder(lock())->guard) << "the Mac goes with the process";
+}
+
+TEST_F(AgentProgramTest, WritesNothingInADryRunAndSaysSo) {
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const AgentProcess agent(bus, {"--dry-run"});
+    bridge.send(command::Select{maximum});
+    ASSERT_TRUE(eventually([this] { return state.selection == maximum; }));
+    EXPECT_EQ(state.status, "Dry run: nothing is written to the controller.");
+    EXPECT_TRUE(automatic());
+}
+
+TEST_F(AgentProgramTest, WaitsForAControllerThatComesLater) {
+    ChildProcess agent(TERVALE_AGENT, {}, bus.environment());
+    ASSERT_TRUE(eventually([&] { return agent.errors().contains("looked for once a second"); }));
+    EXPECT_TRUE(agent.runs());
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    ASSERT_TRUE(eventually([&] { return agent.errors().contains("The controller is there."); }));
+    EXPECT_TRUE(selectsMaximum());
+}
+
+TEST_F(AgentProgramTest, StartsAnotherGuardWhenItsGuardIsKilled) {
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    const auto before = AgentLock::holder(lock())->guard;
+    ASSERT_TRUE(before);
+    ASSERT_EQ(::kill(static_cast<pid_t>(*before), SIGKILL), 0);
+    QElapsedTimer sinceKill;
+    sinceKill.start();
+    ASSERT_TRUE(eventually([&] { return AgentLock::holder(lock())->guard != before; }));
+    EXPECT_LT(sinceKill.elapsed(), 2500);
+    EXPECT_TRUE(manual());
+    agent.send(SIGKILL);
+    ASSERT_TRUE(agent.ends());
+    EXPECT_TRUE(eventually([this] { return automatic(); })) << "the new guard does its duty";
+}
+
+TEST_F(AgentProgramTest, LeavesTheFansToTheFirmwareWhereNoGuardCanStand) {
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    // Whoever holds the guard's lock keeps every other guard from its duty.
+    const auto held = FileLock::take(bus.runtimeFolder() / "tervale" / "guard.lock",
+                                     std::chrono::milliseconds(0));
+    const AgentProcess agent(bus);
+    bridge.send(command::Select{maximum});
+    ASSERT_TRUE(eventually([this] { return state.selection == maximum; }));
+    EXPECT_EQ(state.status,
+              "The fans are automatic, since no guard could be started that hands them back.");
+    EXPECT_TRUE(automatic());
+}
+
+TEST_F(AgentProgramTest, HandsTheFansBackBeforeSleepAndTakesThemAfterIt) {
+    FakeLoginManager manager(bus.connect());
+    QProcessEnvironment environment = bus.environment();
+    environment.insert("DBUS_SYSTEM_BUS_ADDRESS", bus.address());
+    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const AgentProcess agent(environment);
+    ASSERT_TRUE(selectsMaximum());
+    ASSERT_TRUE(eventually([&] { return manager.isDelayed(); }));
+    emit manager.PrepareForSleep(true);
+    ASSERT_TRUE(eventually([&] { return !manager.isDelayed(); }));
+    EXPECT_TRUE(automatic()) << "before the machine is let sleep";
+    emit manager.PrepareForSleep(false);
+    EXPECT_TRUE(eventually([this] { return manual(); }));
+    EXPECT_TRUE(eventually([&] { return manager.isDelayed(); }));
+}
