@@ -1,7 +1,5 @@
 #include "Simulation/Simulation.h"
 
-#include "Base/Precondition.h"
-
 #include <algorithm>
 
 namespace tervale {
@@ -25,17 +23,8 @@ Simulation::Simulation(const SimulatedMacOptions& options, NotificationCenter& c
 
 void Simulation::startAgent(NotificationCenter& center, Preferences& preferences,
                             const Clock& clock) {
-    precondition(!driver, "a simulated Mac has one agent");
     driver.emplace(Agent::Surroundings{smc, center, preferences, clock,
                                        [this] { return simulatedMac.load(); }});
-}
-
-std::optional<std::string> Simulation::endAgent() {
-    if (!driver)
-        return std::nullopt;
-    std::optional<std::string> error = driver->end();
-    driver.reset();
-    return error;
 }
 
 void Simulation::advance(double seconds) {

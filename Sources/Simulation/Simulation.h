@@ -9,12 +9,11 @@
 #include "Simulation/SimulatedMac.h"
 
 #include <optional>
-#include <string>
 
 namespace tervale {
 
-/// A simulated Mac and, if one is started, the agent that drives its fans: the one loop that moves
-/// both on. Whoever owns it says how much time passes. Main thread.
+/// A simulated Mac and, if it has one, the agent that drives its fans: the one loop that moves both
+/// on. Whoever owns it says how much time passes. Main thread.
 class Simulation {
   public:
     /// Without an agent: the firmware drives the fans.
@@ -29,11 +28,6 @@ class Simulation {
     Simulation(const Simulation&) = delete;
     Simulation& operator=(const Simulation&) = delete;
 
-    /// Must not be called while there is an agent.
-    void startAgent(NotificationCenter& center, Preferences& preferences, const Clock& clock);
-    /// The agent, if there is one, gives the fans back and goes. Tells why if it could not.
-    std::optional<std::string> endAgent();
-
     /// Lets virtual time pass on the Mac, in seconds. At the end of every whole one the agent has
     /// its tick.
     void advance(double seconds);
@@ -46,6 +40,8 @@ class Simulation {
     const Clock& clock() const { return virtualClock; }
 
   private:
+    void startAgent(NotificationCenter& center, Preferences& preferences, const Clock& clock);
+
     SimulatedMac simulatedMac;
     SimulatedClock virtualClock;
     SMC smc;

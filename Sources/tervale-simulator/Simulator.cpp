@@ -3,9 +3,9 @@
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/Platform.h"
 #include "Platform/RuntimeFolder.h"
+#include "SMC/SMC.h"
 
 #include <chrono>
-#include <cstdio>
 
 namespace tervale {
 
@@ -23,36 +23,28 @@ SimulatedMacOptions withHostLoad(SimulatedMacOptions options) {
 
 } // namespace
 
-Simulator::Simulator(const SimulatorCommandLine::Run& run, NotificationCenter& center,
-                     Preferences& preferences)
+Simulator::Simulator(const SimulatorCommandLine::Run& run)
     : simulated(withHostLoad(run.mac)),
+      path(pathOf(run)),
+      server(simulated.mac(), path),
       timer(simulated, interval, run.speed) {
-    // The place is taken before the agent speaks, so that of two simulators the second is never
-    // heard.
-    if (run.controller)
-        serve(run.socket);
-    if (run.agent)
-        simulated.startAgent(center, preferences, clock);
+    for (const auto& fault : run.faults)
+        inject(fault);
 }
 
-Simulator::~Simulator() {
-    end();
-}
-
-void Simulator::end() {
-    timer.stop();
-    server.reset();
-    if (const auto error = simulated.endAgent())
-        std::fprintf(stderr, "tervale-simulator: The fans were not given back: %s\n",
-                     error->c_str());
-}
-
-void Simulator::serve(const std::optional<std::filesystem::path>& chosenPath) {
-    path = chosenPath.value_or(controllerSocket::defaultPath());
+std::filesystem::path Simulator::pathOf(const SimulatorCommandLine::Run& run) {
     // The server checks a folder that the user chose.
-    if (!chosenPath)
-        makePrivateFolder(path->parent_path());
-    server = std::make_unique<SocketServer>(simulated.mac(), *path);
+    if (run.socket)
+        return *run.socket;
+    const std::filesystem::path usual = controllerSocket::defaultPath();
+    makePrivateFolder(usual.parent_path());
+    return usual;
+}
+
+void Simulator::inject(const SimulatorCommandLine::KeyFault& fault) {
+    if (!SMC(simulated.mac()).exists(fault.key))
+        throw NoSuchKey("This Mac has no key '" + fault.key + "'.");
+    simulated.mac().inject(fault.key, fault.fault);
 }
 
 } // namespace tervale

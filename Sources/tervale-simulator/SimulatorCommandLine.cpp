@@ -21,13 +21,37 @@ QString scenarioNames() {
     return names.join(QStringLiteral(", "));
 }
 
+constexpr qsizetype keyLength = 4;
+
+/// What can go wrong with a key, as a user names it.
+const std::vector<std::pair<std::string, Fault>> namedFaults{
+    {"refused", fault::Refused{}},
+    {"unreadable", fault::RefusedValue{}},
+    {"dropped-out", fault::DroppedOut{}},
+    {"stuck", fault::Stuck{}},
+};
+
+std::optional<Fault> faultNamed(const std::string& name) {
+    for (const auto& [known, fault] : namedFaults)
+        if (known == name)
+            return fault;
+    return std::nullopt;
+}
+
+QString faultNames() {
+    QStringList names;
+    for (const auto& [name, fault] : namedFaults)
+        names << QString::fromStdString(name);
+    return names.join(QStringLiteral(", "));
+}
+
 /// The options' values, and what is wrong with the first that is wrong.
 class Values {
   public:
     Values() {
-        for (const char* name : {"help", "version", "no-agent", "no-smc"})
+        for (const char* name : {"help", "version"})
             parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
-        for (const char* name : {"seed", "speed", "scenario", "fans", "sensors", "socket"})
+        for (const char* name : {"seed", "speed", "scenario", "fans", "sensors", "socket", "fault"})
             parser.addOption(valued(name));
     }
 
@@ -74,6 +98,17 @@ class Values {
         else
             refuseValue(name, QStringLiteral("one of %1").arg(scenarioNames()));
     }
+    void takeFaults(const char* name, std::vector<SimulatorCommandLine::KeyFault>& faults) {
+        for (const QString& value : parser.values(QString::fromLatin1(name))) {
+            const qsizetype sign = value.indexOf(u'=');
+            const auto fault = faultNamed(value.mid(sign + 1).toStdString());
+            if (sign == keyLength && fault)
+                faults.push_back({value.left(sign).toStdString(), *fault});
+            else
+                refuse(QStringLiteral("--%1 takes KEY=FAULT with one of %2, not '%3'.")
+                           .arg(QString::fromLatin1(name), faultNames(), value));
+        }
+    }
     void refuse(const QString& line) {
         if (!refusal)
             refusal = line;
@@ -97,10 +132,7 @@ SimulatorCommandLine::Run takeRun(Values& values) {
     values.takeWhole("sensors", SensorBank::most, run.mac.sensors);
     values.takePositive("speed", SimulatorCommandLine::greatestSpeed, run.speed);
     values.takeScenario("scenario", run.mac.scenario);
-    run.agent = !values.has("no-agent");
-    run.controller = !values.has("no-smc");
-    if (!run.agent && !run.controller)
-        values.refuse(QStringLiteral("--no-agent and --no-smc together leave nothing to do."));
+    values.takeFaults("fault", run.faults);
     if (values.has("socket")) {
         run.socket = values.text("socket").toStdString();
         if (run.socket->empty())
@@ -128,7 +160,7 @@ QString SimulatorCommandLine::help() {
     const Run usual;
     return QStringLiteral(
                "Usage: tervale-simulator [OPTION]...\n"
-               "Simulates a Mac, and the agent that drives its fans, for windows to show.\n"
+               "Simulates a Mac, whose fans tervale-agent drives and windows show.\n"
                "\n"
                "  --scenario NAME  what the Mac does: %1 (%2)\n"
                "  --seed N         the same seed gives the same course of events (%3)\n"
@@ -143,11 +175,13 @@ QString SimulatorCommandLine::help() {
                .arg(usual.mac.fans)
                .arg(SensorBank::most)
                .arg(usual.mac.sensors) +
-           QStringLiteral("  --no-agent       no agent: the firmware drives the fans\n"
-                          "  --no-smc         no controller: other programs see no fans\n"
-                          "  --socket PATH    serve the controller here, where no window looks\n"
-                          "  --help           show this help\n"
-                          "  --version        show the version\n");
+           QStringLiteral(
+               "  --fault KEY=F    what goes wrong with a key from the start; may be repeated:\n"
+               "                   %1\n"
+               "  --socket PATH    serve the controller here, where no window looks\n"
+               "  --help           show this help\n"
+               "  --version        show the version\n")
+               .arg(faultNames());
 }
 
 } // namespace tervale

@@ -1,26 +1,32 @@
 #pragma once
 
+#include "Simulation/Fault.h"
 #include "Simulation/SimulatedMac.h"
 
 #include <QStringList>
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <variant>
+#include <vector>
 
 namespace tervale {
 
 /// What the arguments of the program ask for.
 struct SimulatorCommandLine {
+    /// What goes wrong with a key, which the Mac may not have.
+    struct KeyFault {
+        std::string key;
+        Fault fault;
+    };
     struct Run {
         SimulatedMacOptions mac{};
         /// Seconds that pass on the Mac in one second; positive.
         double speed = 1;
-        /// Whether an agent drives the fans and answers windows.
-        bool agent = true;
-        /// Whether the controller is served to other processes.
-        bool controller = true;
-        /// Where it is served, unless at the usual place.
+        /// What goes wrong from the start.
+        std::vector<KeyFault> faults{};
+        /// Where the controller is served, unless at the usual place.
         std::optional<std::filesystem::path> socket;
     };
     struct ShowHelp {};

@@ -1,9 +1,6 @@
 #include "Base/Overloaded.h"
 #include "Base/Terminal.h"
-#include "Machine/SessionEnd.h"
-#include "Platform/Platform.h"
 #include "Platform/TerminationSignals.h"
-#include "Profiles/InProcessNotificationCenter.h"
 #include "tervale-simulator/Simulator.h"
 
 #include <QCoreApplication>
@@ -22,32 +19,17 @@ Terminal terminal() {
     return Terminal("tervale-simulator");
 }
 
-/// What is there now. Whoever started the program may wait for these lines.
-void announce(const SimulatorCommandLine::Run& run, const Simulator& simulator) {
-    if (simulator.socketPath())
-        std::printf("Controller on %s\n", printable(simulator.socketPath()->string()).c_str());
-    if (run.agent)
-        std::printf("Agent on the session bus\n");
-    std::fflush(stdout);
-}
-
 int simulate(const SimulatorCommandLine::Run& run) {
     const TerminationSignals end([] { QCoreApplication::quit(); });
-    std::unique_ptr<NotificationCenter> center;
-    if (run.agent)
-        center = makeNotificationCenter();
-    if (run.agent && !center)
-        return terminal().complain("There is no session bus for the agent. See --no-agent.",
-                                   exitStatus::failure);
-    if (!center)
-        center = std::make_unique<InProcessNotificationCenter>();
-    const auto preferences = makePreferences("tervale-simulation");
     try {
-        const Simulator simulator(run, *center, *preferences);
-        const SessionEnd sessionEnd(*center, [] { QCoreApplication::quit(); });
-        announce(run, simulator);
+        const Simulator simulator(run);
+        // Whoever started the program may wait for this line.
+        std::printf("Controller on %s\n", printable(simulator.socketPath().string()).c_str());
+        std::fflush(stdout);
         return QCoreApplication::exec();
     } catch (const SocketServer::Refused& refusal) {
+        return terminal().complain(refusal.what(), exitStatus::failure);
+    } catch (const Simulator::NoSuchKey& refusal) {
         return terminal().complain(refusal.what(), exitStatus::failure);
     }
 }

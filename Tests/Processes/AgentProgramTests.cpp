@@ -18,6 +18,7 @@ using namespace tervale;
 namespace {
 
 const Action maximum = action::Fixed{1};
+const QString commandName = "'com.velnor.tervale.command'";
 
 /// An agent of its own process on the Mac of another one.
 class AgentProgramTest : public testing::Test {
@@ -83,7 +84,7 @@ TEST_F(AgentProgramTest, PrintsItsHelpAndVersionAndRefusesWrongUsage) {
 }
 
 TEST_F(AgentProgramTest, DrivesTheFansAndHandsThemBackWhenToldToEnd) {
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         AgentProcess agent(bus);
         ASSERT_TRUE(selectsMaximum()) << agent.errors().toStdString();
@@ -101,7 +102,7 @@ TEST_F(AgentProgramTest, DrivesTheFansAndHandsThemBackWhenToldToEnd) {
 }
 
 TEST_F(AgentProgramTest, SaysNothingWhileNothingHappens) {
-    const SimulatorProgram simulator(bus, {"--no-agent", "--scenario", "idle"});
+    const SimulatorProgram simulator(bus, {"--scenario", "idle"});
     AgentProcess agent(bus);
     ASSERT_TRUE(selectsMaximum());
     ASSERT_TRUE(eventually([&] { return agent.errors().contains("Selection: 100%"); }));
@@ -115,7 +116,7 @@ TEST_F(AgentProgramTest, SaysNothingWhileNothingHappens) {
 }
 
 TEST_F(AgentProgramTest, KeepsWhatItWasToldForTheNextTime) {
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     {
         AgentProcess agent(bus);
         ASSERT_TRUE(selectsMaximum());
@@ -133,7 +134,7 @@ TEST_F(AgentProgramTest, KeepsWhatItWasToldForTheNextTime) {
 }
 
 TEST_F(AgentProgramTest, RunsOnceASession) {
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     AgentProcess first(bus);
     ASSERT_TRUE(selectsMaximum());
     const auto holder = AgentLock::holder(lock());
@@ -174,7 +175,7 @@ TEST_F(AgentProgramTest, DrivesASimulatedMacWithinItsProcess) {
 }
 
 TEST_F(AgentProgramTest, WritesNothingInADryRunAndSaysSo) {
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     const AgentProcess agent(bus, {"--dry-run"});
     bridge.send(command::Select{maximum});
     ASSERT_TRUE(eventually([this] { return state.selection == maximum; }));
@@ -186,13 +187,13 @@ TEST_F(AgentProgramTest, WaitsForAControllerThatComesLater) {
     ChildProcess agent(TERVALE_AGENT, {}, bus.environment());
     ASSERT_TRUE(eventually([&] { return agent.errors().contains("looked for once a second"); }));
     EXPECT_TRUE(agent.runs());
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     ASSERT_TRUE(eventually([&] { return agent.errors().contains("The controller is there."); }));
     EXPECT_TRUE(selectsMaximum());
 }
 
 TEST_F(AgentProgramTest, StartsAnotherGuardWhenItsGuardIsKilled) {
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     AgentProcess agent(bus);
     ASSERT_TRUE(selectsMaximum());
     const auto before = AgentLock::holder(lock())->guard;
@@ -209,7 +210,7 @@ TEST_F(AgentProgramTest, StartsAnotherGuardWhenItsGuardIsKilled) {
 }
 
 TEST_F(AgentProgramTest, LeavesTheFansToTheFirmwareWhereNoGuardCanStand) {
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     // Whoever holds the guard's lock keeps every other guard from its duty.
     const auto held = FileLock::take(bus.runtimeFolder() / "tervale" / "guard.lock",
                                      std::chrono::milliseconds(0));
@@ -225,7 +226,7 @@ TEST_F(AgentProgramTest, HandsTheFansBackBeforeSleepAndTakesThemAfterIt) {
     FakeLoginManager manager(bus.connect());
     QProcessEnvironment environment = bus.environment();
     environment.insert("DBUS_SYSTEM_BUS_ADDRESS", bus.address());
-    const SimulatorProgram simulator(bus, {"--no-agent"});
+    const SimulatorProgram simulator(bus);
     const AgentProcess agent(environment);
     ASSERT_TRUE(selectsMaximum());
     ASSERT_TRUE(eventually([&] { return manager.isDelayed(); }));
@@ -235,4 +236,43 @@ TEST_F(AgentProgramTest, HandsTheFansBackBeforeSleepAndTakesThemAfterIt) {
     emit manager.PrepareForSleep(false);
     EXPECT_TRUE(eventually([this] { return manual(); }));
     EXPECT_TRUE(eventually([&] { return manager.isDelayed(); }));
+}
+
+TEST_F(AgentProgramTest, AnswersACommandFromAnothersTool) {
+    const AgentProcess agent(bus, {"--simulate"});
+    const auto monitor = bus.monitor();
+    ASSERT_TRUE(
+        bus.emitWithTool({commandName, "'{\"select\":{\"_0\":{\"fixed\":{\"_0\":0.5}}}}'"}));
+    EXPECT_TRUE(monitor->says("string \"com.velnor.tervale.state\"\n   string "
+                              "\"{\"selection\":{\"fixed\":{\"_0\":0.5}}"))
+        << monitor->output().constData();
+}
+
+TEST_F(AgentProgramTest, AnswersBusctlAsWell) {
+    const AgentProcess agent(bus, {"--simulate"});
+    const auto monitor = bus.monitor();
+    ChildProcess tool("busctl",
+                      {"--address=" + bus.address(), "emit", "/com/velnor/tervale",
+                       "com.velnor.tervale.NotificationCenter", "Posted", "ss",
+                       "com.velnor.tervale.command", "{\"setLaunchAtLogin\":{\"_0\":true}}"},
+                      bus.environment());
+    ASSERT_TRUE(tool.ends());
+    ASSERT_EQ(tool.status(), 0) << tool.errors().constData();
+    EXPECT_TRUE(monitor->says("\"launchAtLogin\":true"));
+}
+
+TEST_F(AgentProgramTest, GoesOnAfterRubbishOnTheBus) {
+    const AgentProcess agent(bus, {"--simulate"});
+    const auto monitor = bus.monitor();
+    for (const QStringList& arguments : std::vector<QStringList>{
+             {},
+             {commandName},
+             {commandName, "uint32 7"},
+             {commandName, "'{'"},
+             {commandName, "'{\"select\":{}}'"},
+             {commandName, "'{\"startTimer\":{\"_0\":{\"automatic\":{}},\"_1\":\"x\"}}'"}})
+        ASSERT_TRUE(bus.emitWithTool(arguments));
+    EXPECT_FALSE(monitor->output().contains("tervale.state"));
+    ASSERT_TRUE(bus.emitWithTool({commandName, "'{\"requestState\":{}}'"}));
+    EXPECT_TRUE(monitor->says("tervale.state"));
 }

@@ -42,14 +42,14 @@ TEST_F(CtlProgramTest, ReadsTheMacOfAnotherProcess) {
 
 TEST_F(CtlProgramTest, ReadsTheMacOnAnotherSocket) {
     const QString socket = QString::fromStdString(bus.runtimeFolder() / "other.socket");
-    const SimulatorProgram simulator(bus, {"--no-agent", "--fans", "1", "--socket", socket});
+    const SimulatorProgram simulator(bus, {"--fans", "1", "--socket", socket});
     EXPECT_EQ(run({"fans"}), 1);
     EXPECT_EQ(run({"fans", "--socket", socket}), 0);
     EXPECT_EQ(output.count('\n'), 2);
 }
 
 TEST_F(CtlProgramTest, SpeaksWithTheAgent) {
-    const SimulatorProgram simulator(bus);
+    const MacWithAgent programs(bus);
     EXPECT_EQ(run({"select", "100%"}), 0) << errors.toStdString();
     EXPECT_EQ(run({"timer", "40%", "10m", "--json"}), 0);
     EXPECT_TRUE(output.contains(R"("selection":{"fixed":{"_0":1}},"timerAction":)"));
@@ -64,7 +64,7 @@ TEST_F(CtlProgramTest, SpeaksWithTheAgent) {
 }
 
 TEST_F(CtlProgramTest, SendsImportedProfilesAsOneCommand) {
-    const SimulatorProgram simulator(bus);
+    const MacWithAgent programs(bus);
     const QString file = QString::fromStdString(bus.runtimeFolder() / "profiles.json");
     EXPECT_EQ(run({"profiles", "export", file}), 0);
     EXPECT_EQ(run({"profiles", "validate", file}), 0);

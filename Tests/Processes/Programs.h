@@ -9,8 +9,7 @@ class SimulatorProgram : public ChildProcess {
   public:
     explicit SimulatorProgram(const PrivateBus& bus, const QStringList& arguments = {})
         : ChildProcess(QStringLiteral(TERVALE_SIMULATOR), arguments, bus.environment()) {
-        const bool silent = arguments.contains(QStringLiteral("--no-agent"));
-        says(silent ? "Controller on" : "Agent on the session bus\n");
+        says("Controller on");
     }
 };
 
@@ -24,6 +23,16 @@ class AgentProcess : public ChildProcess {
         : ChildProcess(QStringLiteral(TERVALE_AGENT), arguments, environment) {
         eventually([this] { return errors().contains("Profiles: ") || !runs(); });
     }
+};
+
+/// A simulated Mac and the agent that drives its fans, a process each.
+struct MacWithAgent {
+    explicit MacWithAgent(const PrivateBus& bus, const QStringList& arguments = {})
+        : mac(bus, arguments),
+          agent(bus) {}
+
+    SimulatorProgram mac;
+    AgentProcess agent;
 };
 
 /// `tervale-window` in the session, on no screen.

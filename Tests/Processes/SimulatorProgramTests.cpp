@@ -30,8 +30,6 @@ class SimulatorProgramTest : public testing::Test {
     PrivateBus bus;
 };
 
-const QString stateCommand = "'com.velnor.tervale.command'";
-
 } // namespace
 
 TEST_F(SimulatorProgramTest, RefusesWrongUsageInOneLine) {
@@ -83,59 +81,32 @@ TEST_F(SimulatorProgramTest, LeavesTheSocketOfOneThatRuns) {
     EXPECT_EQ(fansSeen(), 3U);
 }
 
-TEST_F(SimulatorProgramTest, NeedsASessionBusForItsAgentOnly) {
+TEST_F(SimulatorProgramTest, NeedsNoSessionBus) {
     QProcessEnvironment lonely = bus.environment();
     lonely.remove("DBUS_SESSION_BUS_ADDRESS");
-    ChildProcess refused(TERVALE_SIMULATOR, {}, lonely);
-    ASSERT_TRUE(refused.ends());
-    EXPECT_EQ(refused.status(), 1);
-    EXPECT_EQ(refused.errors().count('\n'), 1);
-    ChildProcess simulator(TERVALE_SIMULATOR, {"--no-agent"}, lonely);
+    ChildProcess simulator(TERVALE_SIMULATOR, {}, lonely);
     ASSERT_TRUE(simulator.says("Controller on " + QByteArray(bus.socket().c_str()) + "\n"));
     EXPECT_EQ(fansSeen(), 2U);
 }
 
-TEST_F(SimulatorProgramTest, AnswersACommandFromAnothersTool) {
-    const SimulatorProgram simulator(bus, {"--no-smc"});
-    EXPECT_FALSE(std::filesystem::exists(bus.socket()));
-    const auto monitor = bus.monitor();
-    ASSERT_TRUE(
-        bus.emitWithTool({stateCommand, "'{\"select\":{\"_0\":{\"fixed\":{\"_0\":0.5}}}}'"}));
-    EXPECT_TRUE(monitor->says("string \"com.velnor.tervale.state\"\n   string "
-                              "\"{\"selection\":{\"fixed\":{\"_0\":0.5}}"))
-        << monitor->output().constData();
+TEST_F(SimulatorProgramTest, HasTheFaultsThatItIsTold) {
+    expectWrongUsage({"--fault", "F0Ac"});
+    ChildProcess refused(TERVALE_SIMULATOR, {"--fault", "F9Ac=stuck"}, bus.environment());
+    ASSERT_TRUE(refused.ends());
+    EXPECT_EQ(refused.status(), 1);
+    EXPECT_EQ(refused.errors(), "tervale-simulator: This Mac has no key 'F9Ac'.\n");
+    const SimulatorProgram simulator(bus, {"--fault", "F1Ac=unreadable"});
+    SocketRegistry registry(bus.socket());
+    SMC smc(registry);
+    EXPECT_NO_THROW(smc.fan(0));
+    EXPECT_THROW(smc.fan(1), SMCError);
 }
 
-TEST_F(SimulatorProgramTest, AnswersBusctlAsWell) {
-    const SimulatorProgram simulator(bus, {"--no-smc"});
-    const auto monitor = bus.monitor();
-    ChildProcess tool("busctl",
-                      {"--address=" + bus.address(), "emit", "/com/velnor/tervale",
-                       "com.velnor.tervale.NotificationCenter", "Posted", "ss",
-                       "com.velnor.tervale.command", "{\"setLaunchAtLogin\":{\"_0\":true}}"},
-                      bus.environment());
-    ASSERT_TRUE(tool.ends());
-    ASSERT_EQ(tool.status(), 0) << tool.errors().constData();
-    EXPECT_TRUE(monitor->says("\"launchAtLogin\":true"));
-}
-
-TEST_F(SimulatorProgramTest, GoesOnAfterRubbishFromAllSides) {
+TEST_F(SimulatorProgramTest, GoesOnAfterRubbish) {
     const SimulatorProgram simulator(bus);
-    const auto monitor = bus.monitor();
-    for (const QStringList& arguments : std::vector<QStringList>{
-             {},
-             {stateCommand},
-             {stateCommand, "uint32 7"},
-             {stateCommand, "'{'"},
-             {stateCommand, "'{\"select\":{}}'"},
-             {stateCommand, "'{\"startTimer\":{\"_0\":{\"automatic\":{}},\"_1\":\"x\"}}'"}})
-        ASSERT_TRUE(bus.emitWithTool(arguments));
     for (int i = 0; i < 20; ++i) {
         const auto client = RawSocket::connectedTo(bus.socket());
         ASSERT_TRUE(client.send(Packet(static_cast<std::size_t>(i * 50 + 1), 0xFF)));
     }
     EXPECT_EQ(fansSeen(), 2U);
-    EXPECT_FALSE(monitor->output().contains("tervale.state"));
-    ASSERT_TRUE(bus.emitWithTool({stateCommand, "'{\"requestState\":{}}'"}));
-    EXPECT_TRUE(monitor->says("tervale.state"));
 }

@@ -113,7 +113,7 @@ TEST_F(WindowProgramTest, PollsTheControllerOnTheSocket) {
 }
 
 TEST_F(WindowProgramTest, SharesTheControllerWithASecondWindow) {
-    const SimulatorProgram simulator(bus, {"--no-agent", "--fans", "3"});
+    const SimulatorProgram simulator(bus, {"--fans", "3"});
     WindowProgram first(bus);
     WindowProgram second(bus);
     ASSERT_TRUE(eventually([&] { return requests == 2; }));
@@ -130,7 +130,7 @@ TEST_F(WindowProgramTest, OutlivesAnAgentThatDiesAndReturns) {
     WindowProgram window(bus);
     ASSERT_TRUE(hearsRequestState());
     for (int life = 0; life < 2; ++life) {
-        SimulatorProgram agent(bus, {"--no-smc"});
+        AgentProcess agent(bus, {"--simulate"});
         ASSERT_TRUE(window.runs());
         agent.send(SIGKILL);
         ASSERT_TRUE(agent.ends());

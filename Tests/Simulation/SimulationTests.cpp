@@ -55,21 +55,6 @@ TEST(Simulation, LeavesTheFansToTheFirmwareWithoutAnAgent) {
     simulation.advance(600);
     EXPECT_EQ(simulation.mac().calls().total, 0U);
     EXPECT_EQ(simulation.clock().now(), Date{600});
-    EXPECT_EQ(simulation.endAgent(), std::nullopt);
-}
-
-TEST(Simulation, GivesTheFansBackWhenItsAgentGoes) {
-    InProcessNotificationCenter center;
-    InMemoryPreferences preferences;
-    Simulation simulation({.scenario = Scenario::idle, .fillers = 0}, center, preferences);
-    Bridge(center).send(command::Select{action::Fixed{1}});
-    EXPECT_TRUE(SMC(simulation.mac()).fan(0).manual);
-    EXPECT_EQ(simulation.endAgent(), std::nullopt);
-    EXPECT_EQ(simulation.agent(), nullptr);
-    EXPECT_FALSE(SMC(simulation.mac()).fan(0).manual);
-    // Nobody hears this.
-    Bridge(center).send(command::Select{action::Fixed{1}});
-    EXPECT_FALSE(SMC(simulation.mac()).fan(0).manual);
 }
 
 TEST(Simulation, KeepsTheSteadyStateCheap) {

@@ -25,27 +25,30 @@ std::string refusal(const QStringList& arguments) {
 
 } // namespace
 
-TEST(SimulatorCommandLine, SimulatesABusyMacWithItsAgentWithoutArguments) {
+TEST(SimulatorCommandLine, SimulatesABusyMacWithoutArguments) {
     const auto usual = run({});
     EXPECT_EQ(usual.mac.scenario, Scenario::work);
     EXPECT_EQ(usual.mac.fans, 2U);
     EXPECT_EQ(usual.mac.sensors, 150U);
     EXPECT_EQ(usual.speed, 1);
-    EXPECT_TRUE(usual.agent);
-    EXPECT_TRUE(usual.controller);
+    EXPECT_TRUE(usual.faults.empty());
     EXPECT_FALSE(usual.socket);
 }
 
 TEST(SimulatorCommandLine, TakesEveryOption) {
-    const auto asked = run({"--seed", "18446744073709551615", "--speed=2.5", "--fans", "0",
-                            "--sensors", "500", "--socket", "/a b/c", "--no-agent"});
+    const auto asked =
+        run({"--seed", "18446744073709551615", "--speed=2.5", "--fans", "0", "--sensors", "500",
+             "--socket", "/a b/c", "--fault", "TC0P=stuck", "--fault=F0Ac=refused"});
     EXPECT_EQ(asked.mac.seed, 18446744073709551615U);
     EXPECT_EQ(asked.speed, 2.5);
     EXPECT_EQ(asked.mac.fans, 0U);
     EXPECT_EQ(asked.mac.sensors, 500U);
     EXPECT_EQ(asked.socket, "/a b/c");
-    EXPECT_FALSE(asked.agent);
-    EXPECT_FALSE(run({"--no-smc"}).controller);
+    ASSERT_EQ(asked.faults.size(), 2U);
+    EXPECT_EQ(asked.faults[0].key, "TC0P");
+    EXPECT_TRUE(std::holds_alternative<fault::Stuck>(asked.faults[0].fault));
+    EXPECT_EQ(asked.faults[1].key, "F0Ac");
+    EXPECT_TRUE(std::holds_alternative<fault::Refused>(asked.faults[1].fault));
 }
 
 TEST(SimulatorCommandLine, KnowsEveryScenarioByName) {
@@ -64,6 +67,11 @@ TEST(SimulatorCommandLine, RefusesValuesThatMakeNoMac) {
     EXPECT_EQ(refusal({"--scenario", "nap"}),
               "--scenario takes one of idle, work, render, heatwave, dropout, host, not 'nap'.");
     EXPECT_NE(refusal({"--socket", ""}), "");
+    EXPECT_EQ(refusal({"--fault", "TC0P=tired"}),
+              "--fault takes KEY=FAULT with one of refused, unreadable, dropped-out, stuck, not "
+              "'TC0P=tired'.");
+    for (const char* value : {"", "TC0P", "=stuck", "TC0=stuck", "TC0PP=stuck", "stuck"})
+        EXPECT_NE(refusal({"--fault", value}), "") << value;
 }
 
 TEST(SimulatorCommandLine, RefusesWhatItDoesNotKnowAndNamesIt) {
@@ -71,14 +79,14 @@ TEST(SimulatorCommandLine, RefusesWhatItDoesNotKnowAndNamesIt) {
     EXPECT_NE(refusal({"document"}).find("document"), std::string::npos);
     EXPECT_NE(refusal({"--seed"}).find("seed"), std::string::npos);
     EXPECT_NE(refusal({"--help", "--frobnicate"}).find("frobnicate"), std::string::npos);
-    EXPECT_NE(refusal({"--no-agent", "--no-smc"}), "");
+    for (const char* gone : {"--no-agent", "--no-smc"})
+        EXPECT_NE(refusal({gone}), "") << gone;
 }
 
 TEST(SimulatorCommandLine, ExplainsEveryOption) {
     EXPECT_TRUE(std::holds_alternative<SimulatorCommandLine::ShowHelp>(parse({"--help"})));
     EXPECT_TRUE(std::holds_alternative<SimulatorCommandLine::ShowVersion>(parse({"--version"})));
-    for (const char* option :
-         {"--seed", "--speed", "--scenario", "--fans", "--sensors", "--no-agent", "--no-smc",
-          "--socket", "--help", "--version", "heatwave"})
+    for (const char* option : {"--seed", "--speed", "--scenario", "--fans", "--sensors", "--fault",
+                               "--socket", "--help", "--version", "heatwave"})
         EXPECT_TRUE(SimulatorCommandLine::help().contains(option)) << option;
 }

@@ -1,6 +1,4 @@
-#include "Profiles/Bridge.h"
-#include "Profiles/InMemoryPreferences.h"
-#include "Profiles/InProcessNotificationCenter.h"
+#include "SMC/SMC.h"
 #include "Support/ChildProcess.h"
 #include "Support/TemporaryFolder.h"
 #include "tervale-simulator/Simulator.h"
@@ -16,88 +14,54 @@ namespace {
 
 class SimulatorTest : public testing::Test {
   protected:
-    std::unique_ptr<Simulator> start() {
-        return std::make_unique<Simulator>(run, center, preferences);
-    }
-    /// Every fan, as the controller itself has it.
-    static std::vector<bool> manualFans(Simulator& simulator) {
-        SMC smc(simulator.simulation().mac());
-        std::vector<bool> manual;
-        for (const Fan& fan : smc.fans())
-            manual.push_back(fan.manual);
-        return manual;
-    }
+    std::unique_ptr<Simulator> start() { return std::make_unique<Simulator>(run); }
 
     TemporaryFolder folder;
     SimulatorCommandLine::Run run{.socket = folder.path / "socket"};
-    InProcessNotificationCenter center;
-    InMemoryPreferences preferences;
-    Bridge bridge{center};
-    std::vector<BridgeState> states;
-    ObserverToken window =
-        bridge.onState([this](const BridgeState& state) { states.push_back(state); });
 };
 
 } // namespace
 
-TEST_F(SimulatorTest, PublishesItsStateAtTheStart) {
-    const auto simulator = start();
-    ASSERT_EQ(states.size(), 1U);
-    EXPECT_FALSE(states[0].profiles.empty());
-    EXPECT_EQ(simulator->socketPath(), run.socket);
+TEST_F(SimulatorTest, ServesTheControllerForAsLongAsItRuns) {
+    {
+        const auto simulator = start();
+        EXPECT_EQ(simulator->socketPath(), *run.socket);
+        EXPECT_TRUE(std::filesystem::exists(*run.socket));
+    }
+    EXPECT_FALSE(std::filesystem::exists(*run.socket));
 }
 
-TEST_F(SimulatorTest, DrivesTheFansAsAWindowSays) {
-    const auto simulator = start();
-    bridge.send(command::Select{action::Fixed{0.5}});
-    EXPECT_EQ(manualFans(*simulator), (std::vector<bool>{true, true}));
-    EXPECT_EQ(states.back().selection, Action(action::Fixed{0.5}));
-}
-
-TEST_F(SimulatorTest, LetsTheFirmwareDriveTheFansWithoutAnAgent) {
-    run.agent = false;
+TEST_F(SimulatorTest, LeavesTheFansToTheFirmware) {
     run.mac.scenario = Scenario::heatwave;
     const auto simulator = start();
-    bridge.send(command::Select{action::Fixed{0.5}});
     simulator->simulation().advance(600);
-    EXPECT_EQ(manualFans(*simulator), (std::vector<bool>{false, false}));
-    EXPECT_TRUE(states.empty());
+    for (const Fan& fan : SMC(simulator->simulation().mac()).fans())
+        EXPECT_FALSE(fan.manual);
 }
 
-TEST_F(SimulatorTest, ServesNoControllerWhenToldSo) {
-    run.controller = false;
+TEST_F(SimulatorTest, LetsTimePassAsFastAsItIsTold) {
+    run.speed = 100;
     const auto simulator = start();
-    EXPECT_FALSE(simulator->socketPath());
-    EXPECT_FALSE(std::filesystem::exists(*run.socket));
+    EXPECT_TRUE(eventually([&] { return simulator->simulation().clock().now() > Date{30}; }));
 }
 
-TEST_F(SimulatorTest, TicksOnceForEverySecondOfTheMac) {
+TEST_F(SimulatorTest, HasTheFaultsThatItIsTold) {
+    run.faults = {{"F0Ac", fault::RefusedValue{}}};
     const auto simulator = start();
-    bridge.send(command::Select{action::Fixed{0.5}});
-    // Something else takes the fans away; the agent's next tick takes them back.
-    SMC(simulator->simulation().mac()).setAuto();
-    for (int i = 0; i < 4; ++i)
-        simulator->simulation().advance(0.2);
-    EXPECT_EQ(manualFans(*simulator), (std::vector<bool>{false, false}));
-    simulator->simulation().advance(0.2);
-    EXPECT_EQ(manualFans(*simulator), (std::vector<bool>{true, true}));
+    SMC smc(simulator->simulation().mac());
+    EXPECT_THROW(smc.read("F0Ac"), SMCError);
+    EXPECT_NO_THROW(smc.read("F1Ac"));
 }
 
-TEST_F(SimulatorTest, GivesTheFansBackAndRemovesTheSocketInTheEnd) {
-    const auto simulator = start();
-    bridge.send(command::Select{action::Fixed{0.5}});
-    ASSERT_EQ(manualFans(*simulator), (std::vector<bool>{true, true}));
-    ASSERT_TRUE(std::filesystem::exists(*run.socket));
-    simulator->end();
-    EXPECT_EQ(manualFans(*simulator), (std::vector<bool>{false, false}));
-    EXPECT_FALSE(std::filesystem::exists(*run.socket));
+TEST_F(SimulatorTest, RefusesAFaultOfAKeyThatItDoesNotHave) {
+    run.faults = {{"F9Ac", fault::RefusedValue{}}};
+    EXPECT_THROW(start(), Simulator::NoSuchKey);
 }
 
-TEST_F(SimulatorTest, IsNotHeardWhereAnotherServesAlready) {
+TEST_F(SimulatorTest, LeavesThePlaceToOneThatServesThereAlready) {
     const auto first = start();
-    states.clear();
     EXPECT_THROW(start(), SocketServer::Refused);
-    EXPECT_TRUE(states.empty());
+    EXPECT_TRUE(std::filesystem::exists(*run.socket));
 }
 
 TEST_F(SimulatorTest, RefusesARuntimeFolderThatOthersCanWriteTo) {
@@ -113,17 +77,5 @@ TEST_F(SimulatorTest, RefusesASocketWhereNobodyWouldLook) {
     ASSERT_EQ(::chmod((folder.path / "shared").c_str(), 0777), 0);
     run.socket = folder.path / "shared" / "socket";
     EXPECT_THROW(start(), SocketServer::Refused);
-    EXPECT_TRUE(states.empty());
     EXPECT_FALSE(std::filesystem::exists(*run.socket));
-}
-
-TEST_F(SimulatorTest, KeepsWhatTheAgentStores) {
-    {
-        const auto simulator = start();
-        bridge.send(command::Select{action::Fixed{0.25}});
-    }
-    states.clear();
-    const auto simulator = start();
-    ASSERT_EQ(states.size(), 1U);
-    EXPECT_EQ(states[0].selection, Action(action::Fixed{0.25}));
 }

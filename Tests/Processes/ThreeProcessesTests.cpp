@@ -13,8 +13,8 @@ using namespace tervale;
 
 namespace {
 
-/// The window's model in this process, the Mac and its agent in another.
-class TwoProcessesTest : public testing::Test {
+/// The window's model in this process, the Mac and its agent in one each.
+class ThreeProcessesTest : public testing::Test {
   protected:
     Model& openModel() {
         model = std::make_unique<Model>(registry, bridge, clock, visibility);
@@ -38,8 +38,8 @@ class TwoProcessesTest : public testing::Test {
 
 } // namespace
 
-TEST_F(TwoProcessesTest, ShowTheMacAndMirrorTheAgent) {
-    const SimulatorProgram simulator(bus, {"--fans", "3", "--sensors", "40"});
+TEST_F(ThreeProcessesTest, ShowTheMacAndMirrorTheAgent) {
+    const MacWithAgent programs(bus, {"--fans", "3", "--sensors", "40"});
     openModel();
     EXPECT_EQ(model->fans().size(), 3U);
     EXPECT_EQ(model->sensors().size(), 40U);
@@ -50,35 +50,38 @@ TEST_F(TwoProcessesTest, ShowTheMacAndMirrorTheAgent) {
     EXPECT_TRUE(eventually([&] { return model->fans()[0].manual; }));
 }
 
-TEST_F(TwoProcessesTest, PickUpAnAgentThatComesLater) {
+TEST_F(ThreeProcessesTest, PickUpAnAgentThatComesLater) {
     openModel();
     EXPECT_TRUE(model->fans().empty());
     EXPECT_FALSE(model->connected());
-    const SimulatorProgram simulator(bus);
+    const MacWithAgent programs(bus);
     ASSERT_TRUE(eventually([&] { return model->connected(); }));
     EXPECT_FALSE(model->profiles().empty());
     // A controller that was not there at the start stays away.
     EXPECT_TRUE(model->sensors().empty());
 }
 
-TEST_F(TwoProcessesTest, GoOnWithAnAgentThatDiesAndReturns) {
+TEST_F(ThreeProcessesTest, GoOnWithAnAgentThatDiesAndReturns) {
     {
-        SimulatorProgram simulator(bus);
+        MacWithAgent programs(bus);
         openModel();
         ASSERT_TRUE(eventually([&] { return model->connected(); }));
         ASSERT_TRUE(selects(action::Fixed{0.25}));
-        simulator.send(SIGKILL);
-        ASSERT_TRUE(simulator.ends());
+        for (ChildProcess* program : {static_cast<ChildProcess*>(&programs.agent),
+                                      static_cast<ChildProcess*>(&programs.mac)}) {
+            program->send(SIGKILL);
+            ASSERT_TRUE(program->ends());
+        }
     }
     ASSERT_TRUE(eventually([&] { return model->fans().empty(); }));
     EXPECT_TRUE(model->connected());
     EXPECT_EQ(model->selection(), Action(action::Fixed{0.25}));
-    const SimulatorProgram returned(bus);
+    const MacWithAgent returned(bus);
     EXPECT_TRUE(selects(action::Fixed{0.75}));
     EXPECT_TRUE(eventually([&] { return model->fans().size() == 2; }));
 }
 
-TEST_F(TwoProcessesTest, MirrorAndCommandAnAgentThatIsNoneOfOurs) {
+TEST_F(ThreeProcessesTest, MirrorAndCommandAnAgentThatIsNoneOfOurs) {
     openModel();
     const auto monitor = bus.monitor();
     ASSERT_TRUE(bus.emitWithTool(
@@ -93,13 +96,13 @@ TEST_F(TwoProcessesTest, MirrorAndCommandAnAgentThatIsNoneOfOurs) {
         << monitor->output().constData();
 }
 
-TEST_F(TwoProcessesTest, MeetAgainOnABusThatWasStartedAnew) {
+TEST_F(ThreeProcessesTest, MeetAgainOnABusThatWasStartedAnew) {
     DBusNotificationCenter lasting([this] { return bus.connect(); });
     Bridge lastingBridge(lasting);
     std::vector<BridgeState> states;
     const ObserverToken token =
         lastingBridge.onState([&](const BridgeState& state) { states.push_back(state); });
-    const SimulatorProgram simulator(bus);
+    MacWithAgent programs(bus);
     lastingBridge.send(command::Select{action::Fixed{1}});
     ASSERT_TRUE(eventually(
         [&] { return !states.empty() && states.back().selection == Action(action::Fixed{1}); }));
@@ -115,10 +118,10 @@ TEST_F(TwoProcessesTest, MeetAgainOnABusThatWasStartedAnew) {
         return !states.empty();
     }));
     EXPECT_EQ(states.back().selection, Action(action::Fixed{1}));
-    EXPECT_TRUE(simulator.runs());
+    EXPECT_TRUE(programs.agent.runs());
 }
 
-TEST_F(TwoProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {
+TEST_F(ThreeProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {
     const SimulatorProgram simulator(bus);
     openModel();
     ASSERT_EQ(model->fans().size(), 2U);
@@ -128,8 +131,8 @@ TEST_F(TwoProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {
     EXPECT_TRUE(eventually([&] { return model->fans().size() == 2; }));
 }
 
-TEST_F(TwoProcessesTest, KeepTheStateThroughRubbish) {
-    const SimulatorProgram simulator(bus);
+TEST_F(ThreeProcessesTest, KeepTheStateThroughRubbish) {
+    const MacWithAgent programs(bus);
     openModel();
     ASSERT_TRUE(eventually([&] { return model->connected(); }));
     ASSERT_TRUE(selects(action::Fixed{0.5}));
