@@ -1,6 +1,7 @@
 #include "Base/Overloaded.h"
 #include "Base/Terminal.h"
 #include "Machine/Machine.h"
+#include "Machine/SessionEnd.h"
 #include "Platform/Platform.h"
 #include "Platform/TerminationSignals.h"
 #include "tervale-agent/AgentCommandLine.h"
@@ -30,6 +31,8 @@ int runAgent(const AgentCommandLine::Run& run) {
         AgentProgram program(run, *center);
         const TerminationSignals ending(
             [&program] { QCoreApplication::exit(program.end("Told to end.")); });
+        const SessionEnd sessionEnd(
+            *center, [&program] { QCoreApplication::exit(program.end("The session is over.")); });
         const auto sleep =
             makeSleepWatch({[&program] { program.sleep(); }, [&program] { program.wake(); }});
         return QCoreApplication::exec();
