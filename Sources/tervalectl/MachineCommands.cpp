@@ -80,6 +80,7 @@ ExitStatus perform(const ctl::Fans&, Context& context) {
     const std::vector<Fan> fans = smc.fans();
     if (context.json) {
         std::vector<FanAndModeKey> found;
+        found.reserve(fans.size());
         for (const Fan& fan : fans)
             found.push_back({fan, smc.modeKey(fan.index)});
         printArray(found, context);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <sstream>
 #include <string>
 
@@ -67,9 +68,11 @@ TEST(Packaging, NamesEveryGroupOfSensors) {
     const std::string manual = read("man/tervalectl.1.in");
     const auto from = manual.find("Only the sensors of this group:");
     const std::string explained = manual.substr(from, manual.find(".TP", from) - from);
-    for (const SensorGroup group : SensorGroup::allCases)
-        EXPECT_NE(explained.find(std::string(group.rawValue()) + " "), std::string::npos)
-            << group.rawValue();
+    // Each begins a line in bold.
+    for (const SensorGroup group : SensorGroup::allCases) {
+        const std::regex bold("\n\\.BR? " + std::string(group.rawValue()) + "\\b");
+        EXPECT_TRUE(std::regex_search(explained, bold)) << group.rawValue();
+    }
     EXPECT_NE(read("completions/_tervalectl").find("group:(" + groupNames(" ") + ")"),
               std::string::npos);
     for (const char* shell : {"completions/tervalectl.bash", "completions/tervalectl.fish"})

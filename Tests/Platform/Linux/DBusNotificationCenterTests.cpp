@@ -234,7 +234,8 @@ TEST_F(DBusNotificationCenterTest, LooksForABusLessAndLessOften) {
     QElapsedTimer time;
     time.start();
     ASSERT_TRUE(eventually([&] { return attempts == 4; }));
-    EXPECT_GE(time.elapsed(), 1700) << "250, 500 and 1000 ms";
+    // 250, 500 and 1000 ms, each of which the toolkit may shorten by a twentieth.
+    EXPECT_GE(time.elapsed(), 1660);
     EXPECT_EQ(channels, std::vector{Channel::gone});
 }
 
