@@ -27,7 +27,7 @@ Card* cardAround(QWidget* content, QWidget* parent) {
 
 class LoadContent final : public ProfileContent {
   public:
-    LoadContent(DraftModel& draft, QWidget* parent)
+    LoadContent(DraftOwner& draft, QWidget* parent)
         : ProfileContent(draft, parent),
           editor(new CurveEditor({0, 100}, QStringLiteral("%"), curveInsets)) {
         auto* note = new TextLabel(tr("Follows CPU or GPU load, whichever is higher."),
@@ -54,7 +54,7 @@ class LoadContent final : public ProfileContent {
 
 class ScheduleContent final : public ProfileContent {
   public:
-    ScheduleContent(DraftModel& draft, QWidget* parent)
+    ScheduleContent(DraftOwner& draft, QWidget* parent)
         : ProfileContent(draft, parent),
           editor(new ScheduleEditor) {
         Card* card = cardAround(editor, this);
@@ -80,10 +80,10 @@ class ScheduleContent final : public ProfileContent {
 
 } // namespace
 
-ProfileContent::ProfileContent(DraftModel& draftShown, QWidget* parent)
+ProfileContent::ProfileContent(DraftOwner& draftShown, QWidget* parent)
     : QWidget(parent),
       draft(draftShown) {
-    connect(&draft, &DraftModel::edited, this, [this](const ProfileEdit& edit) {
+    connect(&draft, &DraftOwner::edited, this, [this](const ProfileEdit& edit) {
         if (!retired)
             followEdit(edit);
     });
@@ -94,7 +94,7 @@ void ProfileContent::perform(const ProfileEdit& edit) {
         draft.perform(edit);
 }
 
-ProfileContent* ProfileContent::make(Model& model, DraftModel& draft, QWidget* parent) {
+ProfileContent* ProfileContent::make(Model& model, DraftOwner& draft, QWidget* parent) {
     return std::visit(
         overloaded{
             [&](const kind::Temperature&) -> ProfileContent* {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TervaleWindow/Model/Model.h"
-#include "TervaleWindow/Profiles/DraftModel.h"
+#include "TervaleWindow/Profiles/DraftOwner.h"
 
 #include <QWidget>
 
@@ -16,7 +16,7 @@ class ProfileContent : public QWidget {
 
   public:
     /// The form for the profile that is selected now. Both outlive it.
-    static ProfileContent* make(Model& model, DraftModel& draft, QWidget* parent);
+    static ProfileContent* make(Model& model, DraftOwner& draft, QWidget* parent);
 
     /// Shows the profile anew, which is of the same kind.
     virtual void display() = 0;
@@ -24,7 +24,7 @@ class ProfileContent : public QWidget {
     void retire() { retired = true; }
 
   protected:
-    ProfileContent(DraftModel& draft, QWidget* parent);
+    ProfileContent(DraftOwner& draft, QWidget* parent);
 
     virtual void followEdit(const ProfileEdit& edit) = 0;
     void perform(const ProfileEdit& edit);
@@ -34,7 +34,7 @@ class ProfileContent : public QWidget {
         return std::get<Kind>(draft.selected()->kind);
     }
 
-    DraftModel& draft;
+    DraftOwner& draft;
 
   private:
     bool retired = false;

@@ -29,7 +29,7 @@ void setMargins(QWidget& form, int side) {
 
 } // namespace
 
-ProfileEditor::ProfileEditor(Model& model, DraftModel& draftShown, QWidget* parent)
+ProfileEditor::ProfileEditor(Model& model, DraftOwner& draftShown, QWidget* parent)
     : QWidget(parent),
       draft(draftShown),
       id(draft.selected()->id),
@@ -61,7 +61,7 @@ ProfileEditor::ProfileEditor(Model& model, DraftModel& draftShown, QWidget* pare
         if (!retired)
             draft.perform(profileEdit::Rename{text.toStdString()});
     });
-    connect(&draft, &DraftModel::problemsChanged, this, [this] {
+    connect(&draft, &DraftOwner::problemsChanged, this, [this] {
         if (!retired)
             showProblems();
     });
@@ -105,7 +105,7 @@ bool ProfileEditor::isFor(const Profile& other) const {
 }
 
 void ProfileEditor::showProblems() {
-    const DraftModel::Problems found = draft.problemsOfSelected();
+    const DraftOwner::Problems found = draft.problemsOfSelected();
     if (found == problemsShown)
         return;
     problemsShown = found;

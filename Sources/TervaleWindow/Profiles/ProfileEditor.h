@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TervaleWindow/Model/Model.h"
-#include "TervaleWindow/Profiles/DraftModel.h"
+#include "TervaleWindow/Profiles/DraftOwner.h"
 
 #include <QWidget>
 
@@ -21,7 +21,7 @@ class ProfileEditor final : public QWidget {
 
   public:
     /// For the profile that is selected now and no other. Both outlive the form.
-    ProfileEditor(Model& model, DraftModel& draft, QWidget* parent = nullptr);
+    ProfileEditor(Model& model, DraftOwner& draft, QWidget* parent = nullptr);
 
     /// Whether this form is for that profile.
     bool isFor(const Profile& other) const;
@@ -39,14 +39,14 @@ class ProfileEditor final : public QWidget {
     void showName();
     void showProblems();
 
-    DraftModel& draft;
+    DraftOwner& draft;
     UUID id;
     std::size_t kind;
     bool retired = false;
     QLineEdit* name;
     ProfileContent* content;
     Card* problemsCard;
-    DraftModel::Problems problemsShown;
+    DraftOwner::Problems problemsShown;
 };
 
 } // namespace tervale

@@ -9,7 +9,8 @@
 
 namespace tervale {
 
-/// The working copy of the agent's profiles, and which of them is being edited; knows no toolkit.
+/// The working copy of the agent's profiles, and which of them is being edited: a plain
+/// value, which knows no toolkit and tells nobody. `DraftOwner` holds the one that the pane edits.
 ///
 /// At first it is not loaded. Once it has been loaded it is clean while it equals the agent's list,
 /// and then follows that; edited, it keeps what the user did until the agent's list equals it, or

@@ -19,7 +19,7 @@
 
 namespace tervale {
 
-ProfilesList::ProfilesList(DraftModel& draftShown, QWidget* parent)
+ProfilesList::ProfilesList(DraftOwner& draftShown, QWidget* parent)
     : QWidget(parent),
       draft(draftShown),
       rows(new ProfilesListModel(this)),
@@ -35,10 +35,10 @@ ProfilesList::ProfilesList(DraftModel& draftShown, QWidget* parent)
     column->addWidget(list, 1);
     column->addWidget(new Divider(Qt::Horizontal, this));
     column->addWidget(makeToolbar());
-    connect(&draft, &DraftModel::listChanged, this, &ProfilesList::showRows);
-    connect(&draft, &DraftModel::selectionChanged, this, &ProfilesList::showSelection);
-    connect(&draft, &DraftModel::problemsChanged, this, &ProfilesList::showRow);
-    connect(&draft, &DraftModel::edited, this, [this](const ProfileEdit& edit, std::size_t index) {
+    connect(&draft, &DraftOwner::listChanged, this, &ProfilesList::showRows);
+    connect(&draft, &DraftOwner::selectionChanged, this, &ProfilesList::showSelection);
+    connect(&draft, &DraftOwner::problemsChanged, this, &ProfilesList::showRow);
+    connect(&draft, &DraftOwner::edited, this, [this](const ProfileEdit& edit, std::size_t index) {
         if (std::holds_alternative<profileEdit::Rename>(edit))
             showRow(index);
     });
@@ -66,7 +66,7 @@ void ProfilesList::makeList() {
         shortcut->setContext(Qt::WidgetShortcut);
         // A key that is held down must not empty the list.
         shortcut->setAutoRepeat(false);
-        connect(shortcut, &QShortcut::activated, &draft, &DraftModel::remove);
+        connect(shortcut, &QShortcut::activated, &draft, &DraftOwner::remove);
     }
 }
 
@@ -83,8 +83,8 @@ QWidget* ProfilesList::makeToolbar() {
     offer(tr("Load curve"), tr("Load"), kind::Load{ProfileDefaults::loadCurve()});
     offer(tr("Schedule"), tr("Schedule"), kind::Schedule{ProfileDefaults::schedule()});
     addButton->setMenu(menu);
-    connect(duplicateButton, &SymbolButton::clicked, &draft, &DraftModel::duplicate);
-    connect(removeButton, &SymbolButton::clicked, &draft, &DraftModel::remove);
+    connect(duplicateButton, &SymbolButton::clicked, &draft, &DraftOwner::duplicate);
+    connect(removeButton, &SymbolButton::clicked, &draft, &DraftOwner::remove);
 
     auto* toolbar = new QWidget(this);
     toolbar->setFixedHeight(35);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TervaleWindow/Profiles/DraftModel.h"
+#include "TervaleWindow/Profiles/DraftOwner.h"
 #include "TervaleWindow/Profiles/ProfilesListModel.h"
 
 #include <QWidget>
@@ -20,7 +20,7 @@ class ProfilesList final : public QWidget {
     static constexpr int columnWidth = 219;
 
     /// `draft` outlives the list.
-    explicit ProfilesList(DraftModel& draft, QWidget* parent = nullptr);
+    explicit ProfilesList(DraftOwner& draft, QWidget* parent = nullptr);
 
     /// What takes the focus of this column: the list, or without profiles what adds one.
     QWidget& focusTarget();
@@ -36,7 +36,7 @@ class ProfilesList final : public QWidget {
     void keepFocus();
     std::optional<UUID> selectedId() const;
 
-    DraftModel& draft;
+    DraftOwner& draft;
     ProfilesListModel* rows;
     QListView* list;
     SymbolButton* addButton;

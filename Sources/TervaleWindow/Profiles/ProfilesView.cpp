@@ -31,7 +31,7 @@ constexpr int emptySymbolSide = 40;
 } // namespace
 
 ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent,
-                           DraftModel::Validator validator)
+                           DraftOwner::Validator validator)
     : QWidget(parent),
       model(model),
       bridge(bridge),
@@ -47,9 +47,9 @@ ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent,
     page->addWidget(new Divider(Qt::Horizontal, this));
     page->addLayout(columns, 1);
 
-    connect(&draft, &DraftModel::listChanged, this, &ProfilesView::showEditor);
-    connect(&draft, &DraftModel::selectionChanged, this, &ProfilesView::showEditor);
-    connect(&draft, &DraftModel::changed, this, &ProfilesView::showButtons);
+    connect(&draft, &DraftOwner::listChanged, this, &ProfilesView::showEditor);
+    connect(&draft, &DraftOwner::selectionChanged, this, &ProfilesView::showEditor);
+    connect(&draft, &DraftOwner::changed, this, &ProfilesView::showButtons);
     connect(revertButton, &QPushButton::clicked, this, &ProfilesView::revert);
     connect(saveButton, &QPushButton::clicked, this, &ProfilesView::save);
     auto* saveShortcut = new QShortcut(QKeySequence::Save, this);

@@ -3,7 +3,7 @@
 #include "Profiles/Bridge.h"
 #include "Profiles/Validation.h"
 #include "TervaleWindow/Model/Model.h"
-#include "TervaleWindow/Profiles/DraftModel.h"
+#include "TervaleWindow/Profiles/DraftOwner.h"
 
 #include <QWidget>
 
@@ -26,7 +26,7 @@ class ProfilesView final : public QWidget {
   public:
     /// The model and the bridge outlive the view.
     ProfilesView(Model& model, Bridge& bridge, QWidget* parent = nullptr,
-                 DraftModel::Validator validator = problems);
+                 DraftOwner::Validator validator = problems);
     ~ProfilesView() override;
 
     /// Sends the draft, if it differs from what is saved, has no problems and is not too long.
@@ -50,7 +50,7 @@ class ProfilesView final : public QWidget {
 
     Model& model;
     Bridge& bridge;
-    DraftModel draft;
+    DraftOwner draft;
     ProfilesList* list;
     QStackedWidget* detail;
     QScrollArea* scrollArea;

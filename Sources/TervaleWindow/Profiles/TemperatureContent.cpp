@@ -30,7 +30,7 @@ QString averageTitle(SensorGroup group) {
 
 } // namespace
 
-TemperatureContent::TemperatureContent(Model& model, DraftModel& draft, QWidget* parent)
+TemperatureContent::TemperatureContent(Model& model, DraftOwner& draft, QWidget* parent)
     : ProfileContent(draft, parent),
       model(model),
       follow(new PopUpButton(this)),

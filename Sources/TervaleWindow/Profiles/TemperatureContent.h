@@ -20,7 +20,7 @@ class TemperatureContent final : public ProfileContent {
     Q_OBJECT
 
   public:
-    TemperatureContent(Model& model, DraftModel& draft, QWidget* parent = nullptr);
+    TemperatureContent(Model& model, DraftOwner& draft, QWidget* parent = nullptr);
 
     /// The rows of the reading, for the form that the profile's name is in.
     void addRows(QGridLayout& form);

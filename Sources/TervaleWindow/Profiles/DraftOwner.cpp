@@ -1,4 +1,4 @@
-#include "TervaleWindow/Profiles/DraftModel.h"
+#include "TervaleWindow/Profiles/DraftOwner.h"
 
 #include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
@@ -22,28 +22,28 @@ std::size_t textSizeOf(const Profile& profile) {
 
 } // namespace
 
-DraftModel::DraftModel(Validator validator, QObject* parent)
+DraftOwner::DraftOwner(Validator validator, QObject* parent)
     : QObject(parent),
       validator(std::move(validator)) {}
 
-DraftModel::Problems DraftModel::problemsOfSelected() const {
+DraftOwner::Problems DraftOwner::problemsOfSelected() const {
     const Profile* profile = selected();
     return profile ? found[static_cast<std::size_t>(profile - profiles().data())] : Problems();
 }
 
-bool DraftModel::invalid() const {
+bool DraftOwner::invalid() const {
     return std::any_of(found.begin(), found.end(),
                        [](const Problems& problems) { return !problems.empty(); });
 }
 
-bool DraftModel::tooLong() const {
+bool DraftOwner::tooLong() const {
     // The brackets of the list, and a comma before each profile but the first.
     const std::size_t between = textSizes.empty() ? 2 : 1 + textSizes.size();
     return std::accumulate(textSizes.begin(), textSizes.end(), between) >
            Bridge::maximumProfilesSize;
 }
 
-void DraftModel::select(const std::optional<UUID>& id) {
+void DraftOwner::select(const std::optional<UUID>& id) {
     if (id == working.selection)
         return;
     working.selection = id;
@@ -51,28 +51,28 @@ void DraftModel::select(const std::optional<UUID>& id) {
     emit changed();
 }
 
-void DraftModel::add(const std::string& name, const ProfileKind& kind) {
+void DraftOwner::add(const std::string& name, const ProfileKind& kind) {
     change([&] { working.add(name, kind); });
 }
 
-void DraftModel::duplicate() {
+void DraftOwner::duplicate() {
     change([this] { working.duplicate(); });
 }
 
-void DraftModel::remove() {
+void DraftOwner::remove() {
     change([this] { working.remove(); });
 }
 
-void DraftModel::revert() {
+void DraftOwner::revert() {
     change([this] { working.revert(); });
 }
 
-void DraftModel::follow(bool connected, const std::vector<Profile>& list) {
+void DraftOwner::follow(bool connected, const std::vector<Profile>& list) {
     change([&] { working.follow(connected, list); });
 }
 
 template <class Change>
-void DraftModel::change(const Change& change) {
+void DraftOwner::change(const Change& change) {
     const ProfilesDraft before = working;
     change();
     if (working == before)
@@ -86,7 +86,7 @@ void DraftModel::change(const Change& change) {
     emit changed();
 }
 
-void DraftModel::judgeAll() {
+void DraftOwner::judgeAll() {
     found.clear();
     textSizes.clear();
     for (const Profile& profile : profiles()) {
@@ -95,7 +95,7 @@ void DraftModel::judgeAll() {
     }
 }
 
-void DraftModel::perform(const ProfileEdit& edit) {
+void DraftOwner::perform(const ProfileEdit& edit) {
     const auto index = working.perform(edit);
     if (!index)
         return;

@@ -1,5 +1,5 @@
 #include "Profiles/Validation.h"
-#include "TervaleWindow/Profiles/DraftModel.h"
+#include "TervaleWindow/Profiles/DraftOwner.h"
 #include "TervaleWindow/Profiles/SampleProfiles.h"
 
 #include <gtest/gtest.h>
@@ -8,33 +8,33 @@ namespace tervale {
 namespace {
 
 /// A draft, and how often it told of what.
-class DraftModelTest : public testing::Test {
+class DraftOwnerTest : public testing::Test {
   protected:
-    DraftModelTest() {
+    DraftOwnerTest() {
         draft.follow(true, oneTwoThree);
-        QObject::connect(&draft, &DraftModel::listChanged, [this] { told += "list "; });
-        QObject::connect(&draft, &DraftModel::selectionChanged, [this] { told += "selection "; });
-        QObject::connect(&draft, &DraftModel::edited,
+        QObject::connect(&draft, &DraftOwner::listChanged, [this] { told += "list "; });
+        QObject::connect(&draft, &DraftOwner::selectionChanged, [this] { told += "selection "; });
+        QObject::connect(&draft, &DraftOwner::edited,
                          [this](const ProfileEdit&, std::size_t index) {
                              told += "edited " + std::to_string(index) + " ";
                          });
-        QObject::connect(&draft, &DraftModel::problemsChanged, [this](std::size_t index) {
+        QObject::connect(&draft, &DraftOwner::problemsChanged, [this](std::size_t index) {
             told += "problems " + std::to_string(index) + " ";
         });
-        QObject::connect(&draft, &DraftModel::changed, [this] { told += "changed "; });
+        QObject::connect(&draft, &DraftOwner::changed, [this] { told += "changed "; });
         validations = 0;
     }
     std::string takeTold() { return std::exchange(told, {}); }
 
     int validations = 0;
-    DraftModel draft{[this](const Profile& profile, std::span<const Profile> all) {
+    DraftOwner draft{[this](const Profile& profile, std::span<const Profile> all) {
         ++validations;
         return problems(profile, all);
     }};
     std::string told;
 };
 
-TEST_F(DraftModelTest, TellsOfAnEditOnceAndValidatesThatProfileAlone) {
+TEST_F(DraftOwnerTest, TellsOfAnEditOnceAndValidatesThatProfileAlone) {
     draft.select(idOf(2));
     EXPECT_EQ(takeTold(), "selection changed ");
     draft.perform(CurveEdit(curveEdit::Move{1, {55, 0.5}}));
@@ -42,11 +42,11 @@ TEST_F(DraftModelTest, TellsOfAnEditOnceAndValidatesThatProfileAlone) {
     EXPECT_EQ(validations, 1);
 }
 
-TEST_F(DraftModelTest, TellsWhatIsWrongOnlyWhenThatChanges) {
+TEST_F(DraftOwnerTest, TellsWhatIsWrongOnlyWhenThatChanges) {
     draft.perform(profileEdit::Rename{""});
     EXPECT_EQ(takeTold(), "edited 0 problems 0 changed ");
     EXPECT_TRUE(draft.invalid());
-    EXPECT_EQ(draft.problemsOfSelected(), DraftModel::Problems{"Give the profile a name."});
+    EXPECT_EQ(draft.problemsOfSelected(), DraftOwner::Problems{"Give the profile a name."});
     draft.perform(profileEdit::Rename{" "});
     EXPECT_EQ(takeTold(), "edited 0 changed ");
     draft.perform(profileEdit::Rename{"Uno"});
@@ -55,7 +55,7 @@ TEST_F(DraftModelTest, TellsWhatIsWrongOnlyWhenThatChanges) {
     EXPECT_EQ(validations, 3);
 }
 
-TEST_F(DraftModelTest, TellsOfNothingThatMakesNoDifference) {
+TEST_F(DraftOwnerTest, TellsOfNothingThatMakesNoDifference) {
     draft.perform(profileEdit::Rename{"One"});
     draft.select(idOf(1));
     draft.follow(true, oneTwoThree);
@@ -64,7 +64,7 @@ TEST_F(DraftModelTest, TellsOfNothingThatMakesNoDifference) {
     EXPECT_EQ(validations, 0);
 }
 
-TEST_F(DraftModelTest, TellsOfTheWholeListWhereItIsAnother) {
+TEST_F(DraftOwnerTest, TellsOfTheWholeListWhereItIsAnother) {
     draft.add("Load", kind::Load{ProfileDefaults::loadCurve()});
     EXPECT_EQ(takeTold(), "list changed ");
     draft.duplicate();
@@ -75,7 +75,7 @@ TEST_F(DraftModelTest, TellsOfTheWholeListWhereItIsAnother) {
     EXPECT_EQ(takeTold(), "list changed ");
 }
 
-TEST_F(DraftModelTest, WaitsWithSavingForAChangeAndValidProfiles) {
+TEST_F(DraftOwnerTest, WaitsWithSavingForAChangeAndValidProfiles) {
     EXPECT_FALSE(draft.canSave());
     EXPECT_FALSE(draft.canRevert());
     draft.perform(profileEdit::Rename{"Uno"});
@@ -89,18 +89,18 @@ TEST_F(DraftModelTest, WaitsWithSavingForAChangeAndValidProfiles) {
     EXPECT_FALSE(draft.canSave());
 }
 
-TEST_F(DraftModelTest, RefusesToSaveWhileAScheduleRunsARemovedProfile) {
+TEST_F(DraftOwnerTest, RefusesToSaveWhileAScheduleRunsARemovedProfile) {
     draft.add("Schedule", kind::Schedule{{{0, 60, action::Profile{idOf(2)}}}});
     EXPECT_TRUE(draft.canSave());
     draft.select(idOf(2));
     draft.remove();
     EXPECT_FALSE(draft.canSave());
     EXPECT_EQ(draft.problemsAt(2),
-              DraftModel::Problems{"A window runs a profile that no longer exists."});
+              DraftOwner::Problems{"A window runs a profile that no longer exists."});
 }
 
-TEST_F(DraftModelTest, CannotBeSavedBeforeItIsLoaded) {
-    DraftModel empty(problems);
+TEST_F(DraftOwnerTest, CannotBeSavedBeforeItIsLoaded) {
+    DraftOwner empty(problems);
     empty.follow(false, oneTwoThree);
     EXPECT_FALSE(empty.canSave());
     EXPECT_TRUE(empty.profiles().empty());

@@ -12,11 +12,11 @@
 
 namespace tervale {
 
-/// The one owner of what is edited in the profiles pane: the draft, and what is wrong with each of
-/// its profiles. Controls ask it for an edit, which is the only way to change the draft; it
-/// validates what the edit touched and tells of that alone. A request that changes nothing tells of
-/// nothing.
-class DraftModel final : public QObject {
+/// The one owner of what is edited in the profiles pane: a `ProfilesDraft`, which holds the values,
+/// and what is wrong with each of its profiles. Controls ask it for an edit, which is the only way
+/// to change the draft; it validates what the edit touched and tells of that alone. A request that
+/// changes nothing tells of nothing.
+class DraftOwner final : public QObject {
     Q_OBJECT
 
   public:
@@ -24,7 +24,7 @@ class DraftModel final : public QObject {
     /// As `problems` in Profiles/Validation.h.
     using Validator = std::function<Problems(const Profile&, std::span<const Profile>)>;
 
-    explicit DraftModel(Validator validator, QObject* parent = nullptr);
+    explicit DraftOwner(Validator validator, QObject* parent = nullptr);
 
     const ProfilesDraft& draft() const { return working; }
     const std::vector<Profile>& profiles() const { return working.profiles; }
