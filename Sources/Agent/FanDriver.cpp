@@ -54,6 +54,9 @@ FanDriver::Error FanDriver::driveAll(double fraction) {
         const std::int64_t count = fanCount();
         for (std::int64_t fan = 0; fan < count; ++fan) {
             const Error error = errorOf([&] { drive(fan, std::clamp(fraction, 0.0, 1.0)); });
+            // One that cannot be driven must not stay at whatever speed it was given before.
+            if (error && holding)
+                errorOf([&] { smc.setAuto(std::vector{fan}); });
             first = first ? first : error;
         }
     });
