@@ -22,6 +22,9 @@ QTime timeAt(int minute) {
 } // namespace
 
 TimeField::TimeField(QWidget* parent) : QTimeEdit(parent) {
+    // A time is written from its hours on everywhere. Where text begins on the right, the toolkit
+    // would turn the sections round, and seven o'clock would read "00:7".
+    setLayoutDirection(Qt::LeftToRight);
     setButtonSymbols(QAbstractSpinBox::NoButtons);
     setFocusPolicy(Qt::StrongFocus);
     setAlignment(Qt::AlignCenter);

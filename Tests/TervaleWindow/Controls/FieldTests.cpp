@@ -32,6 +32,17 @@ TEST_F(FieldTest, ATimeIsShownInTheUsersWay) {
     EXPECT_EQ(field.text(), "23:00");
 }
 
+TEST_F(FieldTest, ATimeReadsFromItsHoursAlsoWhereTextBeginsOnTheRight) {
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    TimeField& field = showTime(425);
+    EXPECT_EQ(field.text(), "07:05");
+    field.setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClicks(&field, "10");
+    EXPECT_EQ(field.minuteOfDay(), 10 * 60 + 5);
+    QTest::keyClick(&field, Qt::Key_Right);
+    EXPECT_EQ(field.currentSection(), QDateTimeEdit::MinuteSection);
+}
+
 TEST_F(FieldTest, ATimeSetFromOutsideIsNotReported) {
     TimeField& field = showTime(0);
     QSignalSpy changes(&field, &TimeField::minuteOfDayChanged);

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Support/Contrast.h"
+#include "TervaleWindow/Support/InLocale.h"
 #include "TervaleWindow/Support/Look.h"
 
 #include <QAccessible>
@@ -19,7 +20,8 @@
 
 namespace tervale {
 
-/// Starts each test with the light palette of the look under test.
+/// Starts each test with the light palette of the look under test, and has text begin on the left
+/// unless the test says otherwise.
 class ControlsFixture : public testing::Test {
   protected:
     void SetUp() override { wear(lightLook()); }
@@ -29,6 +31,9 @@ class ControlsFixture : public testing::Test {
         QApplication::setPalette(palette);
         QApplication::processEvents();
     }
+
+  private:
+    const InLocale locale{QLocale::c()};
 };
 
 inline void present(QWidget& window) {
