@@ -1,5 +1,6 @@
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/GaugeTestSupport.h"
+#include "TervaleWindow/Support/InLocale.h"
 
 #include <QLocale>
 #include <QPointer>
@@ -23,17 +24,14 @@ constexpr FanDial::Value half{
 
 class FanDialTest : public testing::Test {
   protected:
-    FanDialTest() {
-        QLocale::setDefault(QLocale("en_US"));
-        dial.resize(dial.sizeHint());
-    }
-    ~FanDialTest() override { QLocale::setDefault(QLocale::c()); }
+    FanDialTest() { dial.resize(dial.sizeHint()); }
 
     void showHalf() {
         dial.set(half);
         showAndSettle(dial);
     }
 
+    const InLocale english{QLocale("en_US")};
     FanDial dial;
 };
 
@@ -53,7 +51,7 @@ TEST_F(FanDialTest, WritesWholeNumbersInTheUsersLocale) {
     EXPECT_EQ(dial.texts().number, "2,893");
     EXPECT_EQ(dial.texts().minimum, "1200");
     EXPECT_EQ(dial.texts().maximum, "5777");
-    QLocale::setDefault(QLocale("de_DE"));
+    const InLocale german(QLocale("de_DE"));
     dial.set({.rpm = 2893.6, .target = 3000, .min = 1200, .max = 5777});
     EXPECT_EQ(dial.texts().number, "2.894");
 }

@@ -1,4 +1,5 @@
 #include "TervaleWindow/Overview/CenteredFlowLayout.h"
+#include "TervaleWindow/Support/InLocale.h"
 
 #include <QWidget>
 
@@ -34,6 +35,7 @@ class Flow {
 
     static int heightOf(int rows) { return rows * box.height() + (rows - 1) * rowSpacing; }
 
+    const InLocale leftToRight{QLocale::c()};
     QWidget host;
     CenteredFlowLayout* layout;
 };

@@ -1,4 +1,5 @@
 #include "TervaleWindow/Overview/FanChoices.h"
+#include "TervaleWindow/Support/InLocale.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QDateTime>
@@ -26,18 +27,6 @@ QString timerText(const Model& model) {
     const auto line = timerLine(model);
     return line ? line->text() : QString();
 }
-
-/// Sets the user's locale for one test.
-class UserLocale {
-  public:
-    explicit UserLocale(const QLocale& locale) { QLocale::setDefault(locale); }
-    ~UserLocale() { QLocale::setDefault(before); }
-    UserLocale(const UserLocale&) = delete;
-    UserLocale& operator=(const UserLocale&) = delete;
-
-  private:
-    QLocale before;
-};
 
 } // namespace
 
@@ -124,10 +113,10 @@ TEST_F(FanChoices, LetTheAgentsStatusExplainInstead) {
 TEST_F(FanChoices, TellATimersEndInTheUsersShortStyle) {
     publish(timerState());
     {
-        const UserLocale locale(QLocale(QLocale::German, QLocale::Germany));
+        const InLocale locale(QLocale(QLocale::German, QLocale::Germany));
         EXPECT_EQ(timerText(*model), "50% until 14:30, then Automatic");
     }
-    const UserLocale locale(QLocale(QLocale::English, QLocale::UnitedStates));
+    const InLocale locale(QLocale(QLocale::English, QLocale::UnitedStates));
     EXPECT_TRUE(timerText(*model).startsWith("50% until 2:30")) << timerText(*model).toStdString();
     EXPECT_TRUE(timerText(*model).endsWith("PM, then Automatic"));
 }

@@ -1,4 +1,5 @@
 #include "TervaleWindow/Overview/OverviewFixture.h"
+#include "TervaleWindow/Support/InLocale.h"
 
 #include <QApplication>
 
@@ -52,6 +53,7 @@ TEST_F(OverviewModes, ReachesAModeButtonByTheKeyboard) {
 }
 
 TEST_F(OverviewModes, GoesAlongTheModesByTheArrowsAndStopsAtTheirEnd) {
+    const InLocale leftToRight(QLocale::c());
     show();
     view->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));

@@ -1,4 +1,5 @@
 #include "TervaleWindow/Overview/OverviewFixture.h"
+#include "TervaleWindow/Support/InLocale.h"
 
 #include <QAccessible>
 
@@ -10,6 +11,7 @@ namespace {
 class OverviewSlider : public OverviewFixture {};
 
 TEST_F(OverviewSlider, SendsOneCommandWhenTheSliderIsReleased) {
+    const InLocale leftToRight(QLocale::c());
     show();
     const QPoint middle = slider().rect().center();
     QTest::mousePress(&slider(), Qt::LeftButton, {}, middle);
@@ -47,6 +49,7 @@ TEST_F(OverviewSlider, SendsNothingWhenTheWindowClosesInTheMiddleOfAGesture) {
 }
 
 TEST_F(OverviewSlider, SendsOneCommandForAKeyOfTheSlider) {
+    const InLocale leftToRight(QLocale::c());
     show();
     BridgeState state;
     state.selection = action::Fixed{0.5};

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Overview/OverviewView.h"
+#include "TervaleWindow/Support/InLocale.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QTest>
@@ -33,6 +34,7 @@ class SpeedSlider : public ModelFixture {
         return fixed ? fixed->speed : -1;
     }
 
+    const InLocale leftToRight{QLocale::c()};
     int states = 0;
     OverviewView view;
     FractionSlider& slider;

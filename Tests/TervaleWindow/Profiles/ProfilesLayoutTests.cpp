@@ -1,6 +1,7 @@
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/ProfilesFixture.h"
+#include "TervaleWindow/Support/InLocale.h"
 
 #include <QLabel>
 #include <QScrollArea>
@@ -29,6 +30,7 @@ class ProfilesLayout : public ProfilesFixture {
 };
 
 TEST_F(ProfilesLayout, EndsTheRemoveSymbolOfAWindowWhereTheNameFieldEnds) {
+    const InLocale leftToRight(QLocale::c());
     openWith({scheduleProfile(1, "Night", action::Automatic{})});
     const auto* remove = button<SymbolButton>("Remove window");
     const auto rightOf = [this](const QWidget* widget) {
@@ -39,6 +41,7 @@ TEST_F(ProfilesLayout, EndsTheRemoveSymbolOfAWindowWhereTheNameFieldEnds) {
 }
 
 TEST_F(ProfilesLayout, KeepsItsBottomBarInLineWithTheCards) {
+    const InLocale leftToRight(QLocale::c());
     openWith({loadProfile(1, "Busy")});
     for (const QSize size : {QSize(790, 680), QSize(590, 520)}) {
         view->resize(size);

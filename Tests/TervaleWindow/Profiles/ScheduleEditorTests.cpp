@@ -7,6 +7,7 @@
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
 #include "TervaleWindow/Profiles/ScheduleRow.h"
 #include "TervaleWindow/Support/Choosing.h"
+#include "TervaleWindow/Support/InLocale.h"
 #include "TervaleWindow/Support/Knob.h"
 
 #include <QAccessible>
@@ -203,6 +204,7 @@ TEST_F(ScheduleEditorTest, KeepsTheSpeedToWholePercent) {
 }
 
 TEST_F(ScheduleEditorTest, LosesNoPartOfADragThatIsLessThanAPercent) {
+    const InLocale leftToRight(QLocale::c());
     show({{0, 60, action::Fixed{0.4}}});
     auto* slider = control<FractionSlider>(0);
     slider->setFocus();

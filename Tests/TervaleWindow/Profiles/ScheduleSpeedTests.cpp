@@ -1,5 +1,6 @@
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
+#include "TervaleWindow/Support/InLocale.h"
 #include "TervaleWindow/Support/Look.h"
 
 #include <QApplication>
@@ -34,6 +35,7 @@ class ScheduleSpeed : public testing::Test {
 
     double stored() const { return std::get<action::Fixed>(editor.windows()[0].action).speed; }
 
+    const InLocale leftToRight{QLocale::c()};
     ScheduleEditor editor;
     FractionSlider* slider;
     int edits = 0;

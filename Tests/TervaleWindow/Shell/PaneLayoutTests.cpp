@@ -1,5 +1,7 @@
+#include "TervaleWindow/Shell/Sidebar.h"
 #include "TervaleWindow/Shell/SimulatedWindow.h"
 #include "TervaleWindow/Support/Contrast.h"
+#include "TervaleWindow/Support/InLocale.h"
 #include "TervaleWindow/Support/Look.h"
 
 #include <QAbstractButton>
@@ -71,12 +73,19 @@ double leastContrast(const QString& text) {
 
 } // namespace
 
+/// A locale that is named, or else that of whoever runs the tests; before the window is there.
+class PaneInLocale : public testing::TestWithParam<std::tuple<Pane, int, Scheme, const char*>> {
+  private:
+    static QLocale named(const char* name) { return *name ? QLocale(name) : QLocale(); }
+
+    const InLocale locale{named(std::get<3>(GetParam()))};
+};
+
 /// Every pane on a simulated Mac, in both sizes and schemes of the look under test.
-class PaneLayout : public testing::TestWithParam<std::tuple<Pane, int, Scheme>>,
-                   protected SimulatedWindow {
+class PaneLayout : public PaneInLocale, protected SimulatedWindow {
   protected:
     void SetUp() override {
-        const auto [pane, row, scheme] = GetParam();
+        const auto [pane, row, scheme, name] = GetParam();
         QApplication::setPalette(scheme == Scheme::dark ? darkLook() : lightLook());
         model.refresh();
         simulation.advance(2);
@@ -156,7 +165,20 @@ TEST_P(PaneLayout, WritesEveryTextWithContrast) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Panes, PaneLayout,
-    testing::Combine(testing::Values(Pane::overview, Pane::sensors, Pane::profiles, Pane::settings),
-                     testing::Values(0, 1, 2), testing::Values(Scheme::light, Scheme::dark)));
+TEST_P(PaneLayout, BeginsOnTheSideWhereTextDoes) {
+    show({980, 680});
+    const auto* sidebar = window.findChild<Sidebar*>();
+    ASSERT_NE(sidebar, nullptr);
+    EXPECT_EQ(sidebar->x() > window.detail()->x(), QGuiApplication::isRightToLeft());
+}
+
+constexpr auto everyPane = {Pane::overview, Pane::sensors, Pane::profiles, Pane::settings};
+
+INSTANTIATE_TEST_SUITE_P(Panes, PaneLayout,
+                         testing::Combine(testing::ValuesIn(everyPane), testing::Values(0, 1, 2),
+                                          testing::Values(Scheme::light, Scheme::dark),
+                                          testing::Values("")));
+INSTANTIATE_TEST_SUITE_P(MirroredPanes, PaneLayout,
+                         testing::Combine(testing::ValuesIn(everyPane), testing::Values(0, 1, 2),
+                                          testing::Values(Scheme::light),
+                                          testing::Values("ar_EG")));

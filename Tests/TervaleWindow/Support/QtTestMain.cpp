@@ -14,10 +14,11 @@ int main(int argumentCount, char** arguments) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argumentCount, arguments);
     QApplication application(argumentCount, arguments);
-    // As the window's own program does. What people read is compared as the C locale writes it,
-    // unless a test chooses another, whatever the locale of whoever runs it.
+    // As the window's own program does.
     std::setlocale(LC_NUMERIC, "C");
-    QLocale::setDefault(QLocale::c());
+    // People read in the locale of whoever runs the tests, and from the side where it begins, as
+    // they would in a translated window. A test that knows what they read chooses one (InLocale).
+    QApplication::setLayoutDirection(QLocale().textDirection());
     tervale::wear(tervale::lookUnderTest());
     return RUN_ALL_TESTS();
 }
