@@ -75,13 +75,13 @@ bool fits(BridgeState state, const std::vector<Profile>& profiles) {
 
 } // namespace
 
-Agent::Agent(Surroundings surroundings)
-    : world(std::move(surroundings)),
-      bridge(world.center),
-      preferences(world.preferences, world.clock),
+Agent::Agent(Seams given)
+    : seams(std::move(given)),
+      bridge(seams.center),
+      preferences(seams.preferences, seams.clock),
       store(preferences),
-      fans(world.smc),
-      permission(world.guard) {
+      fans(seams.smc),
+      permission(seams.guard) {
     state.launchAtLogin = preferences.data(launchAtLoginKey) == dataOf("true");
     takeUpSelection();
     takeUpProfiles();
@@ -121,7 +121,7 @@ void Agent::tellUnreadable() {
         notice = Notice{unreadableProfilesNotice, untilDismissed};
     else if (selectionUnreadable)
         notice = Notice{unreadableSelectionNotice, untilDismissed};
-    nextReading = world.clock.now() + CheckedPreferences::interval;
+    nextReading = seams.clock.now() + CheckedPreferences::interval;
 }
 
 void Agent::retryStorage() {
@@ -137,7 +137,7 @@ void Agent::retryStorage() {
 }
 
 void Agent::readAgain() {
-    const Date now = world.clock.now();
+    const Date now = seams.clock.now();
     const bool waits = now < nextReading && nextReading - now <= CheckedPreferences::interval;
     if (waits || !(profilesUnreadable || selectionUnreadable))
         return;
@@ -155,7 +155,7 @@ void Agent::tick() {
     retryStorage();
     // Of a clock that is set back the timer knows nothing.
     if (state.timerEnds &&
-        (world.clock.now() >= *state.timerEnds || world.clock.steady() >= timerLimit))
+        (seams.clock.now() >= *state.timerEnds || seams.clock.steady() >= timerLimit))
         endTimer();
     permission.tick();
     control();
@@ -214,7 +214,7 @@ void Agent::saveProfiles(const std::vector<Profile>& profiles) {
     notice.reset();
     // Keep what cannot be read, so that the user can repair it.
     if (std::exchange(profilesUnreadable, false))
-        if (const auto name = unreadableProfiles::keep(preferences, world.clock.now()))
+        if (const auto name = unreadableProfiles::keep(preferences, seams.clock.now()))
             notify("The profiles that could not be read are kept as " + *name + ".");
     store.setProfiles(state.profiles);
 }
@@ -226,8 +226,8 @@ void Agent::startTimer(const command::StartTimer& timer) {
         return;
     }
     state.timerAction = withinRange(timer.action);
-    state.timerEnds = world.clock.now() + timer.duration;
-    timerLimit = world.clock.steady() + timer.duration;
+    state.timerEnds = seams.clock.now() + timer.duration;
+    timerLimit = seams.clock.steady() + timer.duration;
     notice.reset();
 }
 
@@ -237,14 +237,14 @@ void Agent::endTimer() {
 }
 
 void Agent::notify(std::string text) {
-    notice = Notice{std::move(text), world.clock.now() + noticeDuration};
+    notice = Notice{std::move(text), seams.clock.now() + noticeDuration};
 }
 
 void Agent::control() {
     const Target wanted = evaluate();
     const Target target = permission.grant(wanted, controller.safetyEngaged());
     const std::optional<std::string> error = fans.apply(target);
-    if (notice && world.clock.now() >= notice->until)
+    if (notice && seams.clock.now() >= notice->until)
         notice.reset();
     state.status = statusOf(error);
 }
@@ -260,7 +260,7 @@ std::optional<std::string> Agent::statusOf(const std::optional<std::string>& err
     else if (notice)
         text = notice->text;
     else
-        text = world.remark;
+        text = seams.remark;
     // Whoever saves something must learn of this whatever else there is to tell.
     if (const auto& reason = preferences.failure())
         text = (text ? *text + ' ' : std::string()) + storingFailure(*reason);
@@ -270,15 +270,15 @@ std::optional<std::string> Agent::statusOf(const std::optional<std::string>& err
 Target Agent::evaluate() {
     const Action action = state.timerAction.value_or(state.selection);
     Inputs inputs;
-    inputs.minuteOfDay = world.clock.minuteOfDay();
+    inputs.minuteOfDay = seams.clock.minuteOfDay();
     const Needs needs = Controller::needs(action, state.profiles, inputs.minuteOfDay);
     findSensors();
     if (sampler)
-        inputs.temperatures = sampler->sample(needs.temperatures, world.clock.now());
+        inputs.temperatures = sampler->sample(needs.temperatures, seams.clock.now());
     if (holdsSafetyReading(inputs.temperatures))
         permission.noteReading();
-    if (needs.load && world.load)
-        inputs.load = world.load();
+    if (needs.load && seams.load)
+        inputs.load = seams.load();
     return controller.target(action, state.profiles, inputs);
 }
 
@@ -286,12 +286,12 @@ void Agent::findSensors() {
     if (sampler)
         return;
     try {
-        const auto sensors = world.smc.temperatureSensors();
+        const auto sensors = seams.smc.temperatureSensors();
         // A controller that has keys but answers for none of them may do so later.
         if (sensors.empty())
             return;
         sampler.emplace(sensors, [this](const TemperatureSensor& sensor) {
-            return world.smc.temperature(sensor);
+            return seams.smc.temperature(sensor);
         });
     } catch (const SMCError&) {
         // Without a list of keys there is nothing to sample; the next tick tries again.

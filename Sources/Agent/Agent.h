@@ -28,7 +28,7 @@ namespace tervale {
 class Agent {
   public:
     /// What the agent works with; all of it outlives the agent.
-    struct Surroundings {
+    struct Seams {
         SMC& smc;
         NotificationCenter& center;
         Preferences& preferences;
@@ -45,7 +45,7 @@ class Agent {
 
     /// Takes up the stored profiles and selection, drives the fans for the first time and
     /// publishes its state.
-    explicit Agent(Surroundings surroundings);
+    explicit Agent(Seams given);
     Agent(const Agent&) = delete;
     Agent& operator=(const Agent&) = delete;
 
@@ -85,7 +85,7 @@ class Agent {
     std::optional<std::string> statusOf(const std::optional<std::string>& error) const;
     void publish();
 
-    Surroundings world;
+    Seams seams;
     Bridge bridge;
     CheckedPreferences preferences;
     ProfileStore store;

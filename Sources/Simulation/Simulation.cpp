@@ -23,7 +23,7 @@ Simulation::Simulation(const SimulatedMacOptions& options, NotificationCenter& c
 
 void Simulation::startAgent(NotificationCenter& center, Preferences& preferences,
                             const Clock& clock) {
-    driver.emplace(Agent::Surroundings{smc, center, preferences, clock,
+    driver.emplace(Agent::Seams{smc, center, preferences, clock,
                                        [this] { return simulatedMac.load(); }});
 }
 

@@ -51,7 +51,7 @@ AgentProgram::~AgentProgram() = default;
 void AgentProgram::begin() {
     try {
         smc.emplace(machine.registry());
-        agent.emplace(Agent::Surroundings{
+        agent.emplace(Agent::Seams{
             .smc = *smc,
             .center = center,
             .preferences = *preferences,
