@@ -48,8 +48,13 @@ GuardDuty::End GuardDuty::stand() const {
     if (hangs && ::getppid() == guarded)
         ::kill(guarded, SIGKILL);
     bool done = handBackPatiently();
+    if (!hangs)
+        return done ? End::handedBack : End::notHandedBack;
     // What it wrote with its last breath is undone as well.
-    if (hangs && nextSign(hangLimit) == Sign::gone)
+    Sign last = Sign::alive;
+    while (last == Sign::alive || last == Sign::disturbed)
+        last = nextSign(hangLimit);
+    if (last == Sign::gone)
         done = handBackPatiently();
     return done ? End::handedBack : End::notHandedBack;
 }

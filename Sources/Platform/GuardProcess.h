@@ -51,6 +51,7 @@ class GuardProcess {
     /// 0 while there is none.
     std::int64_t child = 0;
     int unanswered = 0;
+    std::chrono::steady_clock::time_point greeted{};
     std::optional<std::chrono::steady_clock::time_point> failed;
 };
 
