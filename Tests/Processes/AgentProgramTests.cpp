@@ -1,9 +1,4 @@
-#include "Platform/AgentLock.h"
-#include "Platform/Linux/DBusNotificationCenter.h"
-#include "Platform/Linux/SocketRegistry.h"
-#include "Processes/Programs.h"
-#include "Profiles/Bridge.h"
-#include "SMC/SMC.h"
+#include "Processes/AgentSession.h"
 #include "Support/FakeLoginManager.h"
 
 #include <QElapsedTimer>
@@ -11,55 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <fstream>
 
 using namespace tervale;
 
 namespace {
 
-const Action maximum = action::Fixed{1};
 const QString commandName = "'com.velnor.tervale.command'";
 
-/// An agent of its own process on the Mac of another one.
-class AgentProgramTest : public testing::Test {
-  protected:
-    AgentProgramTest() { PrivateBus::settle(connection); }
-
-    bool manual() {
-        const Fan fan = controller().fan(0);
-        return fan.manual;
-    }
-    bool automatic() {
-        for (const Fan& fan : controller().fans())
-            if (fan.manual)
-                return false;
-        return controller().read("Ftst") == 0;
-    }
-    /// Whether the agent confirms the selection, and the fans turn manual.
-    bool selectsMaximum() {
-        bridge.send(command::Select{maximum});
-        return eventually([this] { return state.selection == maximum && manual(); });
-    }
-    std::filesystem::path lock() const { return bus.runtimeFolder() / "tervale" / "agent.lock"; }
-    SMC& controller() {
-        if (!smc)
-            smc.emplace(registry);
-        return *smc;
-    }
-
-    PrivateBus bus;
-    QDBusConnection connection = bus.connect();
-    DBusNotificationCenter center{connection};
-    Bridge bridge{center};
-    BridgeState state;
-    int states = 0;
-    ObserverToken observer = bridge.onState([this](const BridgeState& published) {
-        state = published;
-        ++states;
-    });
-    SocketRegistry registry{bus.socket()};
-    std::optional<SMC> smc;
-};
+using AgentProgramTest = AgentSession;
 
 bool exists(qint64 process) {
     return ::kill(static_cast<pid_t>(process), 0) == 0;
@@ -207,6 +161,19 @@ TEST_F(AgentProgramTest, StartsAnotherGuardWhenItsGuardIsKilled) {
     agent.send(SIGKILL);
     ASSERT_TRUE(agent.ends());
     EXPECT_TRUE(eventually([this] { return automatic(); })) << "the new guard does its duty";
+}
+
+TEST_F(AgentProgramTest, KeepsItsGuardThroughManyCommandsAtOnce) {
+    const SimulatorProgram simulator(bus);
+    const AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    const auto before = guard();
+    for (int i = 0; i < 200; ++i)
+        bridge.send(command::RequestState{});
+    const int wanted = states + 200;
+    ASSERT_TRUE(eventually([&] { return states >= wanted; }));
+    EXPECT_EQ(guard(), before);
+    EXPECT_TRUE(manual());
 }
 
 TEST_F(AgentProgramTest, LeavesTheFansToTheFirmwareWhereNoGuardCanStand) {

@@ -1,0 +1,145 @@
+#include "Processes/AgentSession.h"
+#include "Profiles/Controller.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <csignal>
+#include <memory>
+#include <vector>
+
+using namespace tervale;
+
+namespace {
+
+/// A Mac that grows too hot at the lowest speed, and an agent that is told to run the fans at it.
+/// Whatever then happens, the fans are at full speed or with the firmware while it is too hot; an
+/// agent has a tick to notice.
+class HeatwaveTest : public AgentSession {
+  protected:
+    HeatwaveTest() {
+        startMac();
+        startAgent();
+        bridge.send(command::Select{action::Fixed{0}});
+    }
+
+    void startMac() {
+        mac = std::make_unique<SimulatorProgram>(
+            bus, QStringList{"--scenario", "heatwave", "--speed", "30", "--sensors", "12"});
+    }
+    void startAgent() { agent = std::make_unique<AgentProcess>(bus); }
+    void kill(ChildProcess& process) {
+        process.send(SIGKILL);
+        ASSERT_TRUE(process.ends());
+    }
+    void killGuard() const {
+        const auto process = guard();
+        ASSERT_TRUE(process);
+        ::kill(static_cast<pid_t>(*process), SIGKILL);
+    }
+
+    bool isTooHot() {
+        if (sensors.empty())
+            sensors = controller().temperatureSensors();
+        return std::ranges::any_of(sensors, [this](const TemperatureSensor& sensor) {
+            return (sensor.group == SensorGroup::cpu || sensor.group == SensorGroup::gpu) &&
+                   controller().temperature(sensor).value_or(0) >= SafetyLatch::on;
+        });
+    }
+    bool isSafe() {
+        const auto fans = controller().fans();
+        return std::ranges::all_of(
+            fans, [](const Fan& fan) { return !fan.manual || fan.target == fan.max; });
+    }
+    /// Looks at the Mac until the condition holds. Counts how long it is too hot at a stretch while
+    /// the fans are slow.
+    bool watchUntil(const std::function<bool()>& condition) {
+        QElapsedTimer danger;
+        return eventually([&] {
+            try {
+                const bool hot = isTooHot();
+                wasTooHot = wasTooHot || hot;
+                if (!hot || isSafe())
+                    danger.invalidate();
+                else if (!danger.isValid())
+                    danger.start();
+                else
+                    longestDanger = std::max(longestDanger, danger.elapsed());
+            } catch (const SMCError&) {
+                danger.invalidate();
+            }
+            return condition();
+        });
+    }
+    void watchFor(qint64 milliseconds) {
+        QElapsedTimer watched;
+        watched.start();
+        watchUntil([&] { return watched.elapsed() >= milliseconds; });
+    }
+    /// Until the agent has the fans run at full speed.
+    bool watchUntilTheLatchEngages() {
+        wasTooHot = false;
+        return watchUntil([this] { return wasTooHot && manual() && isSafe(); });
+    }
+
+    std::unique_ptr<SimulatorProgram> mac;
+    std::unique_ptr<AgentProcess> agent;
+    std::vector<TemperatureSensor> sensors;
+    bool wasTooHot = false;
+    /// In milliseconds. A tick, and what a busy machine adds to it.
+    qint64 longestDanger = 0;
+    static constexpr qint64 tick = 2000;
+};
+
+} // namespace
+
+TEST_F(HeatwaveTest, IsMetWithFullSpeedWhateverIsSelected) {
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    watchFor(3000);
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsLeftToTheFirmwareWhenTheAgentIsKilled) {
+    ASSERT_TRUE(watchUntilTheLatchEngages());
+    kill(*agent);
+    EXPECT_TRUE(watchUntil([this] { return automatic(); }));
+    watchFor(1000);
+    startAgent();
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsMetByAnAgentWhoseGuardIsKilled) {
+    ASSERT_TRUE(watchUntilTheLatchEngages());
+    killGuard();
+    watchFor(3000);
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsMetWithFullSpeedWhileTheAgentIsStoppedAndThenLeftToTheFirmware) {
+    ASSERT_TRUE(watchUntilTheLatchEngages());
+    agent->send(SIGSTOP);
+    ASSERT_TRUE(watchUntil([this] { return automatic(); }));
+    watchFor(1000);
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsMetWithFullSpeedThatStaysWhenAgentAndGuardAreKilledAtOnce) {
+    ASSERT_TRUE(watchUntilTheLatchEngages());
+    killGuard();
+    kill(*agent);
+    watchFor(2000);
+    startAgent();
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsMetAgainOnceTheControllersSocketIsBack) {
+    ASSERT_TRUE(watchUntilTheLatchEngages());
+    mac.reset();
+    watchFor(1000);
+    startMac();
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick);
+}
