@@ -2,10 +2,12 @@
 
 #include "tervalectl/AgentCommands.h"
 #include "tervalectl/CommandParsing.h"
+#include "tervalectl/Doctor.h"
 #include "tervalectl/MachineCommands.h"
 #include "tervalectl/Monitor.h"
 #include "tervalectl/ProfileCommands.h"
 #include "tervalectl/Replay.h"
+#include "tervalectl/ShowAgent.h"
 
 #include <algorithm>
 #include <array>
@@ -52,6 +54,12 @@ constexpr std::array commands{
         "monitor", "", monitor, "show load, temperatures and fans, line by line",
         "With --json each line is an object with time (seconds since 1970), minute (of\n"
         "the day), load (percent), temperatures and fans, which 'replay' takes.\n"),
+    command<parseNone<Doctor>>(
+        "doctor", "", agent, "look for what keeps the fans from being driven",
+        "A line each for the controller, its keys, fans and sensors, the session bus, the\n"
+        "agent and its preferences. Ends with 1 if something is wrong.\n"),
+    command<parseNone<ShowAgent>>("agent", "", agent, "show whether an agent answers, and which",
+                                  "Its process, when it started, its guard, and its status.\n"),
     command<parseState>(
         "state", "", state, "show the state of the agent",
         "With --json the state as the agent publishes it, and timerEndsAt, which is timerEnds\n"

@@ -3,6 +3,7 @@
 #include "Machine/Machine.h"
 #include "Profiles/Clock.h"
 #include "tervalectl/Failure.h"
+#include "tervalectl/Session.h"
 
 #include <functional>
 #include <istream>
@@ -22,6 +23,7 @@ struct Context {
     double timeout = 2;
     /// Makes the machine, for a command that needs one. Throws `NoSuchMachine`.
     std::function<Machine()> makeMachine;
+    Session session;
 };
 
 } // namespace tervale

@@ -27,6 +27,12 @@ struct Monitor {
     std::optional<std::int64_t> count{};
     bool operator==(const Monitor&) const = default;
 };
+struct Doctor {
+    bool operator==(const Doctor&) const = default;
+};
+struct ShowAgent {
+    bool operator==(const ShowAgent&) const = default;
+};
 struct State {
     /// Print the state again at each change.
     bool follow = false;
@@ -87,8 +93,8 @@ struct Replay {
 };
 
 using Parameters =
-    std::variant<Fans, Sensors, Monitor, State, Select, Timer, CancelTimer, LaunchAtLogin,
-                 CheckForUpdates, ListProfiles, ExportProfiles, ImportProfiles, ValidateProfiles,
-                 ShowProfile, RemoveProfile, Replay>;
+    std::variant<Fans, Sensors, Monitor, Doctor, ShowAgent, State, Select, Timer, CancelTimer,
+                 LaunchAtLogin, CheckForUpdates, ListProfiles, ExportProfiles, ImportProfiles,
+                 ValidateProfiles, ShowProfile, RemoveProfile, Replay>;
 
 } // namespace tervale::ctl

@@ -17,8 +17,13 @@ namespace {
 
 int run(const ctl::CommandLine::Run& run) {
     const SystemClock clock;
-    Context context{std::cin, std::cout,   clock,
-                    run.json, run.timeout, [&run] { return makeMachine(run.machine); }};
+    Context context{std::cin,
+                    std::cout,
+                    clock,
+                    run.json,
+                    run.timeout,
+                    [&run] { return makeMachine(run.machine); },
+                    sessionOf(run.machine)};
     return static_cast<int>(perform(run, context, std::cerr));
 }
 

@@ -20,7 +20,8 @@ class CommandRunner {
         std::ostringstream err;
         const auto request = ctl::CommandLine::parse(QStringList{"tervalectl"} + arguments);
         const auto& chosen = std::get<ctl::CommandLine::Run>(request);
-        Context context{in, out, clock, chosen.json, timeout, [this] { return machine(); }};
+        Context context{in,       out, clock, chosen.json, timeout, [this] { return machine(); },
+                        session()};
         const ExitStatus status = perform(chosen, context, err);
         output = out.str();
         errors = err.str();
@@ -40,6 +41,14 @@ class CommandRunner {
                 std::shared_ptr<NotificationCenter>(nobody, otherCenter ? otherCenter : &center),
                 [this] { return std::optional(mac.load()); }};
     }
+    Session session() {
+        return {
+            [this] { return agentProcess; }, [this] { return hasChannel; },
+            [this] { return std::shared_ptr<Preferences>(std::shared_ptr<void>(), &preferences); }};
+    }
+    std::optional<AgentLock::Holder> agentProcess;
+    bool hasChannel = true;
+    InMemoryPreferences preferences;
     /// In seconds, for the agent; in place of the option.
     double timeout = 10;
     std::string output;

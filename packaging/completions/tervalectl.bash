@@ -58,7 +58,7 @@ _tervalectl() {
 
     case $command in
     '')
-        arguments='fans sensors monitor state select timer cancel-timer launch-at-login
+        arguments='fans sensors monitor doctor agent state select timer cancel-timer launch-at-login
             check-for-updates profiles replay'
         options='--help --version' ;;
     'profiles ')
@@ -67,7 +67,7 @@ _tervalectl() {
     sensors) options='--group --json --simulate --socket --help' ;;
     monitor) options='--interval --count --json --simulate --socket --help' ;;
     state) options='--follow --count --json --timeout --simulate --socket --help' ;;
-    cancel-timer | check-for-updates | 'profiles list' | 'profiles export')
+    doctor | agent | cancel-timer | check-for-updates | 'profiles list' | 'profiles export')
         options='--json --timeout --simulate --socket --help' ;;
     'profiles import') options='--merge --json --timeout --simulate --socket --help' ;;
     'profiles show' | 'profiles remove')

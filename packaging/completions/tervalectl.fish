@@ -47,6 +47,8 @@ complete -c tervalectl -f
 complete -c tervalectl -n '__tervalectl_at' -a fans -d 'show the fans, their speeds and limits'
 complete -c tervalectl -n '__tervalectl_at' -a sensors -d 'show the temperatures of the sensors'
 complete -c tervalectl -n '__tervalectl_at' -a monitor -d 'show load, temperatures and fans, line by line'
+complete -c tervalectl -n '__tervalectl_at' -a doctor -d 'look for what keeps the fans from being driven'
+complete -c tervalectl -n '__tervalectl_at' -a agent -d 'show whether an agent answers, and which'
 complete -c tervalectl -n '__tervalectl_at' -a state -d 'show the state of the agent'
 complete -c tervalectl -n '__tervalectl_at' -a select -d 'select what drives the fans'
 complete -c tervalectl -n '__tervalectl_at' -a timer -d 'select what drives the fans, for a time'
@@ -82,7 +84,7 @@ complete -c tervalectl -n '__tervalectl_in state' -l follow -d 'show the state a
 complete -c tervalectl -n '__tervalectl_in "profiles import"' -l merge -d "keep the agent's other profiles"
 complete -c tervalectl -n '__tervalectl_in replay' -l profiles -r -F -d 'the profiles to try'
 complete -c tervalectl -n '__tervalectl_in replay' -l selection -x -a 'automatic max' -d 'the selection'
-set -l agent 'state select timer cancel-timer launch-at-login check-for-updates "profiles list" "profiles export" "profiles import" "profiles show" "profiles remove"'
+set -l agent 'doctor agent state select timer cancel-timer launch-at-login check-for-updates "profiles list" "profiles export" "profiles import" "profiles show" "profiles remove"'
 complete -c tervalectl -n "__tervalectl_in fans sensors monitor replay 'profiles validate' $agent" -l json -d 'write JSON'
 complete -c tervalectl -n "__tervalectl_in $agent" -l timeout -x -d 'how long to wait for the agent'
 complete -c tervalectl -n "__tervalectl_in fans sensors monitor $agent" -l simulate -d 'use a simulated Mac with an agent of its own'

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Machine/MachineChoice.h"
+#include "Platform/AgentLock.h"
+#include "Profiles/Preferences.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace tervale {
+
+/// What of the user's session the agent depends on, for who looks into why it does not do so.
+struct Session {
+    /// The agent's process; nothing if none runs as a program of its own.
+    std::function<std::optional<AgentLock::Holder>()> agentProcess;
+    /// Whether there is a way to other programs.
+    std::function<bool()> hasChannel;
+    /// Those that the agent of the machine stores in.
+    std::function<std::shared_ptr<Preferences>()> makePreferences;
+};
+
+/// That of the machine. A simulated one has all of it in the process.
+Session sessionOf(const MachineChoice& machine);
+
+} // namespace tervale
