@@ -23,8 +23,8 @@ Simulation::Simulation(const SimulatedMacOptions& options, NotificationCenter& c
 
 void Simulation::startAgent(NotificationCenter& center, Preferences& preferences,
                             const Clock& clock) {
-    driver.emplace(Agent::Seams{smc, center, preferences, clock,
-                                       [this] { return simulatedMac.load(); }});
+    driver.emplace(
+        Agent::Seams{smc, center, preferences, clock, [this] { return simulatedMac.load(); }});
 }
 
 void Simulation::advance(double seconds) {

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 
 #include <clocale>
+#include <optional>
 #include <string>
 #include <tervale/Version.h>
 
@@ -27,14 +28,16 @@ int runAgent(const AgentCommandLine::Run& run) {
     const std::unique_ptr<NotificationCenter> center = makeNotificationCenter();
     if (!center)
         return terminal().complain("There is no session bus to be heard on.", exitStatus::failure);
+    std::optional<AgentProgram> program;
+    // Before it takes the fans, which a signal must not leave where they are. The event loop tells.
+    const TerminationSignals ending(
+        [&program] { QCoreApplication::exit(program->end("Told to end.")); });
     try {
-        AgentProgram program(run, *center);
-        const TerminationSignals ending(
-            [&program] { QCoreApplication::exit(program.end("Told to end.")); });
+        program.emplace(run, *center);
         const SessionEnd sessionEnd(
-            *center, [&program] { QCoreApplication::exit(program.end("The session is over.")); });
+            *center, [&program] { QCoreApplication::exit(program->end("The session is over.")); });
         const auto sleep =
-            makeSleepWatch({[&program] { program.sleep(); }, [&program] { program.wake(); }});
+            makeSleepWatch({[&program] { program->sleep(); }, [&program] { program->wake(); }});
         return QCoreApplication::exec();
     } catch (const AgentLock::Refused& refusal) {
         return terminal().complain(refusal.what(), exitStatus::failure);
