@@ -50,6 +50,7 @@ class NotificationCenter {
     [[nodiscard]] virtual ObserverToken observe(const std::string& name, Handler handler) = 0;
     /// Calls the handler on the main thread when the other programs cannot be reached any more, and
     /// when they can be again; what was posted in between is lost. Never where that cannot happen.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): whoever overrides it keeps it
     [[nodiscard]] virtual ObserverToken observeChannel(std::function<void(Channel)>) { return {}; }
 };
 

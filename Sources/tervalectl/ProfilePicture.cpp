@@ -34,8 +34,7 @@ std::vector<double> places(const Curve& curve) {
             places.push_back(x);
     }
     std::ranges::sort(places);
-    const auto repeated = std::ranges::unique(places);
-    places.erase(repeated.begin(), repeated.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
     return places;
 }
 

@@ -118,7 +118,7 @@ TEST(JSONGrammar, AgreesWithAnotherParser) {
         for (std::size_t count = 1 + below(6); count > 0; --count)
             text += pieces[below(pieces.size())];
         if (below(2) == 0)
-            text = "[\"" + text + "\"]";
+            text.insert(0, "[\"").append("\"]");
         // It takes a zero byte for the end of the text, and so has no opinion.
         const bool expected = text.find('\0') == std::string::npos && nlohmann::json::accept(text);
         ASSERT_EQ(refusal(text).empty(), expected) << text;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <map>
+#include <numeric>
 #include <random>
 #include <string>
 #include <utility>
@@ -62,9 +63,8 @@ Machine warmedByNumber(int count) {
 }
 
 std::vector<int> spreadOver(int length, std::int64_t count) {
-    std::vector<int> items;
-    for (int i = 0; i < length; ++i)
-        items.push_back(i);
+    std::vector<int> items(static_cast<std::size_t>(length));
+    std::iota(items.begin(), items.end(), 0);
     return SensorSampler::spread<int>(items, count);
 }
 

@@ -28,6 +28,7 @@ class Flow {
     std::vector<QRect> placesIn(int width, int height) {
         layout->setGeometry({0, 0, width, height});
         std::vector<QRect> places;
+        places.reserve(static_cast<std::size_t>(layout->count()));
         for (int i = 0; i < layout->count(); ++i)
             places.push_back(layout->itemAt(i)->geometry());
         return places;

@@ -39,7 +39,7 @@ class SettableTimer {
                       std::function<void()> handler) {
             every = interval;
             late = tolerance;
-            const auto made = std::make_shared<std::function<void()>>(std::move(handler));
+            auto made = std::make_shared<std::function<void()>>(std::move(handler));
             called = made;
             return made;
         };

@@ -11,7 +11,7 @@ class UserDefaultsPreferencesTest : public testing::Test {
     /// Each time in a program that has just started.
     std::optional<QByteArray> afterRestart(const QByteArray& command) const {
         const auto program = session.start();
-        const auto answer = program->does(command);
+        auto answer = program->does(command);
         EXPECT_TRUE(program->ends());
         return answer;
     }
