@@ -103,7 +103,8 @@ QProcessEnvironment FoundationSession::environment() const {
     for (const char* temporary : {"TMP", "TEMP", "TMPDIR"})
         environment.insert(QString::fromLatin1(temporary), text(folder.path));
     environment.insert(QStringLiteral("GNUSTEP_CONFIG_FILE"), text(folder.path / "GNUstep.conf"));
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    environment.insert(QStringLiteral("LSAN_OPTIONS"),
+                       QStringLiteral("print_suppressions=0:suppressions=" TERVALE_LEAKS));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     return environment;
 }
