@@ -45,6 +45,9 @@ Action withinRange(Action action) {
     return action;
 }
 
+/// A controller that counts more keys than this is not to be believed.
+constexpr double mostKeys = 65536;
+
 bool holdsSafetyReading(const TemperatureReadings& readings) {
     return std::ranges::any_of(allTemperatureInputs, [&](TemperatureInput input) {
         return Controller::safetyInputs.contains(input) && readings.at(input);
@@ -286,6 +289,10 @@ void Agent::findSensors() {
     if (sampler)
         return;
     try {
+        // What is no count of keys would stop the process, or keep it busy for ever.
+        const double keys = seams.smc.read("#KEY");
+        if (!(keys > -1 && keys <= mostKeys))
+            return;
         const auto sensors = seams.smc.temperatureSensors();
         // A controller that has keys but answers for none of them may do so later.
         if (sensors.empty())

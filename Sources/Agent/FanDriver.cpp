@@ -103,7 +103,11 @@ FanDriver::Error FanDriver::handBack() {
 }
 
 std::int64_t FanDriver::fanCount() {
-    const std::int64_t count = smc.fanCount();
+    // What is no whole number would stop the process if it were taken for one.
+    const double told = smc.read("FNum");
+    if (!(told > -1 && told < 1e15))
+        throw SMCError("FNum: no number of fans");
+    const auto count = static_cast<std::int64_t>(told);
     if (count > mostFans)
         throw SMCError("FNum: " + std::to_string(count) + " fans");
     return count;

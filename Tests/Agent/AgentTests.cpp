@@ -4,11 +4,13 @@
 #include "Profiles/InProcessNotificationCenter.h"
 #include "Profiles/ProfileStore.h"
 #include "Profiles/StoringFailure.h"
+#include "SMC/ScriptedRegistry.h"
 #include "Simulation/Simulation.h"
 #include "Support/BreakableCenter.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
@@ -455,6 +457,21 @@ TEST_F(AgentTest, KeepsAnsweringWhileTheControllerFails) {
     simulation->advance(1);
     EXPECT_EQ(last().status, std::nullopt);
     EXPECT_NEAR(fan(0).target, 1200 + 0.5 * 4577, 0.01);
+}
+
+TEST(AgentOnAnOddController, LooksForNoSensorsAmongKeysThatCannotBeCounted) {
+    for (const float count : {std::nanf(""), 3e38F, -2.0F, 1e9F}) {
+        test::ScriptedRegistry registry;
+        registry.setByte("FNum", 0);
+        registry.setFloat("#KEY", count);
+        SMC smc(registry);
+        InProcessNotificationCenter center;
+        InMemoryPreferences preferences;
+        SimulatedClock clock;
+        Agent agent({smc, center, preferences, clock, {}});
+        agent.tick();
+        EXPECT_EQ(agent.currentState().profiles, starterProfiles()) << count;
+    }
 }
 
 TEST_F(AgentTest, FindsTheSensorsLaterWhenNoneAnsweredAtFirst) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 namespace tervale {
@@ -172,6 +173,14 @@ TEST_F(OddController, IsNotBelievedToHaveBillionsOfFans) {
     registry.set("FNum", {"ui32", test::bytesOf({255, 255, 255, 255}), std::nullopt});
     EXPECT_EQ(driver.apply(target::Speed{0.5}), "FNum: 4294967295 fans");
     EXPECT_EQ(driver.apply(target::Automatic{}), "FNum: 4294967295 fans");
+}
+
+TEST_F(OddController, MayCountItsFansByWhatIsNoNumber) {
+    for (const float count : {std::nanf(""), 3e38F, -3.0F}) {
+        registry.setFloat("FNum", count);
+        EXPECT_EQ(driver.apply(target::Speed{0.5}), "FNum: no number of fans") << count;
+        EXPECT_EQ(driver.apply(target::Automatic{}), "FNum: no number of fans") << count;
+    }
 }
 
 TEST_F(OddController, HasNothingToGiveBackWhenItsFanHasNoMode) {
