@@ -70,7 +70,7 @@ class NeverStuckAtAnyMomentTest : public NeverStuckTest, public testing::WithPar
             wait(std::chrono::milliseconds(10));
         }
     }
-    std::chrono::milliseconds upTo(unsigned most) {
+    std::chrono::milliseconds timeUpTo(unsigned most) {
         return std::chrono::milliseconds(random() % (most + 1));
     }
 
@@ -99,7 +99,7 @@ TEST_P(NeverStuckAtAnyMomentTest, HandsTheFansBackWithinASecondOfAKillDuringMax)
         if (kill % 2 == 0) {
             ASSERT_TRUE(eventually([this] { return manual(); }));
         }
-        sendFor(upTo(kill % 2 == 0 ? 100 : 200));
+        sendFor(timeUpTo(kill % 2 == 0 ? 100 : 200));
         taken += manual() ? 1 : 0;
         agent.send(SIGKILL);
         EXPECT_LT(timeUntilAutomatic(), 1000) << "kill " << kill;
