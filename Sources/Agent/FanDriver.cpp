@@ -80,7 +80,7 @@ void FanDriver::drive(std::int64_t index, double fraction) {
 
 FanDriver::Error FanDriver::releaseAll() {
     bool taken = holding;
-    const Error error = errorOf([&] { taken = taken || anyTaken(); });
+    Error error = errorOf([&] { taken = taken || anyTaken(); });
     if (error)
         return error;
     return taken ? handBack() : std::nullopt;
