@@ -110,6 +110,24 @@ TEST_P(NeverStuckAtAnyMomentTest, HandsTheFansBackWithinASecondOfAKillDuringMax)
     EXPECT_GE(taken, 13) << "the fans were hardly ever taken when the agent was killed";
 }
 
+TEST_F(NeverStuckTest, IsToldToEndAsSoonAsItHasTakenTheFansAndHandsThemBackItself) {
+    const SimulatorProgram simulator(bus, {"--sensors", "12", "--scenario", "idle"});
+    {
+        AgentProcess first(bus);
+        ASSERT_TRUE(selectsMaximum());
+        first.send(SIGTERM);
+        ASSERT_TRUE(first.ends());
+    }
+    for (int start = 0; start < 15; ++start) {
+        ChildProcess agent(TERVALE_AGENT, {}, bus.environment());
+        ASSERT_TRUE(eventually([this] { return manual(); }));
+        agent.send(SIGTERM);
+        ASSERT_TRUE(agent.ends());
+        EXPECT_EQ(agent.status(), 0);
+        EXPECT_TRUE(automatic());
+    }
+}
+
 TEST_F(NeverStuckTest, KillsAnAgentThatIsStoppedAndHandsTheFansBack) {
     const SimulatorProgram simulator(bus);
     AgentProcess agent(bus);
