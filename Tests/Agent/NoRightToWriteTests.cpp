@@ -1,0 +1,69 @@
+#include "Agent/Agent.h"
+#include "Profiles/InMemoryPreferences.h"
+#include "Profiles/InProcessNotificationCenter.h"
+#include "SMC/SMCStructure.h"
+#include "Simulation/SimulatedClock.h"
+#include "Simulation/SimulatedMac.h"
+
+#include <gtest/gtest.h>
+
+namespace tervale {
+namespace {
+
+/// A controller that anyone may read, and that only root may write to.
+class RootsRegistry final : public IORegistry {
+  public:
+    static constexpr auto notPrivileged = static_cast<Status>(0xe00002c1);
+
+    explicit RootsRegistry(IORegistry& registry) : registry(registry) {}
+
+    std::optional<Service> findService(const std::string& className) override {
+        return registry.findService(className);
+    }
+    Status open(Service service, std::uint32_t type, Connection& connection) override {
+        return registry.open(service, type, connection);
+    }
+    void release(Service service) override { registry.release(service); }
+    Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
+                      Structure& response) override {
+        const bool writes = SMCStructure::fromBytes(request).command ==
+                            static_cast<std::uint8_t>(SMCCommand::write);
+        return writes ? notPrivileged
+                      : registry.callStruct(connection, selector, request, response);
+    }
+    void close(Connection connection) override { registry.close(connection); }
+
+  private:
+    IORegistry& registry;
+};
+
+class NoRightToWrite : public testing::Test {
+  protected:
+    SimulatedMac mac{{.scenario = Scenario::idle, .fillers = 0}};
+    RootsRegistry registry{mac};
+    SMC smc{registry};
+    InProcessNotificationCenter center;
+    InMemoryPreferences preferences;
+    SimulatedClock clock;
+    Agent agent{
+        {.smc = smc, .center = center, .preferences = preferences, .clock = clock, .load = [this] {
+             return mac.load();
+         }}};
+};
+
+TEST_F(NoRightToWrite, IsToldInTheStatusWhileTheAgentGoesOnAnswering) {
+    EXPECT_EQ(agent.currentState().status, std::nullopt);
+    Bridge(center).send(command::Select{action::Fixed{1}});
+    for (int second = 0; second < 3; ++second) {
+        agent.tick();
+        EXPECT_EQ(agent.currentState().selection, Action(action::Fixed{1}));
+        ASSERT_TRUE(agent.currentState().status);
+        EXPECT_NE(agent.currentState().status->find("IOKit error 0xe00002c1"), std::string::npos)
+            << *agent.currentState().status;
+        EXPECT_FALSE(smc.fan(0).manual);
+    }
+    EXPECT_FALSE(smc.temperatureSensors().empty());
+}
+
+} // namespace
+} // namespace tervale
