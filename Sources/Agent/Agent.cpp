@@ -65,6 +65,16 @@ std::optional<Value> stored(const Preferences& preferences, const char* key) {
     return read ? std::optional(std::move(*read)) : std::nullopt;
 }
 
+/// The error of the controller as people read it. The system's codes for a right that is missing
+/// say nothing to them.
+std::string forPeople(const std::string& error) {
+    for (const char* code : {"0xe00002c1", "0xe00002e2"}) {
+        if (error.find(code) != std::string::npos)
+            return "This agent may not write to the controller. " + error;
+    }
+    return error;
+}
+
 /// Of a notice that is shown until the user does something.
 constexpr Date untilDismissed{std::numeric_limits<double>::infinity()};
 
@@ -257,7 +267,7 @@ std::optional<std::string> Agent::statusOf(const std::optional<std::string>& err
     if (controller.safetyEngaged())
         text = tooHot;
     else if (error)
-        text = error;
+        text = forPeople(*error);
     else if (permission.reason())
         text = permission.reason();
     else if (notice)

@@ -98,8 +98,22 @@ FanDriver::Error FanDriver::handBack() {
         // The first fan that fails keeps the rest from being handed back together.
         for (std::int64_t fan = 0; fan < count; ++fan)
             errorOf([&] { smc.setAuto(std::vector{fan}); });
-        throw SMCError(*error);
+        // Who may not write to the controller has taken nothing either.
+        if (!allReleased())
+            throw SMCError(*error);
+        holding = false;
     });
+}
+
+bool FanDriver::allReleased() {
+    bool released = true;
+    const Error error = errorOf([&] {
+        const std::int64_t count = fanCount();
+        for (std::int64_t fan = 0; fan < count; ++fan)
+            released = released && !smc.fan(fan).manual;
+        released = released && (!smc.exists("Ftst") || smc.read("Ftst") == 0.0);
+    });
+    return released && !error;
 }
 
 std::int64_t FanDriver::fanCount() {

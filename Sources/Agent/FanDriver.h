@@ -31,6 +31,9 @@ class FanDriver {
     Error releaseAll();
     /// Whether a fan is manual or, at first, was unlocked by one who did not lock it again.
     bool anyTaken();
+    /// Whether the controller says that every fan is automatic and locked. False if it does not
+    /// say.
+    bool allReleased();
     /// Throws for a count that no machine has.
     std::int64_t fanCount();
 

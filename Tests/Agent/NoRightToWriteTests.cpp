@@ -58,11 +58,21 @@ TEST_F(NoRightToWrite, IsToldInTheStatusWhileTheAgentGoesOnAnswering) {
         agent.tick();
         EXPECT_EQ(agent.currentState().selection, Action(action::Fixed{1}));
         ASSERT_TRUE(agent.currentState().status);
-        EXPECT_NE(agent.currentState().status->find("IOKit error 0xe00002c1"), std::string::npos)
-            << *agent.currentState().status;
+        EXPECT_EQ(*agent.currentState().status, "This agent may not write to the controller. "
+                                                "F0md: IOKit error 0xe00002c1")
+            << second;
         EXPECT_FALSE(smc.fan(0).manual);
     }
     EXPECT_FALSE(smc.temperatureSensors().empty());
+}
+
+TEST_F(NoRightToWrite, LeavesNothingToHandBack) {
+    Bridge(center).send(command::Select{action::Fixed{1}});
+    agent.tick();
+    Bridge(center).send(command::Select{action::Automatic{}});
+    agent.tick();
+    EXPECT_EQ(agent.currentState().status, std::nullopt);
+    EXPECT_EQ(agent.end(), std::nullopt);
 }
 
 } // namespace
