@@ -68,7 +68,7 @@ std::unique_ptr<DBusNotificationCenter> DBusNotificationCenter::onSessionBus() {
     return center->current().isConnected() ? std::move(center) : nullptr;
 }
 
-DBusNotificationCenter::DBusNotificationCenter(Connector connector)
+DBusNotificationCenter::DBusNotificationCenter(const Connector& connector)
     : DBusNotificationCenter(connector, connector()) {}
 
 DBusNotificationCenter::DBusNotificationCenter(const QDBusConnection& bus)

@@ -45,7 +45,7 @@ class DBusNotificationCenter final : public NotificationCenter {
     /// On the session bus; null if there is none.
     static std::unique_ptr<DBusNotificationCenter> onSessionBus();
 
-    explicit DBusNotificationCenter(Connector connector);
+    explicit DBusNotificationCenter(const Connector& connector);
     /// On this connection, for as long as it lasts.
     explicit DBusNotificationCenter(const QDBusConnection& connection);
     ~DBusNotificationCenter() override;
