@@ -41,9 +41,10 @@ GuardDuty::End GuardDuty::stand() const {
         ::signal(signal, SIG_IGN);
     const pid_t guarded = ::getppid();
     const auto held = FileLock::take(lock, lockPatience);
-    if (!held || !answer())
+    if (!held)
         return End::refused;
-    const bool hangs = !waitForEnd();
+    // An agent that is gone by now may have held fans under the guard before this one.
+    const bool hangs = answer() && !waitForEnd();
     // The parent's number is its own for as long as it lives.
     if (hangs && ::getppid() == guarded)
         ::kill(guarded, SIGKILL);

@@ -165,6 +165,17 @@ TEST_F(GuardTest, ReportsOnlyOnceTheGuardBeforeItIsDone) {
     EXPECT_TRUE(hears(5s));
 }
 
+TEST_F(GuardTest, HandsBackForAnAgentThatIsGoneBeforeItsReport) {
+    held = FileLock::take(lock, 0ms);
+    ASSERT_TRUE(held);
+    start();
+    agent.close();
+    EXPECT_FALSE(handsBack(100ms));
+    held.reset();
+    EXPECT_TRUE(handsBack(5s));
+    EXPECT_EQ(ends(), GuardDuty::End::handedBack);
+}
+
 TEST_F(GuardTest, RefusesWhenTheGuardBeforeItIsNeverDone) {
     held = FileLock::take(lock, 0ms);
     start();
