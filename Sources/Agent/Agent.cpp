@@ -28,6 +28,8 @@ constexpr const char* unreadableProfilesNotice =
     "The stored profiles cannot be read. They stay until you save others.";
 constexpr const char* unreadableSelectionNotice =
     "The stored selection cannot be read. It stays until you select another.";
+constexpr const char* unreadableNotKept =
+    "Those profiles were not saved: the ones that cannot be read could not be kept beside them.";
 constexpr const char* tooLong = "Those profiles were not saved: they are too long.";
 constexpr const char* ended = "The agent has ended. The fans are automatic.";
 constexpr const char* endedBadly = "The agent has ended. The fans could not be handed back.";
@@ -187,6 +189,8 @@ void Agent::wake() {
 }
 
 std::optional<std::string> Agent::end() {
+    // A command that arrives now would take the fans again.
+    commandObserver.reset();
     std::optional<std::string> error = fans.handBack();
     state.status = error ? endedBadly : ended;
     publish();
@@ -222,13 +226,19 @@ void Agent::saveProfiles(const std::vector<Profile>& profiles) {
         notify(tooLong);
         return;
     }
-    state.profiles = profiles;
-    offersStarters = false;
     notice.reset();
     // Keep what cannot be read, so that the user can repair it.
-    if (std::exchange(profilesUnreadable, false))
-        if (const auto name = unreadableProfiles::keep(preferences, seams.clock.now()))
-            notify("The profiles that could not be read are kept as " + *name + ".");
+    if (profilesUnreadable) {
+        const auto name = unreadableProfiles::keep(preferences, seams.clock.now());
+        if (!name) {
+            notify(unreadableNotKept);
+            return;
+        }
+        profilesUnreadable = false;
+        notify("The profiles that could not be read are kept as " + *name + ".");
+    }
+    state.profiles = profiles;
+    offersStarters = false;
     store.setProfiles(state.profiles);
 }
 

@@ -110,7 +110,8 @@ bool FanDriver::allReleased() {
     const Error error = errorOf([&] {
         const std::int64_t count = fanCount();
         for (std::int64_t fan = 0; fan < count; ++fan)
-            released = released && !smc.fan(fan).manual;
+            released = released && smc.read(smc.modeKey(fan)) == 0.0;
+        // A controller without a lock has none to turn.
         released = released && (!smc.exists("Ftst") || smc.read("Ftst") == 0.0);
     });
     return released && !error;

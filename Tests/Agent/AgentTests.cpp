@@ -235,7 +235,7 @@ class FailingPreferences final : public Preferences {
         return writing == Writing::works ? kept.setData(key, data) : std::nullopt;
     }
     bool keepCopy(const std::string& key, const std::string& copy) override {
-        return kept.keepCopy(key, copy);
+        return canKeep && kept.keepCopy(key, copy);
     }
     std::vector<std::string> keys(const std::string& prefix) const override {
         return kept.keys(prefix);
@@ -244,6 +244,7 @@ class FailingPreferences final : public Preferences {
 
     InMemoryPreferences kept;
     bool canRead = true;
+    bool canKeep = true;
     /// Some disks say nothing.
     enum class Writing { works, fails, failsSilently } writing = Writing::works;
     int writes = 0;
@@ -293,6 +294,18 @@ TEST_F(AgentOnAFailingDisk, OffersTheStarterProfilesThoughTheyCannotBeStored) {
     start();
     EXPECT_EQ(state().profiles, starterProfiles());
     EXPECT_EQ(state().status, notStored);
+}
+
+TEST_F(AgentOnAFailingDisk, ReplacesNoUnreadableProfilesThatCannotBeKept) {
+    ProfileStore(disk.kept).setProfiles(mine);
+    disk.canRead = false;
+    disk.canKeep = false;
+    start();
+    send(command::SaveProfiles{{profileNamed("Other", kind::Load{flatAt70})}});
+    EXPECT_EQ(state().status, "Those profiles were not saved: the ones that cannot be read could "
+                              "not be kept beside them.");
+    EXPECT_EQ(stored(), mine);
+    EXPECT_NE(state().profiles.size(), 1U);
 }
 
 TEST_F(AgentOnAFailingDisk, ReadsBackWhatItStored) {

@@ -93,6 +93,16 @@ TEST_F(FanDriving, HandsTheOtherFansBackWhenOneFails) {
     EXPECT_EQ(smc.read("Ftst"), 0);
 }
 
+TEST_F(FanDriving, TakesNoFanForHandedBackThatDoesNotSaySo) {
+    driver.apply(target::Speed{1});
+    mac.inject("F0md", fault::KernelError{static_cast<IORegistry::Status>(0xe00002d8)});
+    smc.write("Ftst", 0);
+    EXPECT_NE(driver.apply(target::Automatic{}), std::nullopt);
+    mac.heal("F0md");
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_FALSE(smc.fan(0).manual);
+}
+
 TEST_F(FanDriving, TellsTheErrorWhenTheControllerIsGone) {
     mac.failEveryCall(static_cast<IORegistry::Status>(0xe00002d8));
     EXPECT_EQ(driver.apply(target::Speed{1}), "FNum: IOKit error 0xe00002d8");
