@@ -1,5 +1,6 @@
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Profiles/ProfilesFixture.h"
+#include "TervaleWindow/Support/InLocale.h"
 
 #include <QMouseEvent>
 
@@ -80,6 +81,7 @@ TEST_F(ProfilesFollowing, KeepsWhatIsDraggedWhenAStateArrives) {
 }
 
 TEST_F(ProfilesFollowing, ForgetsAHalfTypedTimeWithTheProfile) {
+    const InLocale twentyFourHours(QLocale::c());
     openWith({scheduleProfile(1, "Night", action::Automatic{}), loadProfile(2, "Busy")});
     typeHour("1");
     say({loadProfile(2, "Busy")});

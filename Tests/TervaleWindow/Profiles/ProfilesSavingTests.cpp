@@ -1,4 +1,5 @@
 #include "TervaleWindow/Profiles/ProfilesFixture.h"
+#include "TervaleWindow/Support/InLocale.h"
 
 namespace tervale {
 namespace {
@@ -35,6 +36,7 @@ TEST_F(ProfilesSaving, SavesByItsShortcutOnlyWhatCanBeSaved) {
 }
 
 TEST_F(ProfilesSaving, SavesATimeThatIsHalfTyped) {
+    const InLocale twentyFourHours(QLocale::c());
     openWith({scheduleProfile(1, "Night", action::Automatic{})});
     typeHour("1");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
