@@ -26,6 +26,8 @@ LoginManager::LoginManager(const QDBusConnection& systemBus, SleepHandlers given
 void LoginManager::prepareForSleep(bool begins) {
     if (begins) {
         handlers.before();
+        // A delay that is yet to be granted would be for nothing.
+        asking.reset();
         delay = {};
     } else {
         handlers.after();

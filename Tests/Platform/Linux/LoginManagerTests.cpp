@@ -49,6 +49,13 @@ TEST_F(LoginManagerTest, HearsOfSleepFromOneThatGivesNoDelay) {
     ASSERT_TRUE(eventually([this] { return said == "before "; }));
 }
 
+TEST_F(LoginManagerTest, HoldsNoDelayThatIsGrantedAfterTheSleepHasBegun) {
+    const LoginManager watch(bus.connect(), handlers());
+    emit manager.PrepareForSleep(true);
+    ASSERT_TRUE(eventually([this] { return said == "before " && manager.delays == 1; }));
+    EXPECT_TRUE(eventually([this] { return !manager.isDelayed(); }));
+}
+
 TEST_F(LoginManagerTest, LetsTheMachineSleepWhenItGoes) {
     {
         const LoginManager watch(bus.connect(), handlers());
