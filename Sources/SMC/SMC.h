@@ -38,7 +38,7 @@ class SMC {
     struct Info {
         /// In bytes, at most 32.
         std::uint32_t size = 0;
-        /// Four characters, such as "flt ".
+        /// Four characters, such as "flt "; "?" when one is not ASCII.
         std::string type;
 
         bool operator==(const Info&) const = default;
