@@ -1,5 +1,7 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
 
+#include "Thermostat.h"
+
 #include <QAccessibleWidget>
 #include <QWidget>
 
@@ -8,10 +10,6 @@
 using namespace tervale;
 
 namespace {
-
-class Thermostat : public QWidget {
-    Q_OBJECT
-};
 
 class AccessibleThermostat final : public QAccessibleWidget {
   public:
@@ -32,5 +30,3 @@ TEST(AccessibleFactory, LeavesEveryOtherWidgetToTheToolkit) {
     QWidget widget;
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->role(), QAccessible::Client);
 }
-
-#include "AccessibleFactoryTests.moc"
