@@ -4,6 +4,7 @@
 #include "Base/Precondition.h"
 #include "Profiles/Profile.h"
 #include "SMC/SMCCodec.h"
+#include "Simulation/SimulatedProcessor.h"
 
 #include <algorithm>
 #include <bit>
@@ -58,17 +59,23 @@ void SimulatedMac::inject(const std::string& key, Fault fault) {
 }
 
 std::optional<IORegistry::Service> SimulatedMac::findService(const std::string& className) {
-    if (className != serviceClass || std::holds_alternative<service::Absent>(serviceState))
+    const bool isController =
+        className == serviceClass && !std::holds_alternative<service::Absent>(serviceState);
+    if (!isController && className != simulatedProcessor::serviceClass)
         return std::nullopt;
-    return *services.insert(++lastHandle).first;
+    services.emplace(++lastHandle, isController ? Device::controller : Device::processor);
+    return lastHandle;
 }
 
 IORegistry::Status SimulatedMac::open(Service service, std::uint32_t type, Connection& connection) {
-    if (!services.contains(service) || type != 0)
+    const auto found = services.find(service);
+    if (found == services.end() || type != 0)
         return kernelBadArgument;
-    if (const auto* refusing = std::get_if<service::Refusing>(&serviceState))
+    const auto* refusing = std::get_if<service::Refusing>(&serviceState);
+    if (refusing != nullptr && found->second == Device::controller)
         return refusing->status;
-    connection = *connections.insert(++lastHandle).first;
+    connections.emplace(++lastHandle, found->second);
+    connection = lastHandle;
     return kernelSuccess;
 }
 
@@ -82,10 +89,24 @@ void SimulatedMac::close(Connection connection) {
 
 IORegistry::Status SimulatedMac::callStruct(Connection connection, std::uint32_t selector,
                                             const Structure& request, Structure& response) {
+    const auto found = connections.find(connection);
+    const bool isOpen = found != connections.end();
+    if (isOpen && found->second == Device::processor)
+        return callProcessor(selector, response);
+    count(SMCStructure::fromBytes(request).command);
+    return isOpen ? callController(selector, request, response) : kernelNotOpen;
+}
+
+IORegistry::Status SimulatedMac::callProcessor(std::uint32_t selector, Structure& response) const {
+    if (selector != simulatedProcessor::loadSelector)
+        return kernelUnsupported;
+    response = simulatedProcessor::encode(load());
+    return kernelSuccess;
+}
+
+IORegistry::Status SimulatedMac::callController(std::uint32_t selector, const Structure& request,
+                                                Structure& response) {
     const SMCStructure question = SMCStructure::fromBytes(request);
-    count(question.command);
-    if (!connections.contains(connection))
-        return kernelNotOpen;
     if (everyCall)
         return *everyCall;
     if (selector != smcExchangeSelector)

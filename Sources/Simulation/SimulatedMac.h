@@ -8,8 +8,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
-#include <set>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -82,6 +82,11 @@ class SimulatedMac final : public IORegistry {
         std::vector<std::byte> held;
     };
 
+    /// What a service belongs to.
+    enum class Device : std::uint8_t { controller, processor };
+
+    Status callController(std::uint32_t selector, const Structure& request, Structure& response);
+    Status callProcessor(std::uint32_t selector, Structure& response) const;
     void count(std::uint8_t command);
     const InjectedFault* faultOf(const SimulatedKey& key) const;
     std::vector<std::byte> value(const SimulatedKey& key) const;
@@ -101,8 +106,8 @@ class SimulatedMac final : public IORegistry {
     std::unordered_map<std::string, InjectedFault> faults;
     std::optional<Status> everyCall;
     ServiceState serviceState;
-    std::set<Service> services;
-    std::set<Connection> connections;
+    std::map<Service, Device> services;
+    std::map<Connection, Device> connections;
     std::uint32_t lastHandle = 0;
     CallCounts counts;
 };
