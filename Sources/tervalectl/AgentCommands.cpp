@@ -5,6 +5,7 @@
 #include "Profiles/DisplayText.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Formatting.h"
+#include "tervalectl/StatusJudgement.h"
 
 #include <QDateTime>
 #include <QString>
@@ -51,7 +52,7 @@ void printState(const BridgeState& state, Context& context) {
 /// The cells of a state's line.
 Table::Row summary(const BridgeState& state) {
     return {displayText::nameOf(state.selection, state.profiles), timerText(state),
-            state.status.value_or("")};
+            tellsSafety(state) ? "engaged" : "", state.status.value_or("")};
 }
 
 /// One line for each state that differs from the one before it, each as soon as it is known.
@@ -59,6 +60,7 @@ void follow(AgentConnection& agent, std::optional<std::int64_t> count, Context& 
     const Table table({{"TIME", Table::Alignment::left, 19},
                        {"SELECTION", Table::Alignment::left, 16},
                        {"TIMER", Table::Alignment::left, 36},
+                       {"SAFETY", Table::Alignment::left, 7},
                        {"STATUS"}});
     if (!context.json)
         table.printTitles(context.out);

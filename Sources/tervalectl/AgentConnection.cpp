@@ -6,6 +6,7 @@
 #include "Profiles/Bridge.h"
 #include "Profiles/StoringFailure.h"
 #include "tervalectl/Formatting.h"
+#include "tervalectl/StatusJudgement.h"
 
 #include <QDateTime>
 #include <QString>
@@ -118,19 +119,24 @@ void AgentConnection::follow(const std::function<bool(const BridgeState&)>& want
 }
 
 Failure AgentConnection::noAnswer() const {
-    return {ExitStatus::noAnswer, "The agent in the menu bar did not answer within " +
-                                      QString::number(timeout).toStdString() + " s."};
+    return {ExitStatus::noAnswer,
+            "The agent did not answer within " + QString::number(timeout).toStdString() + " s."};
+}
+
+void writeOverrides(JSONWriter& json, const BridgeState& state) {
+    json.member("selection", state.selection);
+    json.optionalMember("timerAction", state.timerAction);
+    json.optionalMember("timerEnds", state.timerEnds);
+    if (state.timerEnds)
+        json.optionalMember("timerEndsAt", isoDate(*state.timerEnds));
+    json.optionalMember("status", state.status);
+    json.member("safety", tellsSafety(state));
 }
 
 std::string stateJSON(const BridgeState& state) {
     JSONWriter json;
     json.object([&] {
-        json.member("selection", state.selection);
-        json.optionalMember("timerAction", state.timerAction);
-        json.optionalMember("timerEnds", state.timerEnds);
-        if (state.timerEnds)
-            json.optionalMember("timerEndsAt", isoDate(*state.timerEnds));
-        json.optionalMember("status", state.status);
+        writeOverrides(json, state);
         json.member("launchAtLogin", state.launchAtLogin);
         json.member("profiles", state.profiles);
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "JSON/JSONWriter.h"
 #include "Profiles/Bridge.h"
 #include "tervalectl/Context.h"
 
@@ -12,7 +13,7 @@
 
 namespace tervale {
 
-/// Sends commands to the menu-bar agent and waits for its answers. Main thread; runs the event loop
+/// Sends commands to the agent and waits for its answers. Main thread; runs the event loop
 /// while it waits.
 class AgentConnection {
   public:
@@ -53,8 +54,12 @@ class AgentConnection {
     ObserverToken channel;
 };
 
-/// The state as the agent publishes it, and "timerEndsAt": the same as "timerEnds", in ISO 8601 and
-/// UTC. Absent for a date beyond the calendar.
+/// What is in force, and for how long, as the agent publishes it. "timerEndsAt" is the same as
+/// "timerEnds", in ISO 8601 and UTC; absent for a date beyond the calendar. "safety" tells whether
+/// the latch is engaged.
+void writeOverrides(JSONWriter& json, const BridgeState& state);
+
+/// The same, and the rest of the state.
 std::string stateJSON(const BridgeState& state);
 
 /// Prints the state that confirms a command: what its status says, or all of it as JSON.

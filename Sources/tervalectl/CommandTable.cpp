@@ -53,7 +53,8 @@ constexpr std::array commands{
     command<parseMonitor>(
         "monitor", "", monitor, "show load, temperatures and fans, line by line",
         "With --json each line is an object with time (seconds since 1970), minute (of\n"
-        "the day), load (percent), temperatures and fans, which 'replay' takes.\n"),
+        "the day), load (percent), temperatures and fans, which 'replay' takes, and what\n"
+        "the agent last said: selection, timer, status and safety.\n"),
     command<parseNone<Doctor>>(
         "doctor", "", agent, "look for what keeps the fans from being driven",
         "A line each for the controller, its keys, fans and sensors, the session bus, the\n"
@@ -62,8 +63,8 @@ constexpr std::array commands{
                                   "Its process, when it started, its guard, and its status.\n"),
     command<parseState>(
         "state", "", state, "show the state of the agent",
-        "With --json the state as the agent publishes it, and timerEndsAt, which is timerEnds\n"
-        "(seconds since 2001) in ISO 8601.\n"),
+        "With --json the state as the agent publishes it, timerEndsAt, which is timerEnds\n"
+        "(seconds since 2001) in ISO 8601, and safety: whether the latch is engaged.\n"),
     command<parseSelect>("select", "ACTION", agent, "select what drives the fans"),
     command<parseTimer>("timer", "ACTION DURATION", agent,
                         "select what drives the fans, for a time",

@@ -2,13 +2,18 @@
 
 #include "JSON/JSON.h"
 #include "Profiles/ProfileStore.h"
+#include "Profiles/UUID.h"
 #include "SMC/SMC.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Formatting.h"
+#include "tervalectl/StatusJudgement.h"
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
+#include <utility>
+#include <variant>
 #include <vector>
 
 namespace tervale {
@@ -65,6 +70,11 @@ Finding inspectSensors(SMC& smc) {
     return {{}, counts[SensorGroup::cpu] + counts[SensorGroup::gpu] > 0, text};
 }
 
+Finding inspectKeys(SMC& smc) {
+    const std::int64_t count = smc.keyCount();
+    return {{}, count > 0, std::to_string(count)};
+}
+
 void inspectController(const Context& context, Findings& findings) {
     const Machine machine = context.makeMachine();
     std::optional<SMC> smc;
@@ -72,45 +82,86 @@ void inspectController(const Context& context, Findings& findings) {
         smc.emplace(*machine.registry);
         return {{}, true, "answers"};
     }));
-    if (!smc)
-        return;
-    findings.push_back(look("Keys", [&]() -> Finding {
-        const std::int64_t count = smc->keyCount();
-        return {{}, count > 0, std::to_string(count)};
-    }));
-    findings.push_back(look("Fans", [&] { return inspectFans(*smc); }));
-    findings.push_back(look("Sensors", [&] { return inspectSensors(*smc); }));
+    const std::pair<const char*, Finding (*)(SMC&)> checks[]{
+        {"Keys", inspectKeys}, {"Fans", inspectFans}, {"Sensors", inspectSensors}};
+    for (const auto& [check, inspect] : checks)
+        findings.push_back(look(check, [&, inspect = inspect]() -> Finding {
+            return smc ? inspect(*smc) : Finding{{}, false, "not known without a controller"};
+        }));
+}
+
+std::string textOf(const RunningAgent& agent) {
+    const std::string text =
+        "process " + std::to_string(agent.holder.process) + " since " + agent.holder.started;
+    if (!agent.holder.guard)
+        return text + ", no guard";
+    return text + ", guard " + std::to_string(*agent.holder.guard) +
+           (agent.isGuarded ? "" : " is gone");
 }
 
 Finding inspectAgent(const Context& context) {
-    const auto process = context.session.agentProcess();
-    std::string text;
-    if (process) {
-        text = "process " + std::to_string(process->process) + " since " + process->started;
-        text += process->guard ? ", guard " + std::to_string(*process->guard) : ", no guard";
-    }
+    const auto process = runningAgent(context.session);
+    // One that has not taken a fan yet needs no guard.
+    const bool lacksGuard = process && process->holder.guard && !process->isGuarded;
+    const std::string text = process ? textOf(*process) : "";
     const auto joined = [&](const std::string& more) {
         return text.empty() || more.empty() ? text + more : text + ": " + more;
     };
     try {
         const BridgeState state = AgentConnection(context).state();
-        return {"Agent", true, joined(state.status.value_or(""))};
+        return {"Agent", tellsThatAllIsWell(state) && !lacksGuard,
+                joined(state.status.value_or(""))};
     } catch (const Failure& failure) {
         return {"Agent", false, joined(failure.line)};
     }
 }
 
+/// Why what is stored under the key is of no use to the agent; nothing if it is, or if nothing is
+/// stored.
+template <class Value>
+std::optional<std::string> fault(const Preferences& preferences, const char* key) {
+    if (!preferences.contains(key))
+        return std::nullopt;
+    const auto data = preferences.data(key);
+    if (!data)
+        return std::string(key) + " cannot be read";
+    const auto value = decode<Value>({reinterpret_cast<const char*>(data->data()), data->size()});
+    if (const auto* error = std::get_if<DecodingError>(&value))
+        return std::string(key) + " cannot be read: " + error->text();
+    return std::nullopt;
+}
+
+/// Stores as much as the agent may have to, beside what it has stored, and reads it back. Why that
+/// does not work; nothing if it does. The key is nobody else's, and is removed.
+std::optional<std::string> tryToStore(Preferences& preferences) {
+    constexpr std::size_t least = 4096;
+    const std::string key = "doctor-" + UUID::random().text();
+    const std::size_t stored =
+        preferences.data(ProfileStore::profilesKey).value_or(Preferences::Data()).size();
+    Preferences::Data trial(std::max(stored, least));
+    for (std::size_t i = 0; i < trial.size(); ++i)
+        trial[i] = static_cast<std::byte>(i * 31 % 251);
+    auto reason = preferences.setData(key, trial);
+    if (!reason && preferences.data(key) != trial)
+        reason = "it does not read back";
+    preferences.remove(key);
+    return reason;
+}
+
 Finding inspectPreferences(const Context& context) {
-    constexpr const char* trialKey = "doctor";
     const auto preferences = context.session.makePreferences();
-    for (const char* key : {ProfileStore::profilesKey, ProfileStore::selectionKey}) {
-        if (preferences->contains(key) && !preferences->data(key))
-            return {"Preferences", false, std::string(key) + " cannot be read"};
+    const auto profiles = fault<std::vector<Profile>>(*preferences, ProfileStore::profilesKey);
+    const auto selection = fault<Action>(*preferences, ProfileStore::selectionKey);
+    const auto reason = tryToStore(*preferences);
+    std::string text;
+    for (const auto& each :
+         {profiles, selection,
+          reason ? std::optional("nothing can be stored: " + *reason) : std::nullopt}) {
+        if (each)
+            text += (text.empty() ? "" : "; ") + *each;
     }
-    const auto reason = preferences->setData(trialKey, {});
-    preferences->remove(trialKey);
-    if (reason)
-        return {"Preferences", false, "nothing can be stored: " + *reason};
+    if (!text.empty())
+        return {"Preferences", false, text};
     const std::size_t count = ProfileStore(*preferences).profiles().size();
     return {"Preferences", true, "readable, writable; profiles: " + std::to_string(count)};
 }

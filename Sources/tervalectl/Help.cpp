@@ -66,8 +66,9 @@ std::string help(std::string_view group) {
 
 std::string help() {
     return "Usage: tervalectl COMMAND [ARGUMENT]... [OPTION]...\n"
-           "Reads this machine's fans and temperatures, and sends commands to the agent in the\n"
-           "menu bar, which drives the fans.\n"
+           "Reads this machine's fans and temperatures, and sends commands to the agent that "
+           "drives\n"
+           "the fans.\n"
            "\n" +
            listing(allCommands()) +
            "\n"

@@ -51,14 +51,16 @@ void write(JSONWriter& json, const TemperatureReadings& readings) {
     });
 }
 
-void write(JSONWriter& json, const MachineReading& tick) {
-    json.object([&] {
-        json.member("time", tick.time);
-        json.member("minute", tick.minute);
-        json.optionalMember("load", tick.load);
-        json.member("temperatures", tick.temperatures);
-        json.member("fans", tick.fans);
-    });
+void writeMembers(JSONWriter& json, const MachineReading& reading) {
+    json.member("time", reading.time);
+    json.member("minute", reading.minute);
+    json.optionalMember("load", reading.load);
+    json.member("temperatures", reading.temperatures);
+    json.member("fans", reading.fans);
+}
+
+void write(JSONWriter& json, const MachineReading& reading) {
+    json.object([&] { writeMembers(json, reading); });
 }
 
 Fan read(const JSONReader& json, Type<Fan>) {

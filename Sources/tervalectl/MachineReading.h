@@ -29,12 +29,14 @@ struct MachineReading {
     bool operator==(const MachineReading&) const = default;
 };
 
+// Each `writeMembers` writes the members of the object alone, for an object that has more.
+
 /// A speed that is not finite is left out.
-/// The members of a fan's object alone, for an object that has more.
 void writeMembers(JSONWriter& json, const Fan& fan);
 void write(JSONWriter& json, const Fan& fan);
 void write(JSONWriter& json, const TemperatureReadings& readings);
-void write(JSONWriter& json, const MachineReading& tick);
+void writeMembers(JSONWriter& json, const MachineReading& reading);
+void write(JSONWriter& json, const MachineReading& reading);
 
 Fan read(const JSONReader& json, Type<Fan>);
 /// Fails for a name that is no input's title.

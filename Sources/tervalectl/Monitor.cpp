@@ -1,8 +1,11 @@
 #include "tervalectl/Monitor.h"
 
+#include "Profiles/Bridge.h"
 #include "Profiles/DisplayText.h"
 #include "Profiles/SensorSampler.h"
 #include "SMC/SMC.h"
+#include "Simulation/SimulatedProcessor.h"
+#include "tervalectl/AgentConnection.h"
 #include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"
 
@@ -13,6 +16,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <memory>
+#include <optional>
 
 namespace tervale {
 
@@ -49,7 +54,8 @@ class Source {
   public:
     Source(const Machine& machine, const Clock& clock) : machine(machine), clock(clock) {
         open();
-        machine.load();
+        load = simulatedProcessor::loadOf(machine.registry, machine.load);
+        load();
     }
 
     MachineReading read() {
@@ -61,7 +67,7 @@ class Source {
             now = clock.now();
         } while (reading.minute != clock.minuteOfDay());
         reading.time = now.sinceReference + Date::referenceSinceUnixEpoch;
-        reading.load = machine.load();
+        reading.load = load();
         try {
             if (!sensing || sensing->sensors.empty())
                 open();
@@ -99,6 +105,33 @@ class Source {
     const Machine& machine;
     const Clock& clock;
     std::unique_ptr<Sensing> sensing;
+    /// Of the machine that is watched, which need not be this one.
+    LoadReading load;
+};
+
+/// What the agent says, as it was last heard.
+class Overheard {
+  public:
+    explicit Overheard(const Machine& machine)
+        : bridge(*machine.notificationCenter),
+          states(bridge.onState([this](const BridgeState& state) { last = state; })),
+          channel(bridge.onChannel([this](Channel channel) {
+              last.reset();
+              if (channel == Channel::back)
+                  bridge.send(command::RequestState{});
+          })) {
+        bridge.send(command::RequestState{});
+    }
+    Overheard(const Overheard&) = delete;
+    Overheard& operator=(const Overheard&) = delete;
+
+    const std::optional<BridgeState>& state() const { return last; }
+
+  private:
+    Bridge bridge;
+    std::optional<BridgeState> last;
+    ObserverToken states;
+    ObserverToken channel;
 };
 
 /// Prints readings as a table. The columns are those of the first reading.
@@ -141,12 +174,17 @@ class Lines {
     Table table;
 };
 
-void printLine(const MachineReading& reading, const std::optional<Lines>& lines, Context& context) {
+void printLine(const MachineReading& reading, const std::optional<BridgeState>& state,
+               const std::optional<Lines>& lines, Context& context) {
     if (lines) {
         lines->print(context.out, reading);
     } else {
         JSONWriter json;
-        write(json, reading);
+        json.object([&] {
+            writeMembers(json, reading);
+            if (state)
+                writeOverrides(json, *state);
+        });
         printJSON(context.out, json.text);
     }
     context.out.flush();
@@ -164,6 +202,7 @@ std::chrono::milliseconds untilNext(const QElapsedTimer& start, double interval)
 ExitStatus perform(const ctl::Monitor& command, Context& context) {
     const Machine machine = context.makeMachine();
     Source source(machine, context.clock);
+    const Overheard agent(machine);
     if (command.count == 0)
         return ExitStatus::done;
     wait(firstLoad);
@@ -176,7 +215,7 @@ ExitStatus perform(const ctl::Monitor& command, Context& context) {
         lines->printTitles(context.out);
     }
     for (std::int64_t printed = 1;; ++printed) {
-        printLine(reading, lines, context);
+        printLine(reading, agent.state(), lines, context);
         if (!context.out || printed == command.count)
             return ExitStatus::done;
         wait(untilNext(start, command.interval));

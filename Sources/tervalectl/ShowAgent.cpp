@@ -15,7 +15,7 @@ struct AgentReport {
     /// Nothing if it does not answer.
     std::optional<BridgeState> state;
     /// Nothing if no agent runs as a program of its own.
-    std::optional<AgentLock::Holder> process;
+    std::optional<RunningAgent> process;
 };
 
 AgentReport report(const Context& context) {
@@ -26,7 +26,7 @@ AgentReport report(const Context& context) {
         if (failure.status != ExitStatus::noAnswer)
             throw;
     }
-    found.process = context.session.agentProcess();
+    found.process = runningAgent(context.session);
     return found;
 }
 
@@ -35,9 +35,11 @@ void printAsJSON(const AgentReport& report, std::ostream& out) {
     json.object([&] {
         json.member("answers", report.state.has_value());
         if (report.process) {
-            json.member("process", report.process->process);
-            json.member("started", report.process->started);
-            json.optionalMember("guard", report.process->guard);
+            const AgentLock::Holder& holder = report.process->holder;
+            json.member("process", holder.process);
+            json.member("started", holder.started);
+            json.optionalMember("guard", holder.guard);
+            json.member("guarded", report.process->isGuarded);
         }
         if (report.state)
             json.optionalMember("status", report.state->status);
@@ -45,14 +47,20 @@ void printAsJSON(const AgentReport& report, std::ostream& out) {
     printJSON(out, json.text);
 }
 
+std::string guardText(const RunningAgent& agent) {
+    if (!agent.holder.guard)
+        return "none";
+    const std::string process = "process " + std::to_string(*agent.holder.guard);
+    return agent.isGuarded ? process : process + " is gone";
+}
+
 void print(const AgentReport& report, std::ostream& out) {
     Table table({{"AGENT"}, {"VALUE"}});
     table.add({"Answers", report.state ? "yes" : "no"});
     if (const auto& process = report.process) {
-        table.add({"Process", std::to_string(process->process)});
-        table.add({"Started", process->started});
-        table.add(
-            {"Guard", process->guard ? "process " + std::to_string(*process->guard) : "none"});
+        table.add({"Process", std::to_string(process->holder.process)});
+        table.add({"Started", process->holder.started});
+        table.add({"Guard", guardText(*process)});
     }
     if (report.state)
         table.add({"Status", report.state->status.value_or("")});

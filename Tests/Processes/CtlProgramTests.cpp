@@ -1,3 +1,4 @@
+#include "Platform/AgentLock.h"
 #include "Platform/Linux/DBusNotificationCenter.h"
 #include "Processes/Programs.h"
 #include "Profiles/Bridge.h"
@@ -5,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 
 using namespace tervale;
@@ -40,6 +42,19 @@ TEST_F(CtlProgramTest, ReadsTheMacOfAnotherProcess) {
     EXPECT_EQ(errors, "");
 }
 
+TEST_F(CtlProgramTest, RecordsTheLoadOfTheMacOfAnotherProcess) {
+    const auto load = [this](const char* scenario) {
+        const SimulatorProgram simulator(bus, {"--scenario", scenario});
+        EXPECT_EQ(run({"monitor", "--json", "--count", "1"}), 0);
+        const auto from = output.indexOf("\"load\":");
+        EXPECT_GE(from, 0) << output.toStdString();
+        return std::atof(output.constData() + from + 7);
+    };
+    // This machine is as busy both times.
+    EXPECT_GT(load("render"), 60);
+    EXPECT_LT(load("idle"), 30);
+}
+
 TEST_F(CtlProgramTest, ReadsTheMacOnAnotherSocket) {
     const QString socket = QString::fromStdString(bus.runtimeFolder() / "other.socket");
     const SimulatorProgram simulator(bus, {"--fans", "1", "--socket", socket});
@@ -63,6 +78,26 @@ TEST_F(CtlProgramTest, SpeaksWithTheAgent) {
     EXPECT_TRUE(output.contains("Selection        Max\n")) << output.toStdString();
 }
 
+TEST_F(CtlProgramTest, LooksForTheGuardThatTheAgentNames) {
+    const MacWithAgent programs(bus);
+    ASSERT_EQ(run({"select", "100%"}), 0) << errors.toStdString();
+    EXPECT_EQ(run({"agent", "--json"}), 0);
+    EXPECT_TRUE(output.contains(R"("guarded":true)")) << output.toStdString();
+    EXPECT_EQ(run({"doctor"}), 0) << output.toStdString();
+    const auto holder = AgentLock::holder(bus.runtimeFolder() / "tervale" / "agent.lock");
+    ASSERT_TRUE(holder && holder->guard);
+    // So that it starts no other guard.
+    programs.agent.send(SIGSTOP);
+    ASSERT_EQ(::kill(static_cast<pid_t>(*holder->guard), SIGKILL), 0);
+    EXPECT_TRUE(eventually([&] {
+        return run({"agent", "--json", "--timeout", "0.1"}) == 3 &&
+               output.contains(R"("guarded":false)");
+    })) << output.toStdString();
+    EXPECT_EQ(run({"doctor", "--timeout", "0.1"}), 1);
+    EXPECT_TRUE(output.contains(" is gone")) << output.toStdString();
+    programs.agent.send(SIGCONT);
+}
+
 TEST_F(CtlProgramTest, SendsImportedProfilesAsOneCommand) {
     const MacWithAgent programs(bus);
     const QString file = QString::fromStdString(bus.runtimeFolder() / "profiles.json");
@@ -82,7 +117,7 @@ TEST_F(CtlProgramTest, TellsHowItEnded) {
     EXPECT_EQ(run({"frobnicate"}), 2);
     EXPECT_EQ(errors, "tervalectl: There is no command 'frobnicate'. See --help.\n");
     EXPECT_EQ(run({"state", "--timeout", "0.1"}), 3);
-    EXPECT_EQ(errors, "tervalectl: The agent in the menu bar did not answer within 0.1 s.\n");
+    EXPECT_EQ(errors, "tervalectl: The agent did not answer within 0.1 s.\n");
     EXPECT_EQ(run({"fans"}), 1);
     EXPECT_EQ(errors.count('\n'), 1);
 }

@@ -3,6 +3,7 @@
 #include "Profiles/StoringFailure.h"
 #include "Support/BreakableCenter.h"
 #include "tervalectl/CommandRunner.h"
+#include "tervalectl/PublishedState.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -58,7 +59,7 @@ TEST_F(AgentCommands, ShowTheState) {
                       "Launch at login  off\n"
                       "Profiles         1\n");
     ASSERT_EQ(run({"state", "--json"}), ExitStatus::done);
-    EXPECT_EQ(output, encode(agent.state) + '\n');
+    EXPECT_EQ(output, lineOf(agent.state));
 }
 
 TEST_F(AgentCommands, ShowWhenTheTimerEnds) {
@@ -84,7 +85,7 @@ TEST_F(AgentCommands, WriteWhenTheTimerEndsAlsoInISO8601) {
     for (const double beyond : {1e300, -1e300, 252424598400.0 + 1e6}) {
         agent.state.timerEnds = Date{beyond};
         ASSERT_EQ(run({"state", "--json"}), ExitStatus::done);
-        EXPECT_EQ(output, encode(agent.state) + '\n');
+        EXPECT_EQ(output, lineOf(agent.state));
     }
 }
 
@@ -112,6 +113,27 @@ TEST_F(AgentCommands, FollowTheStateFromChangeToChange) {
     EXPECT_EQ(states[1].status, "Too hot");
     EXPECT_EQ(states[1].timerAction, std::nullopt);
     EXPECT_EQ(states[2], agent.state);
+}
+
+TEST_F(AgentCommands, TellWhetherTheSafetyLatchIsEngaged) {
+    ASSERT_EQ(run({"state", "--json"}), ExitStatus::done);
+    EXPECT_NE(output.find(R"("safety":false)"), std::string::npos) << output;
+    agent.obey = [this](const BridgeCommand&) {
+        agent.obey = nullptr;
+        QTimer::singleShot(0, &later, [this] {
+            Bridge bridge(center);
+            agent.state.status = "Too hot: Max until every CPU and GPU sensor is below 85 °C.";
+            bridge.publish(agent.state);
+            agent.state.status.reset();
+            bridge.publish(agent.state);
+        });
+    };
+    ASSERT_EQ(run({"state", "--follow", "--count", "3", "--json"}), ExitStatus::done);
+    std::vector<bool> engaged;
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);)
+        engaged.push_back(line.find(R"("safety":true)") != std::string::npos);
+    EXPECT_EQ(engaged, (std::vector<bool>{false, true, false})) << output;
 }
 
 TEST_F(AgentCommands, FollowTheStateInLinesForPeople) {
@@ -147,7 +169,7 @@ TEST_F(AgentCommands, SendOneCommandAndWaitForItsConfirmation) {
     EXPECT_EQ(agent.heard.back(), BridgeCommand(command::StartTimer{action::Fixed{1}, 900}));
     ASSERT_EQ(run({"cancel-timer", "--json"}), ExitStatus::done);
     EXPECT_EQ(agent.heard.back(), BridgeCommand(command::CancelTimer{}));
-    EXPECT_EQ(output, encode(agent.state) + '\n');
+    EXPECT_EQ(output, lineOf(agent.state));
     ASSERT_EQ(run({"launch-at-login", "on"}), ExitStatus::done);
     EXPECT_TRUE(agent.state.launchAtLogin);
     EXPECT_EQ(agent.heard.size(), 4U);
@@ -216,7 +238,7 @@ TEST_F(AgentCommands, TellThatNobodyAnswers) {
                                                                  {"check-for-updates"},
                                                                  {"profiles", "list"}}) {
         EXPECT_EQ(run(arguments), ExitStatus::noAnswer) << arguments.join(' ').toStdString();
-        EXPECT_EQ(errors, "tervalectl: The agent in the menu bar did not answer within 0.05 s.\n");
+        EXPECT_EQ(errors, "tervalectl: The agent did not answer within 0.05 s.\n");
         EXPECT_EQ(output, "");
     }
 }

@@ -5,7 +5,10 @@
 #include "Simulation/Simulation.h"
 #include "tervalectl/Run.h"
 
+#include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 
@@ -34,21 +37,33 @@ class CommandRunner {
     InProcessNotificationCenter center{&runOnMainThread};
     /// Asked in place of the other, if there is one.
     NotificationCenter* otherCenter = nullptr;
+    /// Told as this machine's load, if there is one.
+    std::optional<double> hostLoad;
     /// What it shares belongs to the test.
     Machine machine() {
         const std::shared_ptr<void> nobody;
         return {std::shared_ptr<IORegistry>(nobody, registry),
                 std::shared_ptr<NotificationCenter>(nobody, otherCenter ? otherCenter : &center),
-                [this] { return std::optional(mac.load()); }};
+                [this] { return hostLoad ? hostLoad : std::optional(mac.load()); }};
     }
     Session session() {
-        return {
-            [this] { return agentProcess; }, [this] { return hasChannel; },
-            [this] { return std::shared_ptr<Preferences>(std::shared_ptr<void>(), &preferences); }};
+        return {.agentProcess = [this] { return agentProcess; },
+                .isGuard = [this](std::int64_t process) { return process == guard; },
+                .hasChannel = [this] { return hasChannel; },
+                .makePreferences =
+                    [this] {
+                        return std::shared_ptr<Preferences>(std::shared_ptr<void>(),
+                                                            otherPreferences ? otherPreferences
+                                                                             : &preferences);
+                    }};
     }
     std::optional<AgentLock::Holder> agentProcess;
+    /// The process that stands guard.
+    std::optional<std::int64_t> guard = 1235;
     bool hasChannel = true;
     InMemoryPreferences preferences;
+    /// Asked in place of those, if there are any.
+    Preferences* otherPreferences = nullptr;
     /// In seconds, for the agent; in place of the option.
     double timeout = 10;
     std::string output;

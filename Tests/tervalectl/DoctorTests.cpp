@@ -1,16 +1,56 @@
+#include "Agent/Agent.h"
 #include "Profiles/ProfileStore.h"
+#include "SMC/SMC.h"
 #include "tervalectl/CommandRunner.h"
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 using namespace tervale;
 
 namespace {
 
-class Doctor : public testing::Test, protected CommandRunner {
+Preferences::Data dataOf(std::string_view text) {
+    const auto bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
+}
+
+/// In memory, on a disk that fails.
+class FailingPreferences final : public Preferences {
+  public:
+    std::optional<Data> data(const std::string& key) const override {
+        auto found = stored.data(key);
+        if (found && losesAByte)
+            found->pop_back();
+        return found;
+    }
+    bool contains(const std::string& key) const override { return stored.contains(key); }
+    std::optional<std::string> setData(const std::string& key, const Data& data) override {
+        if (data.size() >= room)
+            return "No space left on device";
+        return stored.setData(key, data);
+    }
+    bool keepCopy(const std::string& key, const std::string& copy) override {
+        return stored.keepCopy(key, copy);
+    }
+    std::vector<std::string> keys(const std::string& prefix) const override {
+        return stored.keys(prefix);
+    }
+    void remove(const std::string& key) override { stored.remove(key); }
+
+    InMemoryPreferences stored;
+    /// In bytes, for a value.
+    std::size_t room = 10000;
+    bool losesAByte = false;
+};
+
+class DoctorTest : public testing::Test, protected CommandRunner {
   protected:
     /// The line of this check, without runs of spaces.
     std::string line(const std::string& check) {
@@ -21,8 +61,41 @@ class Doctor : public testing::Test, protected CommandRunner {
         }
         return {};
     }
+    void store(const std::string& key, std::string_view text) {
+        preferences.setData(key, dataOf(text));
+    }
+};
 
+class Doctor : public DoctorTest {
+  protected:
     ScriptedAgent agent{center};
+};
+
+/// On an agent as it is, which is told something, or whose machine fails.
+class DoctorOnARealAgent : public DoctorTest {
+  protected:
+    void start(std::optional<std::string> remark = {}) {
+        smc.emplace(mac);
+        agent.emplace(Agent::Seams{.smc = *smc,
+                                   .center = center,
+                                   .preferences = preferences,
+                                   .clock = clock,
+                                   .load = nullptr,
+                                   .guard = [this] { return hasGuard; },
+                                   .remark = std::move(remark)});
+    }
+    void send(const BridgeCommand& command) { bridge.send(command); }
+    /// What the doctor says of the agent, such as "good" and the agent's status.
+    std::string judgement() {
+        run({"doctor", "--timeout", "1"});
+        const std::string text = line("Agent");
+        return text.empty() ? output : text.substr(std::string("Agent ").size());
+    }
+
+    bool hasGuard = true;
+    std::optional<SMC> smc;
+    Bridge bridge{center};
+    std::optional<Agent> agent;
 };
 
 /// The machine has no controller.
@@ -40,7 +113,7 @@ class EmptyRegistry final : public IORegistry {
 } // namespace
 
 TEST_F(Doctor, FindsNothingWrongWhereAllIsThere) {
-    agent.state.status = "All is well.";
+    agent.state.status = "Tervale is up to date.";
     agentProcess = {1234, "2026-01-31T09:13:28Z", 1235};
     EXPECT_EQ(run({"doctor"}), ExitStatus::done);
     EXPECT_EQ(line("Controller"), "Controller good answers");
@@ -49,7 +122,7 @@ TEST_F(Doctor, FindsNothingWrongWhereAllIsThere) {
     EXPECT_EQ(line("Sensors"), "Sensors good CPU 5, GPU 3, Memory 1, SSD 1, Power 1, Other 1");
     EXPECT_EQ(line("Session bus"), "Session bus good reachable");
     EXPECT_EQ(line("Agent"), "Agent good process 1234 since 2026-01-31T09:13:28Z, guard 1235: "
-                             "All is well.");
+                             "Tervale is up to date.");
     EXPECT_EQ(line("Preferences"), "Preferences good readable, writable; profiles: 0");
 }
 
@@ -63,7 +136,8 @@ TEST_F(Doctor, GoesOnWithoutAController) {
     registry = &empty;
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
     EXPECT_TRUE(line("Controller").starts_with("Controller wrong ")) << output;
-    EXPECT_EQ(line("Fans"), "");
+    for (const std::string check : {"Keys", "Fans", "Sensors"})
+        EXPECT_EQ(line(check), check + " wrong not known without a controller");
     EXPECT_TRUE(line("Agent").starts_with("Agent good")) << output;
 }
 
@@ -79,7 +153,7 @@ TEST_F(Doctor, TellsThatARunningAgentDoesNotAnswer) {
     agentProcess = {1234, "2026-01-31T09:13:28Z", std::nullopt};
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
     EXPECT_EQ(line("Agent"), "Agent wrong process 1234 since 2026-01-31T09:13:28Z, no guard: The "
-                             "agent in the menu bar did not answer within 0.05 s.");
+                             "agent did not answer within 0.05 s.");
 }
 
 TEST_F(Doctor, TellsThatThereIsNoSessionBus) {
@@ -92,6 +166,134 @@ TEST_F(Doctor, TellsWhichPreferencesCannotBeRead) {
     preferences.setString(ProfileStore::selectionKey, "not data");
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
     EXPECT_EQ(line("Preferences"), "Preferences wrong selection cannot be read");
+}
+
+TEST_F(Doctor, TellsWhichPreferencesAreNoneOfTheAgents) {
+    store(ProfileStore::profilesKey, R"([{"id":7}])");
+    store(ProfileStore::selectionKey, R"({"automatic":{}})");
+    EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
+    EXPECT_TRUE(line("Preferences").starts_with("Preferences wrong profiles cannot be read: "))
+        << output;
+    EXPECT_EQ(line("Preferences").find("selection"), std::string::npos) << output;
+}
+
+TEST_F(Doctor, StoresAsMuchAsTheAgentMayHaveTo) {
+    FailingPreferences small;
+    otherPreferences = &small;
+    EXPECT_EQ(run({"doctor"}), ExitStatus::done) << output;
+    std::string profiles = "[]";
+    profiles.resize(small.room, ' ');
+    // As when the disk has filled up since.
+    small.stored.setData(ProfileStore::profilesKey, dataOf(profiles));
+    EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
+    EXPECT_EQ(line("Preferences"),
+              "Preferences wrong nothing can be stored: No space left on device");
+    EXPECT_EQ(small.keys(""), std::vector<std::string>{ProfileStore::profilesKey});
+}
+
+TEST_F(Doctor, ReadsBackWhatItStored) {
+    FailingPreferences forgetful;
+    forgetful.losesAByte = true;
+    otherPreferences = &forgetful;
+    EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
+    EXPECT_EQ(line("Preferences"),
+              "Preferences wrong nothing can be stored: it does not read back");
+    EXPECT_TRUE(forgetful.keys("").empty());
+}
+
+TEST_F(Doctor, TouchesNothingThatIsStored) {
+    store(ProfileStore::profilesKey, "[]");
+    store("doctor", "somebody's");
+    EXPECT_EQ(run({"doctor"}), ExitStatus::done) << output;
+    EXPECT_EQ(preferences.keys(""), (std::vector<std::string>{"doctor", "profiles"}));
+    EXPECT_EQ(preferences.data("doctor"), dataOf("somebody's"));
+}
+
+TEST_F(Doctor, TellsThatTheGuardIsGone) {
+    agentProcess = {1234, "2026-01-31T09:13:28Z", 1235};
+    guard.reset();
+    EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
+    EXPECT_EQ(line("Agent"),
+              "Agent wrong process 1234 since 2026-01-31T09:13:28Z, guard 1235 is gone");
+}
+
+TEST_F(Doctor, NeedsNoGuardBeforeAFanIsTaken) {
+    agentProcess = {1234, "2026-01-31T09:13:28Z", std::nullopt};
+    guard.reset();
+    EXPECT_EQ(run({"doctor"}), ExitStatus::done) << output;
+}
+
+TEST_F(DoctorOnARealAgent, FindsNothingWrongWithAnAnswer) {
+    start();
+    EXPECT_EQ(judgement(), "good");
+    send(command::CheckForUpdates{});
+    EXPECT_EQ(judgement(), "good Tervale is up to date.");
+    send(command::StartTimer{action::Fixed{1}, -1});
+    EXPECT_EQ(judgement(), "good That timer was not set: it must end within 24 hours.");
+    const std::string name(Bridge::maximumTextSize - 1000, 'n');
+    send(command::SaveProfiles{{{UUID::random(), name, kind::Load{}}}});
+    EXPECT_EQ(judgement(), "good Those profiles were not saved: they are too long.");
+}
+
+TEST_F(DoctorOnARealAgent, FindsNothingWrongWithFansAtFullSpeedInTheHeat) {
+    mac = SimulatedMac({.scenario = Scenario::heatwave, .fillers = 0});
+    start();
+    const auto isTooHot = [this] { return agent->currentState().status.has_value(); };
+    for (int second = 0; second < 900 && !isTooHot(); ++second) {
+        mac.advance(1);
+        clock.advance(1);
+        agent->tick();
+    }
+    EXPECT_TRUE(judgement().starts_with("good Too hot: ")) << output;
+}
+
+TEST_F(DoctorOnARealAgent, TellsOfProfilesThatCannotBeReadUntilTheyAreReplaced) {
+    preferences.setString(ProfileStore::profilesKey, "no data");
+    start();
+    EXPECT_TRUE(judgement().starts_with("wrong The stored profiles cannot be read.")) << output;
+    send(command::SaveProfiles{});
+    EXPECT_TRUE(judgement().starts_with("good The profiles that could not be read are kept as "))
+        << output;
+}
+
+TEST_F(DoctorOnARealAgent, TellsWhatKeepsTheFansAutomatic) {
+    hasGuard = false;
+    start();
+    send(command::Select{action::Fixed{1}});
+    EXPECT_TRUE(judgement().starts_with("wrong The fans are automatic, since no guard ")) << output;
+}
+
+TEST_F(DoctorOnARealAgent, TellsThatNothingIsWrittenInADryRun) {
+    start("Dry run: nothing is written to the controller.");
+    EXPECT_EQ(judgement(), "wrong Dry run: nothing is written to the controller.");
+}
+
+TEST_F(DoctorOnARealAgent, TellsWhatTheControllerRefuses) {
+    start();
+    mac.inject(smc->modeKey(0), fault::KernelError{static_cast<IORegistry::Status>(0xe00002c1)});
+    send(command::Select{action::Fixed{1}});
+    EXPECT_TRUE(judgement().starts_with("wrong This agent may not write to the controller. "))
+        << output;
+    mac.inject(smc->modeKey(0), fault::RefusedValue{});
+    agent->tick();
+    EXPECT_TRUE(judgement().starts_with("wrong " + smc->modeKey(0) + ": SMC error ")) << output;
+}
+
+TEST_F(DoctorOnARealAgent, TellsThatSomethingCouldNotBeStored) {
+    FailingPreferences full;
+    full.room = 0;
+    smc.emplace(mac);
+    agent.emplace(Agent::Seams{
+        .smc = *smc, .center = center, .preferences = full, .clock = clock, .load = nullptr});
+    send(command::CheckForUpdates{});
+    EXPECT_TRUE(judgement().starts_with("wrong Tervale is up to date. Not everything could be "))
+        << output;
+}
+
+TEST_F(Doctor, TellsThatTheAgentHasEnded) {
+    agent.state.status = "The agent has ended. The fans are automatic.";
+    EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
+    EXPECT_EQ(line("Agent"), "Agent wrong " + *agent.state.status);
 }
 
 TEST_F(Doctor, WritesJSON) {

@@ -4,6 +4,8 @@
 #include "tervalectl/CommandRunner.h"
 #include "tervalectl/MachineReading.h"
 
+#include <QTimer>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -17,6 +19,9 @@ namespace {
 class MachineCommands : public testing::Test, protected CommandRunner {
   protected:
     std::size_t lines() const { return static_cast<std::size_t>(std::ranges::count(output, '\n')); }
+
+    /// What happens while a command runs belongs to it.
+    QObject later;
 };
 
 /// A sensor comes off as soon as it has been found, which reads it once.
@@ -47,12 +52,36 @@ class UnpluggingRegistry final : public IORegistry {
     std::string key;
 };
 
+/// A machine with a controller and no other service, as a real one.
+class OnlyController final : public IORegistry {
+  public:
+    explicit OnlyController(SimulatedMac& mac) : mac(mac) {}
+
+    std::optional<Service> findService(const std::string& className) override {
+        return className == "AppleSMC" ? mac.findService(className) : std::nullopt;
+    }
+    Status open(Service service, std::uint32_t type, Connection& connection) override {
+        return mac.open(service, type, connection);
+    }
+    void release(Service service) override { mac.release(service); }
+    Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
+                      Structure& response) override {
+        return mac.callStruct(connection, selector, request, response);
+    }
+    void close(Connection connection) override { mac.close(connection); }
+
+  private:
+    SimulatedMac& mac;
+};
+
 /// The controller is gone from the first reading of a fan on, until somebody looks for it again.
 class VanishingRegistry final : public IORegistry {
   public:
     explicit VanishingRegistry(SimulatedMac& mac) : mac(mac) {}
 
     std::optional<Service> findService(const std::string& className) override {
+        if (className != "AppleSMC")
+            return std::nullopt;
         ++openings;
         return mac.findService(className);
     }
@@ -166,6 +195,54 @@ TEST_F(MachineCommands, MonitorFindsTheControllerAgain) {
     for (std::string line; std::getline(stream, line);)
         hasFans.push_back(!line.ends_with("\"fans\":[]}"));
     EXPECT_EQ(hasFans, (std::vector<bool>{false, true, true})) << output;
+}
+
+TEST_F(MachineCommands, MonitorRecordsTheLoadOfTheMachineThatItWatches) {
+    hostLoad = 99.5;
+    ASSERT_EQ(run({"monitor", "--json", "--count", "1"}), ExitStatus::done);
+    EXPECT_EQ(std::get<MachineReading>(decode<MachineReading>(output)).load, mac.load());
+    // One that is no simulation is this machine.
+    OnlyController onlyController(mac);
+    registry = &onlyController;
+    ASSERT_EQ(run({"monitor", "--json", "--count", "1"}), ExitStatus::done);
+    EXPECT_EQ(std::get<MachineReading>(decode<MachineReading>(output)).load, hostLoad);
+    EXPECT_EQ(mac.openConnections(), 0U);
+    EXPECT_EQ(mac.heldServices(), 0U);
+}
+
+TEST_F(MachineCommands, MonitorTellsWhatTheAgentSays) {
+    ASSERT_EQ(run({"monitor", "--json", "--count", "1"}), ExitStatus::done);
+    EXPECT_EQ(output.find("selection"), std::string::npos) << "nobody has said anything";
+    ScriptedAgent agent(center);
+    agent.state.selection = action::Fixed{0.5};
+    agent.state.timerAction = action::Fixed{1};
+    agent.state.timerEnds = Date{700000000};
+    agent.state.status = "Too hot: Max until it is cooler.";
+    ASSERT_EQ(run({"monitor", "--json", "--count", "1"}), ExitStatus::done);
+    EXPECT_NE(output.find(R"("selection":{"fixed":{"_0":0.5}},"timerAction":{"fixed":{"_0":1}},)"
+                          R"("timerEnds":700000000,"timerEndsAt":"2023-03-08T20:26:40Z",)"
+                          R"("status":"Too hot: Max until it is cooler.","safety":true})"),
+              std::string::npos)
+        << output;
+    EXPECT_EQ(output.find("launchAtLogin"), std::string::npos) << output;
+    // As before, it can be replayed.
+    EXPECT_TRUE(std::holds_alternative<MachineReading>(decode<MachineReading>(output)));
+}
+
+TEST_F(MachineCommands, MonitorTellsThatATimerHasEnded) {
+    ScriptedAgent agent(center);
+    agent.state.timerAction = action::Fixed{1};
+    agent.state.timerEnds = Date{700000000};
+    QTimer::singleShot(300, &later, [&] {
+        agent.state.timerAction.reset();
+        agent.state.timerEnds.reset();
+        Bridge(center).publish(agent.state);
+    });
+    ASSERT_EQ(run({"monitor", "--json", "--count", "2", "--interval", "0.5"}), ExitStatus::done);
+    const auto end = output.find('\n');
+    EXPECT_LT(output.find("timerAction"), end) << output;
+    EXPECT_EQ(output.find("timerAction", end), std::string::npos) << output;
+    EXPECT_NE(output.find(R"("safety":false)", end), std::string::npos) << output;
 }
 
 TEST(MachineReading, SurvivesTheJourneyThroughALine) {

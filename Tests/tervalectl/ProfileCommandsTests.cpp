@@ -3,6 +3,7 @@
 #include "Profiles/StoringFailure.h"
 #include "Support/TemporaryFolder.h"
 #include "tervalectl/CommandRunner.h"
+#include "tervalectl/PublishedState.h"
 
 #include <gtest/gtest.h>
 
@@ -203,7 +204,7 @@ TEST_F(ProfileCommands, PrintNamesThatATerminalWouldObeyAsEscapes) {
 TEST_F(ProfileCommands, PrintTheStateThatConfirmsAnImport) {
     ASSERT_EQ(run({"profiles", "import", "--json", "-"}, encode(std::vector{busy})),
               ExitStatus::done);
-    EXPECT_EQ(output, encode(agent.state) + '\n');
+    EXPECT_EQ(output, lineOf(agent.state));
 }
 
 TEST_F(ProfileCommands, TellThatTheAgentCouldNotStoreThem) {

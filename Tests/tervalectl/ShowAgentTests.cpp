@@ -45,10 +45,18 @@ TEST_F(ShowAgent, TellsOfOneThatRunsAndDoesNotAnswer) {
     EXPECT_FALSE(shows("Status", "")) << output;
 }
 
+TEST_F(ShowAgent, TellsThatTheGuardItNamesIsGone) {
+    guard.reset();
+    EXPECT_EQ(run({"agent"}), ExitStatus::done);
+    EXPECT_TRUE(shows("Guard", "process 1235 is gone")) << output;
+    EXPECT_EQ(run({"agent", "--json"}), ExitStatus::done);
+    EXPECT_NE(output.find(R"("guard":1235,"guarded":false)"), std::string::npos) << output;
+}
+
 TEST_F(ShowAgent, WritesJSON) {
     EXPECT_EQ(run({"agent", "--json"}), ExitStatus::done);
     EXPECT_EQ(output, R"({"answers":true,"process":1234,"started":"2026-01-31T09:13:28Z",)"
-                      R"("guard":1235,"status":"All is well."})"
+                      R"("guard":1235,"guarded":true,"status":"All is well."})"
                       "\n");
 }
 

@@ -1,0 +1,40 @@
+#include "tervalectl/StatusJudgement.h"
+
+#include "Profiles/StoringFailure.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tervale {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view tooHot = "Too hot: ";
+
+/// What the agent says once it has done, or refused, what somebody asked for. Nothing of it keeps
+/// the fans from being driven.
+constexpr std::array answers{
+    "Tervale is up to date."sv,
+    "That timer was not set: "sv,
+    "Those profiles were not saved: they are too long."sv,
+    "The profiles that could not be read are kept as "sv,
+};
+
+} // namespace
+
+bool tellsThatAllIsWell(const BridgeState& state) {
+    if (!state.status || state.status->empty())
+        return true;
+    const auto begins = [&](std::string_view text) { return state.status->starts_with(text); };
+    return !tellsStoringFailure(state) &&
+           (tellsSafety(state) || std::ranges::any_of(answers, begins));
+}
+
+bool tellsSafety(const BridgeState& state) {
+    return state.status && state.status->starts_with(tooHot);
+}
+
+} // namespace tervale
