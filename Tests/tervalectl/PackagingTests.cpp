@@ -75,7 +75,7 @@ TEST(Packaging, NamesEveryGroupOfSensors) {
     }
     EXPECT_NE(read("completions/_tervalectl").find("group:(" + groupNames(" ") + ")"),
               std::string::npos);
-    for (const char* shell : {"completions/tervalectl.bash", "completions/tervalectl.fish"})
+    for (const char* shell : {"completions/tervalectl.bash.in", "completions/tervalectl.fish"})
         EXPECT_NE(read(shell).find("'" + groupNames(" ") + "'"), std::string::npos) << shell;
 }
 

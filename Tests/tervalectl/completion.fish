@@ -1,19 +1,9 @@
 # Checks what the completion offers. Usage: completion.fish COMPLETION
-source $argv[1]
-set failures 0
+source (status dirname)/../Support/completion.fish $argv
 
 # The agent's profiles, without an agent.
 function tervalectl
     echo '[{"id":"A-1","name":"Quiet"},{"id":"B-2","name":"Late at night"},{"id":"C-3","name":"a\\"b"}]'
-end
-
-# expect 'words before and at the cursor' 'what is offered'
-function expect
-    set -l offered (complete -C $argv[1] | string replace -r '\t.*' '' | string join '|')
-    if test "$offered" != $argv[2]
-        echo "'$argv[1]' offers '$offered', not '$argv[2]'" >&2
-        set failures (math $failures + 1)
-    end
 end
 
 expect 'tervalectl s' 'select|sensors|state'
