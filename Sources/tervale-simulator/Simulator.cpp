@@ -6,6 +6,8 @@
 #include "SMC/SMC.h"
 
 #include <chrono>
+#include <system_error>
+#include <utility>
 
 namespace tervale {
 
@@ -16,6 +18,9 @@ namespace {
 // Whoever polls the controller once a second finds new values each time.
 constexpr auto interval = 200ms;
 
+/// How often the socket is looked after.
+constexpr auto lookInterval = 500ms;
+
 SimulatedMacOptions withHostLoad(SimulatedMacOptions options) {
     options.hostLoad = makeProcessorLoad();
     return options;
@@ -23,13 +28,50 @@ SimulatedMacOptions withHostLoad(SimulatedMacOptions options) {
 
 } // namespace
 
-Simulator::Simulator(const SimulatorCommandLine::Run& run)
+Simulator::Simulator(const SimulatorCommandLine::Run& run, Report tellPeople)
     : simulated(withHostLoad(run.mac)),
+      isUsualPlace(!run.socket),
       path(pathOf(run)),
-      server(simulated.mac(), path),
+      report(std::move(tellPeople)),
       timer(simulated, interval, run.speed) {
+    serve();
     for (const auto& fault : run.faults)
         inject(fault);
+    QObject::connect(&look, &QTimer::timeout, &look, [this] { lookAfterSocket(); });
+    look.start(lookInterval);
+}
+
+void Simulator::serve() {
+    if (isUsualPlace)
+        makePrivateFolder(path.parent_path());
+    servers.push_back(std::make_unique<SocketServer>(simulated.mac(), path));
+}
+
+void Simulator::lookAfterSocket() {
+    std::error_code error;
+    const auto found = std::filesystem::symlink_status(path, error);
+    // What somebody put in its place is left alone.
+    if (found.type() == std::filesystem::file_type::not_found)
+        serveAgain();
+    const SocketServer* last = servers.back().get();
+    std::erase_if(servers, [last](const auto& server) {
+        return server.get() != last && server->clientCount() == 0;
+    });
+}
+
+void Simulator::serveAgain() {
+    std::string line = "The socket was removed. It is there again.";
+    try {
+        serve();
+    } catch (const SocketServer::Refused& refusal) {
+        line = refusal.what();
+        // It goes on failing in the same way.
+        if (line == lastRefusal)
+            return;
+        lastRefusal = line;
+    }
+    if (report)
+        report(line);
 }
 
 std::filesystem::path Simulator::pathOf(const SimulatorCommandLine::Run& run) {

@@ -49,8 +49,9 @@ QString faultNames() {
 class Values {
   public:
     Values() {
-        for (const char* name : {"help", "version"})
-            parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
+        parser.addOption(
+            QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help")}));
+        parser.addOption(QCommandLineOption(QStringLiteral("version")));
         for (const char* name : {"seed", "speed", "scenario", "fans", "sensors", "socket", "fault"})
             parser.addOption(valued(name));
     }
@@ -179,7 +180,7 @@ QString SimulatorCommandLine::help() {
                "  --fault KEY=F    what goes wrong with a key from the start; may be repeated:\n"
                "                   %1\n"
                "  --socket PATH    serve the controller here, where no window looks\n"
-               "  --help           show this help\n"
+               "  -h, --help       show this help\n"
                "  --version        show the version\n")
                .arg(faultNames());
 }

@@ -22,7 +22,9 @@ Terminal terminal() {
 int simulate(const SimulatorCommandLine::Run& run) {
     const TerminationSignals end([] { QCoreApplication::quit(); });
     try {
-        const Simulator simulator(run);
+        const Simulator simulator(run, [](const std::string& line) {
+            static_cast<void>(terminal().complain(line, exitStatus::done));
+        });
         // Whoever started the program may wait for this line.
         std::printf("Controller on %s\n", printable(simulator.socketPath().string()).c_str());
         std::fflush(stdout);

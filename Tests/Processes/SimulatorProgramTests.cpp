@@ -3,9 +3,13 @@
 #include "Processes/Programs.h"
 #include "SMC/SMC.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 
 using namespace tervale;
 
@@ -17,6 +21,29 @@ class SimulatorProgramTest : public testing::Test {
     std::size_t fansSeen() const {
         SocketRegistry registry(bus.socket());
         return SMC(registry).fans().size();
+    }
+    /// The same once the program serves there.
+    bool showsFans() const {
+        return eventually([this] {
+            try {
+                return fansSeen() == 2;
+            } catch (const SMCError&) {
+                return false;
+            }
+        });
+    }
+    /// Whether a request over the connection is answered well.
+    static bool isAnswered(const RawSocket& client, const Packet& request) {
+        if (!client.send(request))
+            return false;
+        client.waitForInput();
+        return client.receive() == packetOf({0, 0, 0, 0});
+    }
+    static bool finds(const RawSocket& client) {
+        return isAnswered(client, findRequest("AppleSMC"));
+    }
+    static bool opens(const RawSocket& client) {
+        return isAnswered(client, packetOf({2, 0, 0, 0, 0, 0, 0, 0}));
     }
     void expectWrongUsage(const QStringList& arguments) const {
         ChildProcess program(TERVALE_SIMULATOR, arguments, bus.environment());
@@ -79,6 +106,39 @@ TEST_F(SimulatorProgramTest, LeavesTheSocketOfOneThatRuns) {
     EXPECT_EQ(second.status(), 1);
     EXPECT_TRUE(second.errors().endsWith("another process serves there.\n"));
     EXPECT_EQ(fansSeen(), 3U);
+}
+
+TEST_F(SimulatorProgramTest, MakesASocketAgainThatWasRemoved) {
+    SimulatorProgram simulator(bus);
+    const auto before = RawSocket::connectedTo(bus.socket());
+    ASSERT_TRUE(finds(before));
+    for (const auto& removed : {bus.socket(), bus.socket().parent_path()}) {
+        std::filesystem::remove_all(removed);
+        EXPECT_TRUE(showsFans()) << removed;
+    }
+    EXPECT_TRUE(opens(before)) << "who was connected was hung up on";
+    EXPECT_TRUE(eventually([&] {
+        return simulator.errors().count("The socket was removed. It is there again.\n") == 2;
+    })) << simulator.errors().toStdString();
+    simulator.send(SIGTERM);
+    ASSERT_TRUE(simulator.ends());
+    EXPECT_FALSE(std::filesystem::exists(bus.socket()));
+}
+
+TEST_F(SimulatorProgramTest, LeavesWhatIsPutInThePlaceOfItsSocket) {
+    SimulatorProgram simulator(bus);
+    const auto before = RawSocket::connectedTo(bus.socket());
+    std::filesystem::remove(bus.socket());
+    std::ofstream(bus.socket()) << "somebody's";
+    // As long as it takes to make a socket again.
+    QElapsedTimer time;
+    time.start();
+    EXPECT_TRUE(eventually([&] { return time.elapsed() > 1500; }));
+    EXPECT_TRUE(std::filesystem::is_regular_file(bus.socket()));
+    EXPECT_TRUE(finds(before));
+    simulator.send(SIGTERM);
+    ASSERT_TRUE(simulator.ends());
+    EXPECT_TRUE(std::filesystem::is_regular_file(bus.socket()));
 }
 
 TEST_F(SimulatorProgramTest, NeedsNoSessionBus) {

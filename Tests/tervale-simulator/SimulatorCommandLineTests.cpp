@@ -85,6 +85,7 @@ TEST(SimulatorCommandLine, RefusesWhatItDoesNotKnowAndNamesIt) {
 
 TEST(SimulatorCommandLine, ExplainsEveryOption) {
     EXPECT_TRUE(std::holds_alternative<SimulatorCommandLine::ShowHelp>(parse({"--help"})));
+    EXPECT_TRUE(std::holds_alternative<SimulatorCommandLine::ShowHelp>(parse({"-h"})));
     EXPECT_TRUE(std::holds_alternative<SimulatorCommandLine::ShowVersion>(parse({"--version"})));
     for (const char* option : {"--seed", "--speed", "--scenario", "--fans", "--sensors", "--fault",
                                "--socket", "--help", "--version", "heatwave"})
