@@ -60,6 +60,12 @@ class Service(unittest.TestCase):
         self.assertEqual(self.value("StartLimitIntervalSec", "Unit"), "0")
         self.assertEqual(self.value("OOMPolicy"), "continue")
 
+    def test_leaves_alone_what_another_start_would_not_mend(self):
+        # Another agent that runs, and a wrong command line.
+        header = (SOURCES / "Sources/Base/Terminal.h").read_text("utf-8")
+        final = [re.search(rf"int {name} = ([0-9]+);", header)[1] for name in ("failure", "wrongUsage")]
+        self.assertEqual(self.value("RestartPreventExitStatus").split(), final)
+
     def test_is_a_whole_unit_to_the_service_manager(self):
         if not shutil.which("systemd-analyze"):
             self.skipTest("systemd-analyze is missing")
