@@ -1,5 +1,4 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
-
 #include "Thermostat.h"
 
 #include <QAccessibleWidget>
