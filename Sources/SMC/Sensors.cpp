@@ -37,7 +37,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 2> knownName
 } // namespace
 
 std::optional<SensorGroup> SensorGroup::of(std::string_view key) {
-    if (!key.starts_with("T") || key.starts_with("Ta0"))
+    if (!key.starts_with('T') || key.starts_with("Ta0"))
         return std::nullopt;
     for (const auto& [prefix, group] : prefixes) {
         if (key.starts_with(prefix))
