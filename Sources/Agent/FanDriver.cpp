@@ -20,8 +20,7 @@ bool areLimits(double min, double max) {
     return min >= 0 && min <= max && max <= fastest;
 }
 
-/// A controller that counts more fans than this is not to be believed.
-constexpr std::int64_t mostFans = 100;
+constexpr const char* lockKey = "Ftst";
 
 /// Calls `attempt`; the message if it fails.
 template <class Attempt>
@@ -36,6 +35,13 @@ std::optional<std::string> errorOf(Attempt attempt) {
 
 } // namespace
 
+void FanDriver::prepare() {
+    const std::int64_t count = fanCount();
+    for (std::int64_t fan = 0; fan < count; ++fan)
+        smc.exists(smc.modeKey(fan));
+    smc.exists(lockKey);
+}
+
 std::optional<std::string> FanDriver::apply(const Target& target) {
     return std::visit(
         overloaded{[this](const target::Automatic&) { return releaseAll(); },
@@ -47,8 +53,6 @@ FanDriver::Error FanDriver::driveAll(double fraction) {
     // A speed that is no number is as good as none.
     if (std::isnan(fraction))
         return releaseAll();
-    // From here on this object is the one who unlocks them.
-    lockKnown = true;
     Error first;
     const Error counting = errorOf([&] {
         const std::int64_t count = fanCount();
@@ -56,10 +60,12 @@ FanDriver::Error FanDriver::driveAll(double fraction) {
             const Error error = errorOf([&] { drive(fan, std::clamp(fraction, 0.0, 1.0)); });
             // One that cannot be driven must not stay at whatever speed it was given before.
             if (error && holding)
-                errorOf([&] { smc.setAuto(std::vector{fan}); });
+                giveBack(fan);
             first = first ? first : error;
         }
     });
+    if (counting && holding)
+        giveBackEach();
     return first ? first : counting;
 }
 
@@ -87,34 +93,62 @@ FanDriver::Error FanDriver::releaseAll() {
 }
 
 FanDriver::Error FanDriver::handBack() {
-    return errorOf([this] {
+    Error error = errorOf([this] {
         // A count that no machine has would keep the controller busy for ever.
-        const std::int64_t count = fanCount();
-        const Error error = errorOf([this] { smc.setAuto(); });
-        if (!error) {
-            holding = false;
-            return;
-        }
-        // The first fan that fails keeps the rest from being handed back together.
-        for (std::int64_t fan = 0; fan < count; ++fan)
-            errorOf([&] { smc.setAuto(std::vector{fan}); });
-        // Who may not write to the controller has taken nothing either.
-        if (!allReleased())
-            throw SMCError(*error);
-        holding = false;
+        fanCount();
+        smc.setAuto();
     });
+    // A single failure keeps all that follows it from being written.
+    if (error)
+        giveBackEach();
+    // Who may not write to the controller has taken nothing either.
+    if (error && !(modes() == Modes{.allTold = true, .anyManual = false} && isLocked()))
+        return error;
+    holding = false;
+    lockKnown = true;
+    return std::nullopt;
 }
 
-bool FanDriver::allReleased() {
-    bool released = true;
-    const Error error = errorOf([&] {
-        const std::int64_t count = fanCount();
-        for (std::int64_t fan = 0; fan < count; ++fan)
-            released = released && smc.read(smc.modeKey(fan)) == 0.0;
-        // A controller without a lock has none to turn.
-        released = released && (!smc.exists("Ftst") || smc.read("Ftst") == 0.0);
-    });
-    return released && !error;
+void FanDriver::giveBack(std::int64_t index) {
+    // Not by way of the count, which may be what fails.
+    errorOf([&] { smc.write(smc.modeKey(index), 0.0); });
+}
+
+void FanDriver::giveBackEach() {
+    for (std::int64_t fan = 0; fan < lastCount.value_or(mostFans); ++fan) {
+        // The fans of a controller that never counted them end where it knows no more modes.
+        if (!lastCount && !smc.exists(smc.modeKey(fan)))
+            break;
+        giveBack(fan);
+    }
+    // One fan that refuses for good does not leave the others unlocked.
+    if (!modes().anyManual && smc.exists(lockKey))
+        errorOf([this] { smc.write(lockKey, 0.0); });
+}
+
+FanDriver::Modes FanDriver::modes() {
+    const bool counted = !errorOf([this] { fanCount(); });
+    Modes modes{.allTold = lastCount.has_value(), .anyManual = false};
+    for (std::int64_t fan = 0; fan < lastCount.value_or(0); ++fan) {
+        const std::string key = smc.modeKey(fan);
+        if (!smc.exists(key)) {
+            // A controller that does not even count may have modes of which it says nothing.
+            modes.allTold = modes.allTold && counted;
+            continue;
+        }
+        double mode = 0;
+        if (errorOf([&] { mode = smc.read(key); }))
+            modes.allTold = false;
+        modes.anyManual = modes.anyManual || mode != 0.0;
+    }
+    return modes;
+}
+
+bool FanDriver::isLocked() {
+    double unlocked = 1;
+    // A controller without a lock has none to turn.
+    return !smc.exists(lockKey) ||
+           (!errorOf([&] { unlocked = smc.read(lockKey); }) && unlocked == 0.0);
 }
 
 std::int64_t FanDriver::fanCount() {
@@ -125,6 +159,7 @@ std::int64_t FanDriver::fanCount() {
     const auto count = static_cast<std::int64_t>(told);
     if (count > mostFans)
         throw SMCError("FNum: " + std::to_string(count) + " fans");
+    lastCount = count;
     return count;
 }
 
@@ -132,8 +167,8 @@ bool FanDriver::anyTaken() {
     const std::int64_t count = fanCount();
     if (!lockKnown) {
         double unlocked = 0;
-        errorOf([&] { unlocked = smc.read("Ftst"); });
-        lockKnown = true;
+        // What cannot be read now is looked at again.
+        lockKnown = !errorOf([&] { unlocked = smc.read(lockKey); });
         if (unlocked != 0.0)
             return true;
     }

@@ -125,6 +125,60 @@ TEST_F(FanDriving, HandsAllFansBackWhateverStateTheyAreIn) {
     EXPECT_EQ(smc.read("Ftst"), 0);
 }
 
+TEST_F(FanDriving, HandsBackThoughTheFansCannotBeCountedAnyMore) {
+    driver.apply(target::Speed{1});
+    mac.inject("FNum", fault::KernelError{static_cast<IORegistry::Status>(0xe00002d8)});
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+    EXPECT_FALSE(driver.holds());
+    EXPECT_FALSE(smc.fan(0).manual || smc.fan(1).manual);
+    EXPECT_EQ(smc.read("Ftst"), 0);
+}
+
+TEST_F(FanDriving, HandsBackWhatItPreparedForThoughItNeverDroveIt) {
+    FanDriver other(smc);
+    other.apply(target::Speed{1});
+    driver.prepare();
+    mac.inject("FNum", fault::RefusedValue{133});
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+    EXPECT_FALSE(smc.fan(0).manual || smc.fan(1).manual);
+}
+
+TEST_F(FanDriving, HandsBackWhatHasAModeThoughTheFansCouldNeverBeCounted) {
+    FanDriver(smc).apply(target::Speed{1});
+    mac.inject("FNum", fault::RefusedValue{133});
+    EXPECT_EQ(driver.handBack(), "FNum: SMC error 133") << "there may be more fans than it found";
+    EXPECT_FALSE(smc.fan(0).manual || smc.fan(1).manual);
+    EXPECT_EQ(smc.read("Ftst"), 0);
+}
+
+TEST_F(FanDriving, LeavesNoFanAtItsSpeedOnceTheFansCannotBeCounted) {
+    driver.apply(target::Speed{0});
+    mac.inject("FNum", fault::RefusedValue{133});
+    EXPECT_EQ(driver.apply(target::Speed{1}), "FNum: SMC error 133");
+    EXPECT_FALSE(smc.fan(0).manual || smc.fan(1).manual);
+    mac.heal("FNum");
+    EXPECT_EQ(driver.apply(target::Speed{1}), std::nullopt);
+    EXPECT_EQ(smc.fan(1).target, 6241);
+}
+
+TEST_F(FanDriving, TakesASilentControllerForNoneThatHasHandedBack) {
+    driver.apply(target::Speed{1});
+    mac.failEveryCall(static_cast<IORegistry::Status>(0xe00002d8));
+    EXPECT_NE(driver.handBack(), std::nullopt);
+    EXPECT_TRUE(driver.holds());
+    mac.failEveryCall(std::nullopt);
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+}
+
+TEST_F(FanDriving, LooksAgainWhetherTheFansAreUnlockedWhenItCouldNotAtFirst) {
+    smc.write("Ftst", 1);
+    mac.inject("Ftst", fault::RefusedValue{133});
+    driver.apply(target::Automatic{});
+    mac.heal("Ftst");
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_EQ(smc.read("Ftst"), 0);
+}
+
 TEST_F(FanDriving, NeedsTheFansUnlocked) {
     mac.inject("Ftst", fault::Refused{132});
     EXPECT_EQ(driver.apply(target::Speed{1}), "F0md: SMC error 134");
@@ -155,6 +209,21 @@ class OddController : public testing::Test {
     SMC smc{registry};
     FanDriver driver{smc};
 };
+
+TEST_F(OddController, IsLockedBesideAFanThatRefusesForGood) {
+    registry.setByte("FNum", 3);
+    registry.setByte("F0md", 1);
+    registry.setByte("F2md", 1);
+    registry.setByte("Ftst", 1);
+    // The second fan has no mode, and the first one takes none.
+    registry.fail("F0md", test::ScriptedRegistry::write, {0, 133});
+    EXPECT_NE(driver.handBack(), std::nullopt);
+    EXPECT_EQ(smc.read("F2md"), 0);
+    EXPECT_EQ(smc.read("Ftst"), 1) << "a fan is manual";
+    registry.setByte("F0md", 0);
+    EXPECT_EQ(driver.handBack(), std::nullopt) << "no fan that has a mode is manual";
+    EXPECT_EQ(smc.read("Ftst"), 0);
+}
 
 TEST_F(OddController, HasNoSpeedBetweenLimitsThatAreReversedOrNone) {
     registry.setByte("F0md", 0);
