@@ -1,6 +1,7 @@
 #include "SMC/SMC.h"
 
 #include "Base/Precondition.h"
+#include "SMC/ControllerService.h"
 #include "SMC/SMCCodec.h"
 #include "SMC/SMCStructure.h"
 
@@ -11,9 +12,6 @@
 namespace tervale {
 
 namespace {
-
-constexpr const char* serviceClass = "AppleSMC";
-constexpr std::uint32_t userClientType = 0;
 
 std::string hexadecimal(IORegistry::Status status) {
     char text[9];
@@ -31,13 +29,7 @@ SMCStructure requestOf(SMCCommand command, std::uint32_t key) {
 } // namespace
 
 SMC::SMC(IORegistry& machine) : registry(machine) {
-    const auto service = registry.findService(serviceClass);
-    if (!service)
-        throw SMCError("AppleSMC not found");
-    const IORegistry::Status status = registry.open(*service, userClientType, conn);
-    registry.release(*service);
-    if (status != 0)
-        throw SMCError("IOServiceOpen failed: " + std::to_string(status));
+    conn = openController(registry);
 }
 
 SMC::~SMC() {

@@ -1,6 +1,9 @@
 #include "Agent/Agent.h"
 #include "Profiles/InMemoryPreferences.h"
 #include "Profiles/InProcessNotificationCenter.h"
+#include "SMC/DelegatingRegistry.h"
+#include "SMC/SMCCodec.h"
+#include "SMC/SMCStructure.h"
 #include "Simulation/RandomSource.h"
 #include "Simulation/SimulatedClock.h"
 #include "Simulation/SimulatedMac.h"
@@ -64,38 +67,22 @@ namespace tervale {
 namespace {
 
 /// A registry that tells which keys have been read.
-class WatchedRegistry final : public IORegistry {
+class WatchedRegistry final : public DelegatingRegistry {
   public:
-    explicit WatchedRegistry(IORegistry& registry) : registry(registry) {}
+    using DelegatingRegistry::DelegatingRegistry;
 
-    std::optional<Service> findService(const std::string& className) override {
-        return registry.findService(className);
-    }
-    Status open(Service service, std::uint32_t type, Connection& connection) override {
-        return registry.open(service, type, connection);
-    }
-    void release(Service service) override { registry.release(service); }
     Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
                       Structure& response) override {
-        const Status status = registry.callStruct(connection, selector, request, response);
-        constexpr std::size_t resultOffset = 40;
-        constexpr std::size_t commandOffset = 42;
-        constexpr std::byte reading{5};
-        if (status == 0 && request[commandOffset] == reading &&
-            response[resultOffset] == std::byte{0}) {
-            std::string key;
-            for (std::size_t index = 4; index-- > 0;)
-                key += static_cast<char>(request[index]);
-            read.insert(key);
-        }
+        const Status status =
+            DelegatingRegistry::callStruct(connection, selector, request, response);
+        const auto question = SMCStructure::fromBytes(request);
+        if (status == 0 && question.command == static_cast<std::uint8_t>(SMCCommand::read) &&
+            SMCStructure::fromBytes(response).result == 0)
+            read.insert(SMCCodec::fourCCString(question.key));
         return status;
     }
-    void close(Connection connection) override { registry.close(connection); }
 
     std::set<std::string> read;
-
-  private:
-    IORegistry& registry;
 };
 
 /// Preferences on a disk that is full now and then.

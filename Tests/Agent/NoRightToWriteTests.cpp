@@ -1,6 +1,7 @@
 #include "Agent/Agent.h"
 #include "Profiles/InMemoryPreferences.h"
 #include "Profiles/InProcessNotificationCenter.h"
+#include "SMC/DelegatingRegistry.h"
 #include "SMC/SMCStructure.h"
 #include "Simulation/SimulatedClock.h"
 #include "Simulation/SimulatedMac.h"
@@ -11,30 +12,19 @@ namespace tervale {
 namespace {
 
 /// A controller that anyone may read, and that only root may write to.
-class RootsRegistry final : public IORegistry {
+class RootsRegistry final : public DelegatingRegistry {
   public:
     static constexpr auto notPrivileged = static_cast<Status>(0xe00002c1);
 
-    explicit RootsRegistry(IORegistry& registry) : registry(registry) {}
+    using DelegatingRegistry::DelegatingRegistry;
 
-    std::optional<Service> findService(const std::string& className) override {
-        return registry.findService(className);
-    }
-    Status open(Service service, std::uint32_t type, Connection& connection) override {
-        return registry.open(service, type, connection);
-    }
-    void release(Service service) override { registry.release(service); }
     Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
                       Structure& response) override {
         const bool writes = SMCStructure::fromBytes(request).command ==
                             static_cast<std::uint8_t>(SMCCommand::write);
         return writes ? notPrivileged
-                      : registry.callStruct(connection, selector, request, response);
+                      : DelegatingRegistry::callStruct(connection, selector, request, response);
     }
-    void close(Connection connection) override { registry.close(connection); }
-
-  private:
-    IORegistry& registry;
 };
 
 class NoRightToWrite : public testing::Test {

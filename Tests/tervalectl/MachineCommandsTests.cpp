@@ -1,4 +1,5 @@
 #include "JSON/JSON.h"
+#include "SMC/DelegatingRegistry.h"
 #include "SMC/SMCCodec.h"
 #include "SMC/SMCStructure.h"
 #include "tervalectl/CommandRunner.h"
@@ -25,27 +26,23 @@ class MachineCommands : public testing::Test, protected CommandRunner {
 };
 
 /// A sensor comes off as soon as it has been found, which reads it once.
-class UnpluggingRegistry final : public IORegistry {
+class UnpluggingRegistry final : public DelegatingRegistry {
   public:
-    UnpluggingRegistry(SimulatedMac& mac, std::string key) : mac(mac), key(std::move(key)) {}
+    UnpluggingRegistry(SimulatedMac& mac, std::string key)
+        : DelegatingRegistry(mac),
+          mac(mac),
+          key(std::move(key)) {}
 
-    std::optional<Service> findService(const std::string& className) override {
-        return mac.findService(className);
-    }
-    Status open(Service service, std::uint32_t type, Connection& connection) override {
-        return mac.open(service, type, connection);
-    }
-    void release(Service service) override { mac.release(service); }
     Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
                       Structure& response) override {
         const std::size_t reads = mac.calls().reads;
-        const Status status = mac.callStruct(connection, selector, request, response);
+        const Status status =
+            DelegatingRegistry::callStruct(connection, selector, request, response);
         const bool isKey = SMCStructure::fromBytes(request).key == SMCCodec::fourCC(key);
         if (isKey && mac.calls().reads > reads)
             mac.inject(key, fault::DroppedOut{});
         return status;
     }
-    void close(Connection connection) override { mac.close(connection); }
 
   private:
     SimulatedMac& mac;
@@ -75,29 +72,25 @@ class OnlyController final : public IORegistry {
 };
 
 /// The controller is gone from the first reading of a fan on, until somebody looks for it again.
-class VanishingRegistry final : public IORegistry {
+class VanishingRegistry final : public DelegatingRegistry {
   public:
-    explicit VanishingRegistry(SimulatedMac& mac) : mac(mac) {}
+    using DelegatingRegistry::DelegatingRegistry;
 
     std::optional<Service> findService(const std::string& className) override {
         if (className != "AppleSMC")
             return std::nullopt;
         ++openings;
-        return mac.findService(className);
+        return DelegatingRegistry::findService(className);
     }
-    Status open(Service service, std::uint32_t type, Connection& connection) override {
-        return mac.open(service, type, connection);
-    }
-    void release(Service service) override { mac.release(service); }
     Status callStruct(Connection connection, std::uint32_t selector, const Structure& request,
                       Structure& response) override {
         gone = gone || SMCStructure::fromBytes(request).key == SMCCodec::fourCC("F0Ac");
-        return gone && openings < 2 ? 1 : mac.callStruct(connection, selector, request, response);
+        return gone && openings < 2
+                   ? 1
+                   : DelegatingRegistry::callStruct(connection, selector, request, response);
     }
-    void close(Connection connection) override { mac.close(connection); }
 
   private:
-    SimulatedMac& mac;
     int openings = 0;
     bool gone = false;
 };
