@@ -52,20 +52,34 @@ std::optional<AgentLock::Holder> AgentLock::holder(const std::filesystem::path& 
     return holder;
 }
 
-AgentLock::AgentLock(const std::filesystem::path& path, std::chrono::milliseconds patience) {
+FileLock AgentLock::take(const std::filesystem::path& path, std::chrono::milliseconds patience) {
+    std::optional<FileLock> taken;
     try {
-        lock = FileLock::take(path, patience);
+        taken = FileLock::take(path, patience);
     } catch (const FileLock::Refused& refusal) {
         throw Refused(refusal.what());
     }
-    if (!lock) {
+    if (!taken) {
         const std::optional<Holder> other = holder(path);
         throw Refused(other && other->process > 0
                           ? "An agent runs already: process " + std::to_string(other->process) + "."
                           : "An agent runs already.");
     }
+    return std::move(*taken);
+}
+
+AgentLock::AgentLock(const std::filesystem::path& where, std::chrono::milliseconds patience)
+    : path(where),
+      lock(take(path, patience)) {
     self.process = ::getpid();
     self.started = nowAsText();
+    write();
+}
+
+void AgentLock::keep() {
+    if (lock.isInPlace())
+        return;
+    lock = take(path, defaultPatience);
     write();
 }
 
@@ -81,7 +95,7 @@ void AgentLock::write() const {
     if (self.guard)
         text += "guard=" + std::to_string(*self.guard) + "\n";
     // That the lock is held counts, not what the file says of it: a full disk keeps no agent away.
-    static_cast<void>(lock->write(text));
+    static_cast<void>(lock.write(text));
 }
 
 } // namespace tervale

@@ -44,13 +44,18 @@ class AgentLock {
     explicit AgentLock(const std::filesystem::path& path = defaultPath(),
                        std::chrono::milliseconds patience = defaultPatience);
 
+    /// Takes the lock anew where its file was removed or replaced. Throws `Refused` where another
+    /// agent has come to hold it, or it cannot be had.
+    void keep();
     /// Tells which process is the guard, if one is.
     void setGuard(std::optional<std::int64_t> process);
 
   private:
+    static FileLock take(const std::filesystem::path& path, std::chrono::milliseconds patience);
     void write() const;
 
-    std::optional<FileLock> lock;
+    std::filesystem::path path;
+    FileLock lock;
     Holder self;
 };
 

@@ -26,19 +26,31 @@ std::optional<FileLock> FileLock::take(const std::filesystem::path& path,
     constexpr std::chrono::milliseconds pause{10};
     if (!makePrivateFolder(path.parent_path()))
         throw refusal(path, "its folder is not this user's alone to write to");
-    FileDescriptor file(
-        ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
-    if (!file)
-        throw refusal(path, std::strerror(errno));
     const auto deadline = std::chrono::steady_clock::now() + patience;
-    while (::flock(file.number(), LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR)
+    for (;;) {
+        FileDescriptor file(
+            ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
+        if (!file)
             throw refusal(path, std::strerror(errno));
+        if (::flock(file.number(), LOCK_EX | LOCK_NB) == 0) {
+            FileLock lock(std::move(file), path);
+            // The file may have been removed after it was opened.
+            if (lock.isInPlace())
+                return lock;
+        } else if (errno != EWOULDBLOCK && errno != EINTR) {
+            throw refusal(path, std::strerror(errno));
+        }
         if (std::chrono::steady_clock::now() >= deadline)
             return std::nullopt;
         std::this_thread::sleep_for(pause);
     }
-    return FileLock(std::move(file));
+}
+
+bool FileLock::isInPlace() const {
+    struct stat held {};
+    struct stat there {};
+    return ::fstat(file.number(), &held) == 0 && ::lstat(path.c_str(), &there) == 0 &&
+           held.st_dev == there.st_dev && held.st_ino == there.st_ino;
 }
 
 bool FileLock::isHeld(const std::filesystem::path& path) {

@@ -27,13 +27,19 @@ class FileLock {
     /// Whether a process holds the file, which may be missing.
     static bool isHeld(const std::filesystem::path& path);
 
+    /// Whether the file still lies where it was taken. One that was removed, or replaced, keeps no
+    /// other process away.
+    bool isInPlace() const;
     /// Replaces what the file says; false if it could not be written.
     bool write(const std::string& text) const;
 
   private:
-    explicit FileLock(FileDescriptor locked) : file(std::move(locked)) {}
+    FileLock(FileDescriptor locked, std::filesystem::path path)
+        : file(std::move(locked)),
+          path(std::move(path)) {}
 
     FileDescriptor file;
+    std::filesystem::path path;
 };
 
 } // namespace tervale

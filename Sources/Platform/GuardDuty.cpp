@@ -2,6 +2,7 @@
 
 #include "Platform/FileLock.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <poll.h>
@@ -48,7 +49,7 @@ GuardDuty::End GuardDuty::stand() const {
     // The parent's number is its own for as long as it lives.
     if (hangs && ::getppid() == guarded)
         ::kill(guarded, SIGKILL);
-    bool done = handBackPatiently();
+    bool done = handBackPatiently(*held);
     if (!hangs)
         return done ? End::handedBack : End::notHandedBack;
     // What it wrote with its last breath is undone as well.
@@ -56,13 +57,12 @@ GuardDuty::End GuardDuty::stand() const {
     while (last == Sign::alive || last == Sign::disturbed)
         last = nextSign(hangLimit);
     if (last == Sign::gone)
-        done = handBackPatiently();
+        done = handBackPatiently(*held);
     return done ? End::handedBack : End::notHandedBack;
 }
 
 bool GuardDuty::waitForEnd() const {
     // A wait that the machine's sleep stretches still counts as one.
-    constexpr int waits = 10;
     for (int silent = 0; silent < waits;) {
         switch (nextSign(hangLimit / waits)) {
         case Sign::alive:
@@ -71,6 +71,9 @@ bool GuardDuty::waitForEnd() const {
             break;
         case Sign::silent:
             ++silent;
+            // The fans are as the silent process left them, and may be slow.
+            if (silent >= patientWaits && isCool && !isCool())
+                handBack();
             break;
         case Sign::disturbed:
             break;
@@ -81,13 +84,15 @@ bool GuardDuty::waitForEnd() const {
     return false;
 }
 
-bool GuardDuty::handBackPatiently() const {
-    constexpr std::chrono::milliseconds pause{100};
-    const auto deadline = std::chrono::steady_clock::now() + handBackLimit;
+bool GuardDuty::handBackPatiently(const FileLock& held) const {
+    constexpr std::chrono::milliseconds eagerPause{100};
+    const auto calmFrom = std::chrono::steady_clock::now() + eagerTime;
     while (!handBack()) {
-        if (std::chrono::steady_clock::now() >= deadline)
+        const bool eager = std::chrono::steady_clock::now() < calmFrom;
+        // Without its place in the session nobody else waits for this guard either.
+        if (!eager && !held.isInPlace())
             return false;
-        std::this_thread::sleep_for(pause);
+        std::this_thread::sleep_for(eager ? std::min(eagerPause, pause) : pause);
     }
     return true;
 }

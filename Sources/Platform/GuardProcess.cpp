@@ -9,6 +9,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -53,6 +54,7 @@ GuardProcess::GuardProcess(std::vector<std::string> given) : arguments(std::move
 }
 
 bool GuardProcess::keep() {
+    bury();
     if (child != 0 && greet())
         return true;
     const auto now = std::chrono::steady_clock::now();
@@ -128,10 +130,18 @@ void GuardProcess::dismiss() {
     if (child == 0)
         return;
     ::kill(static_cast<pid_t>(child), SIGKILL);
-    while (::waitpid(static_cast<pid_t>(child), nullptr, 0) < 0 && errno == EINTR) {
-    }
     socket.close();
-    child = 0;
+    dying.push_back(std::exchange(child, 0));
+    const auto deadline = std::chrono::steady_clock::now() + burialPatience;
+    for (bury(); !dying.empty() && std::chrono::steady_clock::now() < deadline; bury())
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+}
+
+void GuardProcess::bury() {
+    std::erase_if(dying, [](std::int64_t process) {
+        const pid_t found = ::waitpid(static_cast<pid_t>(process), nullptr, WNOHANG);
+        return found > 0 || (found < 0 && errno != EINTR);
+    });
 }
 
 } // namespace tervale

@@ -20,7 +20,9 @@ class GuardProcess {
     /// How long a guard has to report for duty.
     static constexpr std::chrono::milliseconds patience{2000};
     /// A guard that leaves so many signs of life unanswered counts as gone.
-    static constexpr int mostUnanswered = 10;
+    static constexpr int mostUnanswered = 2;
+    /// How long one that was killed is waited for. The kernel may keep it for longer.
+    static constexpr std::chrono::milliseconds burialPatience{500};
     /// Until another attempt after one that failed.
     static constexpr std::chrono::seconds pause{5};
 
@@ -36,13 +38,15 @@ class GuardProcess {
     bool keep();
     /// Nothing while none stands.
     std::optional<std::int64_t> process() const;
-    /// Ends the guard, which has nothing more to do.
+    /// Ends the guard, which has nothing more to do. Takes no longer than `burialPatience`.
     void dismiss();
 
   private:
-    /// Whether it lives.
+    /// Whether it lives, and answers.
     bool greet();
     void start();
+    /// Takes note of those that are gone by now.
+    void bury();
     /// Waits for the guard's report.
     bool reports() const;
 
@@ -50,6 +54,8 @@ class GuardProcess {
     FileDescriptor socket;
     /// 0 while there is none.
     std::int64_t child = 0;
+    /// Killed, but not gone yet.
+    std::vector<std::int64_t> dying;
     int unanswered = 0;
     std::chrono::steady_clock::time_point greeted{};
     std::optional<std::chrono::steady_clock::time_point> failed;

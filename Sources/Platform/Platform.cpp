@@ -19,6 +19,7 @@
 #include "Platform/Linux/DBusNotificationCenter.h"
 #include "Platform/Linux/FilePreferences.h"
 #include "Platform/Linux/LoginManager.h"
+#include "Platform/Linux/LoginSession.h"
 #include "Platform/Linux/SocketRegistry.h"
 
 #include <QDBusConnection>
@@ -74,6 +75,12 @@ std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers) {
     return powerNotifications(std::move(handlers));
 }
 
+// launchd ends the processes of a session that is over.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): that of Linux keeps it
+std::unique_ptr<SessionWatch> makeSessionWatch(std::function<void()>) {
+    return nullptr;
+}
+
 void prepareEventLoop() {
     // The toolkit's own loop for programs without windows serves no run loop, which delivers.
     ::setenv("QT_EVENT_DISPATCHER_CORE_FOUNDATION", "1", 1);
@@ -125,6 +132,13 @@ std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers) {
     if (!bus.isConnected())
         return nullptr;
     return std::make_shared<LoginManager>(bus, std::move(handlers));
+}
+
+std::unique_ptr<SessionWatch> makeSessionWatch(std::function<void()> over) {
+    const QDBusConnection bus = QDBusConnection::systemBus();
+    if (!bus.isConnected())
+        return nullptr;
+    return std::make_unique<LoginSession>(bus, std::move(over));
 }
 
 void prepareEventLoop() {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/SessionWatch.h"
 #include "Platform/SleepWatch.h"
 #include "Platform/SymbolMask.h"
 #include "Profiles/LoadReading.h"
@@ -65,6 +66,10 @@ std::function<bool()> makeIncreasedContrast();
 /// Calls the handlers around each sleep of the machine for as long as what it returns lives. Null
 /// where the system does not tell.
 std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers);
+
+/// Calls `over`, once, when the system says that the user's session is. Null where it does not
+/// tell.
+std::unique_ptr<SessionWatch> makeSessionWatch(std::function<void()> over);
 
 /// Has an event loop of the toolkit deliver notifications also in a program without windows. Before
 /// the application object.

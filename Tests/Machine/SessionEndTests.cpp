@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+#include <utility>
+
 namespace tervale {
 namespace {
 
@@ -20,9 +24,51 @@ class SessionEndTest : public testing::Test {
         return count == 1;
     }
 
+    /// Says that the session is over once it is asked often enough.
+    SessionEnd::WatchMaker overAtLook(int number) {
+        return [this, number](std::function<void()> over) {
+            class Watch final : public SessionWatch {
+              public:
+                Watch(int& looks, int number, std::function<void()> over)
+                    : looks(looks),
+                      number(number),
+                      over(std::move(over)) {}
+                void look() override {
+                    if (++looks == number)
+                        over();
+                }
+
+              private:
+                int& looks;
+                int number;
+                std::function<void()> over;
+            };
+            return std::make_unique<Watch>(looks, number, std::move(over));
+        };
+    }
+
     BreakableCenter center;
     int ends = 0;
+    int looks = 0;
 };
+
+TEST_F(SessionEndTest, IsToldAtOnceWhereTheSystemSaysThatTheSessionIsOver) {
+    const SessionEnd end(
+        center, [this] { ++ends; }, 1h, overAtLook(1));
+    EXPECT_EQ(ends, 0);
+    center.change(Channel::gone);
+    EXPECT_EQ(ends, 1);
+    center.change(Channel::gone);
+    EXPECT_EQ(looks, 1) << "once it is over nobody is asked";
+}
+
+TEST_F(SessionEndTest, AsksAgainWhileTheOthersAreOutOfReach) {
+    const SessionEnd end(
+        center, [this] { ++ends; }, 1h, overAtLook(2));
+    center.change(Channel::gone);
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(happens(ends));
+}
 
 TEST_F(SessionEndTest, IsToldOnceNobodyHasBeenInReachForLong) {
     const SessionEnd end(

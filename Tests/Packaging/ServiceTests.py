@@ -50,7 +50,7 @@ class Service(unittest.TestCase):
         self.assertEqual(self.value("KillMode"), "control-group")
         self.assertNotIn(("Service", "KillSignal"), self.settings)
         self.assertEqual(self.value("WatchdogSignal"), "SIGTERM")
-        self.assertGreater(int(self.value("TimeoutStopSec")), seconds_in("Platform/GuardDuty.h", "handBackLimit"))
+        self.assertGreater(int(self.value("TimeoutStopSec")), seconds_in("Platform/GuardDuty.h", "eagerTime"))
 
     def test_leaves_an_agent_that_hangs_to_its_guard_first(self):
         self.assertGreater(int(self.value("WatchdogSec")), seconds_in("Platform/GuardDuty.h", "hangLimit"))

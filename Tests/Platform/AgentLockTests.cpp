@@ -106,6 +106,36 @@ TEST_F(AgentLockTest, IsNotHeldByAProgramThatTheAgentStarts) {
     ::waitpid(child, nullptr, 0);
 }
 
+TEST_F(AgentLockTest, TakesTheLockAnewWhenItsFileIsRemoved) {
+    AgentLock lock(path);
+    const auto before = AgentLock::holder(path);
+    lock.keep();
+    std::filesystem::remove(path);
+    EXPECT_EQ(AgentLock::holder(path), std::nullopt);
+    lock.keep();
+    EXPECT_EQ(AgentLock::holder(path), before);
+    std::filesystem::remove_all(path.parent_path());
+    lock.keep();
+    EXPECT_EQ(AgentLock::holder(path), before) << "the folder is made anew as well";
+    EXPECT_EQ(refusal(), "An agent runs already: process " + std::to_string(::getpid()) + ".");
+}
+
+TEST_F(AgentLockTest, GivesWayToAnotherAgentThatCameWhileTheFileWasGone) {
+    AgentLock lock(path);
+    std::filesystem::remove(path);
+    const pid_t other = startHolder();
+    try {
+        lock.keep();
+        ADD_FAILURE() << "two agents hold the lock";
+    } catch (const AgentLock::Refused& refused) {
+        EXPECT_EQ(refused.what(), "An agent runs already: process " + std::to_string(other) + ".");
+    }
+    ASSERT_EQ(::kill(other, SIGKILL), 0);
+    ASSERT_EQ(::waitpid(other, nullptr, 0), other);
+    lock.keep();
+    EXPECT_EQ(AgentLock::holder(path)->process, ::getpid());
+}
+
 TEST_F(AgentLockTest, RefusesAFolderThatOthersCanWriteTo) {
     std::filesystem::create_directory(path.parent_path());
     ASSERT_EQ(::chmod(path.parent_path().c_str(), 0777), 0);

@@ -8,11 +8,13 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <functional>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 using namespace tervale;
 using namespace std::chrono_literals;
@@ -35,7 +37,7 @@ class GuardTest : public testing::Test {
             ::waitpid(guard, nullptr, 0);
     }
 
-    void start(int failures = 0) {
+    void start(int failures = 0, std::function<bool()> isCool = nullptr) {
         std::array<int, 2> ends{};
         ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
         guard = ::fork();
@@ -44,19 +46,22 @@ class GuardTest : public testing::Test {
             ::dup2(ends[1], STDIN_FILENO);
             ::close(ends[0]);
             ::close(ends[1]);
-            ::_exit(static_cast<int>(stand(failures)));
+            ::_exit(static_cast<int>(stand(failures, std::move(isCool))));
         }
         agent = FileDescriptor(ends[0]);
         ::close(ends[1]);
     }
-    GuardDuty::End stand(int failures) const {
+    GuardDuty::End stand(int failures, std::function<bool()> isCool) const {
         return GuardDuty{.lock = lock,
                          .hangLimit = 400ms,
                          .handBack =
                              [this, failures]() mutable {
                                  const bool done = failures-- <= 0;
                                  return ::write(writing.number(), "h", 1) == 1 && done;
-                             }}
+                             },
+                         .isCool = std::move(isCool),
+                         .eagerTime = 100ms,
+                         .pause = 20ms}
             .stand();
     }
     /// Whether the guard says something within so long.
@@ -116,6 +121,40 @@ TEST_F(GuardTest, TriesAgainUntilTheFansAreAutomatic) {
     for (int attempt = 0; attempt < 4; ++attempt)
         EXPECT_TRUE(handsBack(0ms));
     EXPECT_FALSE(handsBack(0ms));
+}
+
+TEST_F(GuardTest, GoesOnTryingLongAfterItsEagerTime) {
+    start(20);
+    ASSERT_TRUE(hears(5s));
+    agent.close();
+    EXPECT_EQ(ends(), GuardDuty::End::handedBack);
+}
+
+TEST_F(GuardTest, GivesUpOnceItsPlaceInTheSessionIsGone) {
+    start(1'000'000);
+    ASSERT_TRUE(hears(5s));
+    agent.close();
+    ASSERT_TRUE(handsBack(5s));
+    std::filesystem::remove(lock);
+    EXPECT_EQ(ends(), GuardDuty::End::notHandedBack);
+}
+
+TEST_F(GuardTest, HandsBackAtOnceForASilentAgentOnAHotMachineAndLeavesItAlive) {
+    const auto began = std::chrono::steady_clock::now();
+    start(0, [] { return false; });
+    ASSERT_TRUE(hears(5s));
+    EXPECT_TRUE(handsBack(5s));
+    EXPECT_GE(std::chrono::steady_clock::now() - began, 80ms) << "two waits are no silence";
+    giveSign();
+    EXPECT_TRUE(hears(5s)) << "the guard stays on duty";
+}
+
+TEST_F(GuardTest, IsPatientWithASilentAgentOnACoolMachine) {
+    start(0, [] { return true; });
+    ASSERT_TRUE(hears(5s));
+    EXPECT_FALSE(handsBack(250ms));
+    giveSign();
+    EXPECT_TRUE(hears(5s));
 }
 
 TEST_F(GuardTest, OutlivesTheSignalsThatEndItsAgent) {

@@ -19,4 +19,9 @@ QDBusUnixFileDescriptor FakeLoginManager::Inhibit(const QString& what, const QSt
     return writingEnd;
 }
 
+QDBusObjectPath FakeLoginManager::GetSessionByPID(uint) {
+    ++sessionsAsked;
+    return QDBusObjectPath(QString::fromLatin1(sessionPath));
+}
+
 } // namespace tervale

@@ -1,27 +1,54 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
 #include <QObject>
 #include <QStringList>
 
 #include <array>
 #include <unistd.h>
+#include <utility>
 
 namespace tervale {
 
-/// The system's login manager on a test's bus, which lets the machine sleep and wake.
+/// A session that the login manager knows.
+class FakeLoginSession : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Session")
+    Q_PROPERTY(QString State MEMBER state)
+
+  public:
+    QString state = QStringLiteral("active");
+};
+
+/// The system's login manager on a test's bus, which lets the machine sleep and wake, and knows one
+/// session.
 class FakeLoginManager : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
 
   public:
-    explicit FakeLoginManager(QDBusConnection bus) {
+    static constexpr const char* sessionPath = "/org/freedesktop/login1/session/_31";
+
+    explicit FakeLoginManager(QDBusConnection given) : bus(std::move(given)) {
         bus.registerObject(QStringLiteral("/org/freedesktop/login1"), this,
                            QDBusConnection::ExportAllContents);
+        bus.registerObject(QString::fromLatin1(sessionPath), &session,
+                           QDBusConnection::ExportAllProperties);
         bus.registerService(QStringLiteral("org.freedesktop.login1"));
     }
-    ~FakeLoginManager() override { closeReadingEnd(); }
+    ~FakeLoginManager() override {
+        bus.unregisterService(QStringLiteral("org.freedesktop.login1"));
+        bus.unregisterObject(QStringLiteral("/org/freedesktop/login1"));
+        closeReadingEnd();
+    }
+    /// Has it know no session any more, without a word.
+    void forgetSession() { bus.unregisterObject(QString::fromLatin1(sessionPath)); }
+
+    FakeLoginSession session;
+    /// How often a process has asked for its session.
+    int sessionsAsked = 0;
 
     /// The arguments of the last delay that was asked for.
     QStringList asked;
@@ -34,11 +61,15 @@ class FakeLoginManager : public QObject {
     }
 
   signals:
-    void PrepareForSleep(bool begins); // NOLINT(readability-identifier-naming)
+    // NOLINTBEGIN(readability-identifier-naming)
+    void PrepareForSleep(bool begins);
+    void SessionRemoved(const QString& id, const QDBusObjectPath& path);
+    // NOLINTEND(readability-identifier-naming)
 
   public slots:
     QDBusUnixFileDescriptor Inhibit(const QString& what, const QString& who, const QString& why,
                                     const QString& mode);
+    QDBusObjectPath GetSessionByPID(uint process);
 
   private:
     void closeReadingEnd() {
@@ -47,6 +78,7 @@ class FakeLoginManager : public QObject {
         readingEnd = -1;
     }
 
+    QDBusConnection bus;
     int readingEnd = -1;
 };
 

@@ -17,9 +17,17 @@ constexpr QLatin1String interface("org.freedesktop.login1.Manager");
 
 LoginManager::LoginManager(const QDBusConnection& systemBus, SleepHandlers given)
     : bus(systemBus),
-      handlers(std::move(given)) {
+      handlers(std::move(given)),
+      owner(name, bus, QDBusServiceWatcher::WatchForOwnerChange) {
     bus.connect(name, path, interface, QStringLiteral("PrepareForSleep"), this,
                 SLOT(prepareForSleep(bool)));
+    connect(&owner, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString&, const QString&, const QString& present) {
+                if (present.isEmpty())
+                    tell(SleepNews::untold);
+                else
+                    askForDelay();
+            });
     askForDelay();
 }
 
@@ -43,12 +51,21 @@ void LoginManager::askForDelay() {
     asking = std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(call));
     connect(asking.get(), &QDBusPendingCallWatcher::finished, this, [this] {
         const QDBusPendingReply<QDBusUnixFileDescriptor> answer = *asking;
-        // Without a delay the fans are handed back as soon as may be.
+        // Without a delay the fans are handed back as soon as may be, if the sleep is told at all.
         if (!answer.isError())
             delay = answer.value();
+        tell(answer.isError() ? SleepNews::untold : SleepNews::told);
         // The answer holds the file open as well.
         asking.release()->deleteLater();
     });
+}
+
+void LoginManager::tell(SleepNews news) {
+    // That all is well is no news at first.
+    const bool isNews = told.value_or(SleepNews::told) != news;
+    told = news;
+    if (isNews && handlers.news)
+        handlers.news(news);
 }
 
 } // namespace tervale

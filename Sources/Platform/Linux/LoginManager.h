@@ -4,10 +4,12 @@
 
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 namespace tervale {
 
@@ -22,7 +24,8 @@ namespace tervale {
 /// | Inhibit   | ("sleep", who, why, "delay") answers the file that holds the delay  |
 /// | signal    | PrepareForSleep(b): true before the sleep, false after it           |
 ///
-/// Closing the file lets the machine sleep. Main thread.
+/// Closing the file lets the machine sleep. A manager that is started anew is asked again. Main
+/// thread.
 class LoginManager final : public QObject {
     Q_OBJECT
 
@@ -34,9 +37,14 @@ class LoginManager final : public QObject {
 
   private:
     void askForDelay();
+    /// Passes on what is news.
+    void tell(SleepNews news);
 
     QDBusConnection bus;
     SleepHandlers handlers;
+    QDBusServiceWatcher owner;
+    /// Nothing until it was told.
+    std::optional<SleepNews> told;
     std::unique_ptr<QDBusPendingCallWatcher> asking;
     /// Not valid while there is no delay.
     QDBusUnixFileDescriptor delay;

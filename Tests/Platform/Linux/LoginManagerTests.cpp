@@ -15,7 +15,8 @@ class LoginManagerTest : public testing::Test {
                     delayedBefore = manager.isDelayed();
                     said += "before ";
                 },
-                [this] { said += "after "; }};
+                [this] { said += "after "; },
+                [this](SleepNews news) { said += news == SleepNews::told ? "told " : "untold "; }};
     }
 
     PrivateBus bus;
@@ -54,6 +55,26 @@ TEST_F(LoginManagerTest, HoldsNoDelayThatIsGrantedAfterTheSleepHasBegun) {
     emit manager.PrepareForSleep(true);
     ASSERT_TRUE(eventually([this] { return said == "before " && manager.delays == 1; }));
     EXPECT_TRUE(eventually([this] { return !manager.isDelayed(); }));
+}
+
+TEST(LoginManagerThatIsMissing, IsToldOfOnceAndAskedWhenItComes) {
+    PrivateBus bus;
+    std::string said;
+    const LoginManager watch(
+        bus.connect(),
+        {[&] { said += "before "; }, [&] { said += "after "; },
+         [&](SleepNews news) { said += news == SleepNews::told ? "told " : "untold "; }});
+    ASSERT_TRUE(eventually([&] { return said == "untold "; }));
+    {
+        FakeLoginManager manager(bus.connect());
+        ASSERT_TRUE(eventually([&] { return said == "untold told "; }));
+        EXPECT_TRUE(manager.isDelayed());
+        emit manager.PrepareForSleep(true);
+        ASSERT_TRUE(eventually([&] { return said == "untold told before "; }));
+    }
+    ASSERT_TRUE(eventually([&] { return said == "untold told before untold "; }));
+    FakeLoginManager manager(bus.connect());
+    EXPECT_TRUE(eventually([&] { return manager.isDelayed(); })) << "one that is started anew";
 }
 
 TEST_F(LoginManagerTest, LetsTheMachineSleepWhenItGoes) {

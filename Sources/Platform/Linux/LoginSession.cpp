@@ -1,0 +1,72 @@
+#include "Platform/Linux/LoginSession.h"
+
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include <unistd.h>
+#include <utility>
+
+namespace tervale {
+
+namespace {
+
+constexpr QLatin1String name("org.freedesktop.login1");
+constexpr QLatin1String path("/org/freedesktop/login1");
+constexpr QLatin1String interface("org.freedesktop.login1.Manager");
+constexpr QLatin1String sessionInterface("org.freedesktop.login1.Session");
+
+} // namespace
+
+LoginSession::LoginSession(const QDBusConnection& systemBus, std::function<void()> handler)
+    : bus(systemBus),
+      over(std::move(handler)) {
+    bus.connect(name, path, interface, QStringLiteral("SessionRemoved"), this,
+                SLOT(remove(QString, QDBusObjectPath)));
+    findSession();
+}
+
+void LoginSession::findSession() {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(name, path, interface, QStringLiteral("GetSessionByPID"));
+    call << static_cast<uint>(::getpid());
+    auto* asking = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
+    connect(asking, &QDBusPendingCallWatcher::finished, this, [this, asking] {
+        const QDBusPendingReply<QDBusObjectPath> answer = *asking;
+        if (!answer.isError())
+            session = answer.value().path();
+        asking->deleteLater();
+    });
+}
+
+void LoginSession::remove(const QString&, const QDBusObjectPath& removed) {
+    if (!session.isEmpty() && removed.path() == session)
+        end();
+}
+
+void LoginSession::look() {
+    if (session.isEmpty())
+        return;
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        name, session, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    call << sessionInterface << QStringLiteral("State");
+    auto* asking = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
+    connect(asking, &QDBusPendingCallWatcher::finished, this, [this, asking] {
+        const QDBusPendingReply<QDBusVariant> answer = *asking;
+        asking->deleteLater();
+        // A manager that is out of reach says nothing of the session; one that no longer has it
+        // does.
+        if (answer.isError() ? answer.error().type() == QDBusError::UnknownObject
+                             : answer.value().variant().toString() == QLatin1String("closing"))
+            end();
+    });
+}
+
+void LoginSession::end() {
+    if (const auto handler = std::exchange(over, nullptr))
+        handler();
+}
+
+} // namespace tervale

@@ -1,0 +1,71 @@
+#include "Platform/Linux/LoginSession.h"
+#include "Support/FakeLoginManager.h"
+#include "Support/PrivateBus.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+using namespace tervale;
+
+namespace {
+
+class LoginSessionTest : public testing::Test {
+  protected:
+    LoginSessionTest() {
+        EXPECT_TRUE(eventually([this] { return manager.sessionsAsked == 1; }));
+        PrivateBus::settle(connection);
+        QCoreApplication::processEvents();
+    }
+    /// Runs the event loop until what was asked and said has arrived.
+    void settle() {
+        int looks = 0;
+        eventually([&] { return ++looks > 10; });
+    }
+
+    PrivateBus bus;
+    FakeLoginManager manager{bus.connect()};
+    QDBusConnection connection = bus.connect();
+    int ends = 0;
+    LoginSession session{connection, [this] { ++ends; }};
+};
+
+} // namespace
+
+TEST_F(LoginSessionTest, IsOverOnceItIsRemoved) {
+    emit manager.SessionRemoved("7", QDBusObjectPath("/org/freedesktop/login1/session/_37"));
+    settle();
+    EXPECT_EQ(ends, 0) << "another one";
+    emit manager.SessionRemoved("1", QDBusObjectPath(FakeLoginManager::sessionPath));
+    EXPECT_TRUE(eventually([this] { return ends == 1; }));
+    emit manager.SessionRemoved("1", QDBusObjectPath(FakeLoginManager::sessionPath));
+    settle();
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(LoginSessionTest, IsOverWhenItIsClosing) {
+    session.look();
+    settle();
+    EXPECT_EQ(ends, 0);
+    manager.session.state = "closing";
+    session.look();
+    EXPECT_TRUE(eventually([this] { return ends == 1; }));
+}
+
+TEST_F(LoginSessionTest, IsOverWhenNobodyKnowsIt) {
+    manager.forgetSession();
+    session.look();
+    EXPECT_TRUE(eventually([this] { return ends == 1; }));
+}
+
+TEST(LoginSessionOfNobody, IsNeverOver) {
+    PrivateBus bus;
+    int ends = 0;
+    LoginSession session(bus.connect(), [&] { ++ends; });
+    session.look();
+    FakeLoginManager manager(bus.connect());
+    emit manager.SessionRemoved("1", QDBusObjectPath(FakeLoginManager::sessionPath));
+    int looks = 0;
+    eventually([&] { return ++looks > 10; });
+    EXPECT_EQ(ends, 0);
+}
