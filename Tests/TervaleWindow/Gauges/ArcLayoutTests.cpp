@@ -84,25 +84,25 @@ class ArcLook : public testing::TestWithParam<QPalette> {};
 TEST_P(ArcLook, HasATrackThatIsOpenAtTheBottom) {
     const Look look(GetParam(), {0, notANumber});
     for (const double angle : {225.0, 180.0, 90.0, 0.0, -45.0})
-        EXPECT_TRUE(near(look.at(onArc(angle)), look.track())) << angle;
-    EXPECT_TRUE(near(look.at(onArc(270)), look.colors.card));
-    EXPECT_TRUE(near(look.at({105, 105}), look.colors.card));
+        EXPECT_TRUE(isClose(look.at(onArc(angle)), look.track())) << angle;
+    EXPECT_TRUE(isClose(look.at(onArc(270)), look.colors.card));
+    EXPECT_TRUE(isClose(look.at({105, 105}), look.colors.card));
 }
 
 TEST_P(ArcLook, IsFilledClockwiseFromTheLowerLeft) {
     const Look look(GetParam(), {0.5, notANumber});
     EXPECT_TRUE(isFill(look.at(onArc(225))));
     EXPECT_TRUE(isFill(look.at(onArc(100))));
-    EXPECT_TRUE(near(look.at(onArc(80)), look.track()));
+    EXPECT_TRUE(isClose(look.at(onArc(80)), look.track()));
 }
 
 TEST_P(ArcLook, IsFilledLightBelowAndInTheAccentAbove) {
     const Look look(GetParam(), {1, notANumber});
-    EXPECT_TRUE(near(look.at(onArc(90)), Theme::accent(), 5));
+    EXPECT_TRUE(isClose(look.at(onArc(90)), Theme::accent(), 5));
     // At 1/√2 of the radius below the centre, 167 of 190 from the top.
-    EXPECT_TRUE(near(look.at(onArc(225)), QColor(73, 139, 243), 5));
+    EXPECT_TRUE(isClose(look.at(onArc(225)), QColor(73, 139, 243), 5));
     EXPECT_TRUE(isFill(look.at(onArc(-45))));
-    EXPECT_TRUE(near(look.at(onArc(270)), look.colors.card));
+    EXPECT_TRUE(isClose(look.at(onArc(270)), look.colors.card));
 }
 
 TEST_P(ArcLook, HasItsTickOnTheArcsLine) {
@@ -111,7 +111,7 @@ TEST_P(ArcLook, HasItsTickOnTheArcsLine) {
         QColor label = look.colors.label;
         label.setAlphaF(0.7f);
         const QColor expected = onto(look.track(), label);
-        EXPECT_TRUE(near(look.at(onArc(225 - 270 * tick)), expected, 12)) << tick;
+        EXPECT_TRUE(isClose(look.at(onArc(225 - 270 * tick)), expected, 12)) << tick;
     }
 }
 

@@ -120,24 +120,24 @@ class BarLook : public testing::TestWithParam<QPalette> {
 
 TEST_P(BarLook, ShowsARoundDotAtTheColdEndWhenEmpty) {
     const QImage image = painted(height);
-    EXPECT_TRUE(near(at(image, height / 2), ramp(0)));
-    EXPECT_TRUE(near(corner(image, 0), colors.card, 12));
-    EXPECT_TRUE(near(corner(image, height - 1), track, 25));
-    EXPECT_TRUE(near(at(image, height + 1), track));
+    EXPECT_TRUE(isClose(at(image, height / 2), ramp(0)));
+    EXPECT_TRUE(isClose(corner(image, 0), colors.card, 12));
+    EXPECT_TRUE(isClose(corner(image, height - 1), track, 25));
+    EXPECT_TRUE(isClose(at(image, height + 1), track));
 }
 
 TEST_P(BarLook, IsLitWithTheRampOfTheWholeBar) {
     const int lit = width / 2;
     const QImage image = painted(lit);
-    EXPECT_TRUE(near(at(image, lit - 50), ramp(lit - 50)));
-    EXPECT_TRUE(near(at(image, lit - 10), ramp(lit - 10)));
-    EXPECT_TRUE(near(at(image, lit + 3), track));
+    EXPECT_TRUE(isClose(at(image, lit - 50), ramp(lit - 50)));
+    EXPECT_TRUE(isClose(at(image, lit - 10), ramp(lit - 10)));
+    EXPECT_TRUE(isClose(at(image, lit + 3), track));
 }
 
 TEST_P(BarLook, IsLitToTheEndWhenFull) {
     const QImage image = painted(width);
-    EXPECT_TRUE(near(at(image, width - 5), ramp(width - 5)));
-    EXPECT_TRUE(near(corner(image, width - 1), colors.card, 12));
+    EXPECT_TRUE(isClose(at(image, width - 5), ramp(width - 5)));
+    EXPECT_TRUE(isClose(corner(image, width - 1), colors.card, 12));
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, BarLook, testing::Values(lightPalette(), darkPalette()));

@@ -150,8 +150,8 @@ TEST_F(FanDialTest, RecolorsAtOnceWhenThePaletteChanges) {
     EXPECT_TRUE(painted.contains(track));
     EXPECT_FALSE(dial.arc().isAnimating());
     const Colors dark = Colors::of(darkPalette());
-    EXPECT_TRUE(near(imageOf(dial).pixelColor(track), onto(dark.window, dark.quaternary)));
-    EXPECT_FALSE(near(before, imageOf(dial).pixelColor(track)));
+    EXPECT_TRUE(isClose(imageOf(dial).pixelColor(track), onto(dark.window, dark.quaternary)));
+    EXPECT_FALSE(isClose(before, imageOf(dial).pixelColor(track)));
 }
 
 TEST_F(FanDialTest, DrawsNothingForLimitsWithoutASpan) {
@@ -188,5 +188,5 @@ TEST_F(FanDialTest, HasRoomForItsMarginsAndItsTicksOverhang) {
     dial.set(top);
     const QImage image = imageOf(dial);
     const QColor ground = dial.palette().color(QPalette::Window);
-    EXPECT_FALSE(near(image.pixelColor(99, 1), ground, 40));
+    EXPECT_FALSE(isClose(image.pixelColor(99, 1), ground, 40));
 }

@@ -58,7 +58,7 @@ QImage imageOf(QWidget& widget) {
     return image;
 }
 
-bool near(const QColor& first, const QColor& second, int tolerance) {
+bool isClose(const QColor& first, const QColor& second, int tolerance) {
     return std::abs(first.red() - second.red()) <= tolerance &&
            std::abs(first.green() - second.green()) <= tolerance &&
            std::abs(first.blue() - second.blue()) <= tolerance;

@@ -23,6 +23,6 @@ QRegion paintedDuring(QWidget& widget, const std::function<void()>& action);
 QImage imageOf(QWidget& widget);
 
 /// Whether two colours are equal but for the rounding of blends.
-bool near(const QColor& first, const QColor& second, int tolerance = 3);
+bool isClose(const QColor& first, const QColor& second, int tolerance = 3);
 
 } // namespace tervale
