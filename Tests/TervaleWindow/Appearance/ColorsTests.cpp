@@ -1,5 +1,6 @@
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Support/Contrast.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -7,37 +8,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <vector>
 
 using namespace tervale;
 
 namespace {
-
-QColor over(const QColor& ground, const QColor& color) {
-    const auto mix = [&](float below, float above) {
-        return below + color.alphaF() * (above - below);
-    };
-    return QColor::fromRgbF(mix(ground.redF(), color.redF()), mix(ground.greenF(), color.greenF()),
-                            mix(ground.blueF(), color.blueF()));
-}
-
-double luminance(const QColor& color) {
-    const auto linear = [](float component) {
-        const double value = static_cast<double>(component);
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& ground, const QColor& color) {
-    const double first = luminance(ground);
-    const double second = luminance(over(ground, color));
-    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
-}
 
 void expectNear(const QColor& color, QRgb expected) {
     EXPECT_LE(std::abs(color.red() - qRed(expected)), 1) << color.name().toStdString();
@@ -61,11 +37,11 @@ TEST(Colors, OfTheLightPalette) {
     expectNear(colors.card, 0xffffff);
     expectNear(colors.label, 0x1d1d1f);
     expectNear(colors.control, 0xffffff);
-    expectNear(over(colors.card, colors.secondary), 0x7a7a7a);
-    expectNear(over(colors.card, colors.quaternary), 0xe8e8e8);
-    expectNear(over(colors.card, colors.line), 0xebebeb);
-    expectNear(over(colors.card, colors.controlLine), 0xdbdbdb);
-    expectNear(over(colors.card, colors.plot), 0xf9f9f9);
+    expectNear(onto(colors.card, colors.secondary), 0x7a7a7a);
+    expectNear(onto(colors.card, colors.quaternary), 0xe8e8e8);
+    expectNear(onto(colors.card, colors.line), 0xebebeb);
+    expectNear(onto(colors.card, colors.controlLine), 0xdbdbdb);
+    expectNear(onto(colors.card, colors.plot), 0xf9f9f9);
     expectNear(colors.warning, 0xd9730d);
     expectNear(colors.accentLabel, Theme::accent().rgb());
 }
@@ -78,10 +54,10 @@ TEST(Colors, OfTheDarkPalette) {
     expectNear(colors.card, 0x2a2a2d);
     expectNear(colors.label, 0xf5f5f7);
     expectNear(colors.control, 0x3a3a3e);
-    expectNear(over(colors.card, colors.secondary), 0xa1a1a3);
-    expectNear(over(colors.card, colors.quaternary), 0x444446);
-    expectNear(over(colors.card, colors.line), 0x3b3b3e);
-    expectNear(over(colors.card, colors.plot), 0x303033);
+    expectNear(onto(colors.card, colors.secondary), 0xa1a1a3);
+    expectNear(onto(colors.card, colors.quaternary), 0x444446);
+    expectNear(onto(colors.card, colors.line), 0x3b3b3e);
+    expectNear(onto(colors.card, colors.plot), 0x303033);
     expectNear(colors.warning, 0xff9f43);
     expectNear(colors.accentLabel, 0x5b9bff);
 }
@@ -107,7 +83,7 @@ TEST_P(HighContrast, KeepsEverythingReadable) {
     }
     EXPECT_GE(contrast(colors.card, colors.line), 3);
     EXPECT_GE(contrast(colors.card, colors.controlLine), 3);
-    EXPECT_GE(contrast(over(colors.card, colors.quaternary), colors.secondary), 4.5);
+    EXPECT_GE(contrast(onto(colors.card, colors.quaternary), colors.secondary), 4.5);
 }
 
 INSTANTIATE_TEST_SUITE_P(Colors, HighContrast,
