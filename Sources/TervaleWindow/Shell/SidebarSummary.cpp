@@ -23,17 +23,18 @@ SidebarSummary::SidebarSummary(Model& modelShown, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(10, 10, 10, 10);
     column->setSpacing(6);
-    fan = addRow(Symbol::fan);
-    processor = addRow(Symbol::cpu);
+    fan = addRow(Symbol::fan, tr("Fan %1").arg(1));
+    processor = addRow(Symbol::cpu, tr("CPU, core average"));
     connect(&model, &Model::fansChanged, this, &SidebarSummary::updateFan);
     connect(&model, &Model::summaryChanged, this, &SidebarSummary::updateProcessor);
     updateFan();
     updateProcessor();
 }
 
-SidebarSummary::Row SidebarSummary::addRow(Symbol symbol) {
+SidebarSummary::Row SidebarSummary::addRow(Symbol symbol, const QString& title) {
     const Row row{new QWidget, new SymbolView(symbol, 16),
-                  new TabularLabel(roundedFont(fontSize::body, QFont::Medium))};
+                  new TabularLabel(roundedFont(fontSize::body, QFont::Medium)), title};
+    row.widget->setToolTip(title);
     row.figure->setLineHeight(18);
     auto* parts = new QHBoxLayout(row.widget);
     parts->setContentsMargins(0, 0, 0, 0);
@@ -44,11 +45,17 @@ SidebarSummary::Row SidebarSummary::addRow(Symbol symbol) {
     return row;
 }
 
+void SidebarSummary::showFigure(const Row& row, const QString& figure) {
+    row.figure->setText(figure);
+    // The symbol, which tells people what the figure is of, is not spoken.
+    row.figure->setAccessibleName(tr("%1, %2").arg(row.title, figure));
+}
+
 void SidebarSummary::updateFan() {
     fan.widget->setVisible(!model.fans().empty());
     if (!model.fans().empty())
-        fan.figure->setText(
-            QStringLiteral("%1 rpm").arg(truncatedToInteger(model.fans().front().actual)));
+        showFigure(fan,
+                   QStringLiteral("%1 rpm").arg(truncatedToInteger(model.fans().front().actual)));
 }
 
 void SidebarSummary::updateProcessor() {
@@ -56,7 +63,7 @@ void SidebarSummary::updateProcessor() {
     processor.widget->setVisible(temperature.has_value());
     if (!temperature)
         return;
-    processor.figure->setText(celsius(*temperature));
+    showFigure(processor, celsius(*temperature));
     processor.figure->setForeground(ThermalColor{*temperature});
     processor.symbol->setForeground(Theme::thermal(*temperature));
 }

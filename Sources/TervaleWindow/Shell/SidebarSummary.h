@@ -3,6 +3,7 @@
 #include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Model/Model.h"
 
+#include <QString>
 #include <QWidget>
 
 namespace tervale {
@@ -11,7 +12,7 @@ class TabularLabel;
 class SymbolView;
 
 /// The first fan's speed and the CPU's average temperature; a row is there only while its figure
-/// is.
+/// is. What the figures are of is in the tooltips and in their accessible names.
 class SidebarSummary final : public QWidget {
     Q_OBJECT
 
@@ -27,9 +28,11 @@ class SidebarSummary final : public QWidget {
         QWidget* widget;
         SymbolView* symbol;
         TabularLabel* figure;
+        QString title;
     };
 
-    Row addRow(Symbol symbol);
+    Row addRow(Symbol symbol, const QString& title);
+    static void showFigure(const Row& row, const QString& figure);
     void updateFan();
     void updateProcessor();
 

@@ -166,6 +166,21 @@ TEST_F(Content, LeavesOutOfTheSummaryWhatIsNotThere) {
     EXPECT_TRUE(view->findChild<SidebarSummary*>()->isVisible());
 }
 
+TEST_F(Content, SaysWhatTheFiguresOfTheSummaryAreOf) {
+    controller.setFan(0, 1200, 1200);
+    controller.set("Tp01", 50);
+    show();
+    model->refresh();
+    QStringList spoken;
+    QStringList tips;
+    for (auto* figure : view->findChild<SidebarSummary*>()->findChildren<TabularLabel*>()) {
+        spoken << QAccessible::queryAccessibleInterface(figure)->text(QAccessible::Name);
+        tips << figure->parentWidget()->toolTip();
+    }
+    EXPECT_EQ(spoken, (QStringList{"Fan 1, 1200 rpm", "CPU, core average, 50 °C"}));
+    EXPECT_EQ(tips, (QStringList{"Fan 1", "CPU, core average"}));
+}
+
 TEST_F(Content, UpdatesTheSummary) {
     controller.setFan(0, 1200, 1200);
     controller.set("Tp01", 50);
