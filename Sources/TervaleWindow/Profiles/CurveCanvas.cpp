@@ -51,6 +51,7 @@ CurveCanvas::CurveCanvas(ClosedRange range, const QString& unit, PlotInsets inse
     registerAccessibleCurve();
     editing.range = range;
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
     setAccessibleName(tr("Fan speed curve"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
@@ -64,6 +65,7 @@ void CurveCanvas::setCurve(const Curve& curve) {
         editing.replace(curve);
         endGesture();
     }
+    hover(pointer);
     tellPosition();
     update();
 }
@@ -117,6 +119,7 @@ void CurveCanvas::beginGesture(QMouseEvent& event, Press press) {
     endGesture();
     gesture = Gesture{event.position(), press};
     dragTo(event.position());
+    hover(event.position());
 }
 
 void CurveCanvas::mouseMoveEvent(QMouseEvent* event) {
@@ -124,6 +127,26 @@ void CurveCanvas::mouseMoveEvent(QMouseEvent* event) {
         endGesture();
     else if (gesture)
         dragTo(event->position());
+    hover(event->position());
+}
+
+void CurveCanvas::leaveEvent(QEvent* event) {
+    hover(std::nullopt);
+    QWidget::leaveEvent(event);
+}
+
+void CurveCanvas::hover(std::optional<QPointF> location) {
+    pointer = location;
+    const auto before = editing.hovered;
+    editing.hover(location ? std::optional(toPlotPoint(*location)) : std::nullopt, plot());
+    if (editing.dragging)
+        setCursor(Qt::ClosedHandCursor);
+    else if (editing.hovered)
+        setCursor(Qt::OpenHandCursor);
+    else
+        unsetCursor();
+    if (editing.hovered != before)
+        update();
 }
 
 void CurveCanvas::mouseReleaseEvent(QMouseEvent* event) {
@@ -136,12 +159,16 @@ void CurveCanvas::mouseReleaseEvent(QMouseEvent* event) {
     const QPointF way = event->position() - gesture->start;
     const bool tapped = gesture->press == Press::second &&
                         way.manhattanLength() < QApplication::startDragDistance();
+    const bool addedNone = !editing.dragging && editing.full();
     endGesture();
     if (tapped) {
         edit([this, event](CurveEditing& state) {
             return state.removePoint(toPlotPoint(event->position()), plot());
         });
     }
+    hover(event->position());
+    if (addedNone)
+        showFull(event->position());
 }
 
 void CurveCanvas::dragTo(QPointF location) {
@@ -155,6 +182,8 @@ void CurveCanvas::dragTo(QPointF location) {
     });
     if (editing.dragging)
         showPosition();
+    else if (editing.full())
+        showFull(gesture->start);
 }
 
 void CurveCanvas::endGesture() {
@@ -164,6 +193,7 @@ void CurveCanvas::endGesture() {
     editing.endDrag();
     QToolTip::hideText();
     update();
+    hover(pointer);
 }
 
 void CurveCanvas::keyPressEvent(QKeyEvent* event) {
@@ -188,7 +218,7 @@ bool CurveCanvas::editByKey(const QKeyEvent& event) {
         return true;
     case Qt::Key_Insert:
     case Qt::Key_Plus:
-        edit([](CurveEditing& state) { return state.insertAfterChosen(); });
+        insertByKey();
         return true;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
@@ -197,6 +227,13 @@ bool CurveCanvas::editByKey(const QKeyEvent& event) {
     default:
         return false;
     }
+}
+
+void CurveCanvas::insertByKey() {
+    const bool wasFull = editing.full();
+    edit([](CurveEditing& state) { return state.insertAfterChosen(); });
+    if (wasFull)
+        showFull(chosenPlace());
 }
 
 void CurveCanvas::focusInEvent(QFocusEvent* event) {
@@ -213,6 +250,7 @@ void CurveCanvas::focusOutEvent(QFocusEvent* event) {
 
 void CurveCanvas::hideEvent(QHideEvent* event) {
     endGesture();
+    hover(std::nullopt);
     QWidget::hideEvent(event);
 }
 
@@ -246,12 +284,24 @@ void CurveCanvas::tellPosition() {
     tellCurvePosition(*this);
 }
 
-void CurveCanvas::showPosition() {
+QPointF CurveCanvas::chosenPlace() const {
     if (!editing.chosen)
-        return;
+        return rect().center();
     const PlotPoint point =
         CurvePlot{plot(), editing.range}.position(editing.curve.points[*editing.chosen]);
-    QToolTip::showText(mapToGlobal(QPointF(point.x, point.y).toPoint()), chosenPosition(), this);
+    return {point.x, point.y};
+}
+
+void CurveCanvas::showPosition() {
+    if (editing.chosen)
+        QToolTip::showText(mapToGlobal(chosenPlace().toPoint()), chosenPosition(), this);
+}
+
+void CurveCanvas::showFull(QPointF location) {
+    QToolTip::showText(
+        mapToGlobal(location.toPoint()),
+        tr("A curve has at most %1 points. Remove one to add another.").arg(Profile::maxPoints),
+        this);
 }
 
 } // namespace tervale

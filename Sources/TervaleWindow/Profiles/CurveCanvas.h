@@ -13,9 +13,10 @@
 namespace tervale {
 
 /// The plot of a curve, edited by pointer and keys. It shows the curve that it was given and asks
-/// for what is to be done to it. Pressing takes hold of a point or adds one, a
-/// double click removes one. Left and Right choose a point; arrows with Alt move it by one unit or
-/// one percent, with Shift as well by ten; Insert or + adds one after it; Delete removes it.
+/// for what is to be done to it. The point under the pointer is marked. Pressing takes hold of a
+/// point or adds one, a double click removes one. Left and Right choose a point; arrows with Alt
+/// move it by one unit or one percent, with Shift as well by ten; Insert or + adds one after it;
+/// Delete removes it.
 class CurveCanvas final : public QWidget {
     Q_OBJECT
 
@@ -50,6 +51,7 @@ class CurveCanvas final : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -65,18 +67,27 @@ class CurveCanvas final : public QWidget {
     void beginGesture(QMouseEvent& event, Press press);
     void dragTo(QPointF location);
     void endGesture();
+    /// Marks the point under the pointer, which is beside the canvas without a location.
+    void hover(std::optional<QPointF> location);
     bool editByKey(const QKeyEvent& event);
+    void insertByKey();
     /// Runs one step of the state machine, and tells everybody what it changed.
     void edit(const std::function<std::optional<CurveEdit>(CurveEditing&)>& step);
     void choose(CurveEditing::Direction direction);
     void tellPosition();
     void showPosition();
+    /// Where the chosen point is, or else the middle.
+    QPointF chosenPlace() const;
+    /// Says why no point is added.
+    void showFull(QPointF location);
 
     CurveEditing editing;
     std::string unit;
     PlotInsets insets;
     std::optional<double> marker;
     std::optional<Gesture> gesture;
+    /// Where the pointer is on the canvas.
+    std::optional<QPointF> pointer;
     /// What comes by `setCurve` is the answer to an edit.
     bool asking = false;
 };

@@ -46,7 +46,7 @@ void layCurve(CurveDrawing& drawing, const CurvePlot& plot, const CurveEditing& 
         drawing.line.push_back(middle);
         drawing.knots.push_back(
             {middle, dragged ? CurveDrawing::draggedKnotRadius : CurveDrawing::knotRadius,
-             points[index].x, editing.chosen == index});
+             points[index].x, editing.chosen == index, editing.hovered == index});
     }
     drawing.line.push_back({plot.rect.right(), plot.positionOfSpeed(points.back().speed)});
 }

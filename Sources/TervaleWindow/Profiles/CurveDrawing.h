@@ -36,6 +36,8 @@ struct CurveDrawing {
         double radius = 0;
         double x = 0;
         bool chosen = false;
+        /// The pointer is at it.
+        bool hovered = false;
         bool operator==(const Knot&) const = default;
     };
 

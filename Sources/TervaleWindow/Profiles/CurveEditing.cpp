@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <vector>
 
 namespace tervale {
@@ -14,10 +15,30 @@ double wholePercent(double speed) {
     return std::round(speed * 100) / 100;
 }
 
+/// The one point that was moved, added or removed between the two, as an index of the second.
+std::optional<std::size_t> changedPoint(const Curve& from, const Curve& to) {
+    const std::vector<CurvePoint>& old = from.points;
+    const std::vector<CurvePoint>& other = to.points;
+    const auto [first, firstOther] =
+        std::mismatch(old.begin(), old.end(), other.begin(), other.end());
+    const auto [last, lastOther] =
+        std::mismatch(old.rbegin(), std::make_reverse_iterator(first), other.rbegin(),
+                      std::make_reverse_iterator(firstOther));
+    if (last.base() - first > 1 || lastOther.base() - firstOther > 1 || other.empty())
+        return std::nullopt;
+    return std::min(static_cast<std::size_t>(firstOther - other.begin()), other.size() - 1);
+}
+
 } // namespace
 
 bool CurveEditing::full() const {
     return curve.points.size() >= static_cast<std::size_t>(Profile::maxPoints);
+}
+
+void CurveEditing::hover(const std::optional<PlotPoint>& location, const PlotRect& plot) {
+    hovered = dragging;
+    if (!dragging && location && !plot.isEmpty())
+        hovered = CurvePlot{plot, range}.nearest(*location, curve);
 }
 
 std::optional<CurveEdit> CurveEditing::takeHold(const PlotPoint& start, const PlotRect& plot) {
@@ -92,7 +113,7 @@ void CurveEditing::follow(const Curve& edited) {
 }
 
 void CurveEditing::holdWhatIsThere() {
-    for (auto* held : {&dragging, &chosen}) {
+    for (auto* held : {&dragging, &chosen, &hovered}) {
         if (*held && **held >= curve.points.size())
             held->reset();
     }
@@ -102,6 +123,8 @@ void CurveEditing::replace(const Curve& other) {
     if (other == curve)
         return;
     dragging.reset();
+    if (const auto changed = changedPoint(curve, other))
+        chosen = changed;
     follow(other);
 }
 

@@ -25,7 +25,14 @@ struct CurveEditing {
     std::optional<std::size_t> dragging;
     /// The point that the keys act on; what the pointer holds is chosen too.
     std::optional<std::size_t> chosen;
+    /// The point that the pointer is at, whether it holds it or not.
+    std::optional<std::size_t> hovered;
 
+    /// Whether no point can be added.
+    bool full() const;
+
+    /// Follows the pointer, which is elsewhere without a location.
+    void hover(const std::optional<PlotPoint>& location, const PlotRect& plot);
     /// Takes hold of the point under `start`, or else asks for one there, which it holds then.
     std::optional<CurveEdit> takeHold(const PlotPoint& start, const PlotRect& plot);
     /// Brings the point that is held to `location`.
@@ -36,7 +43,8 @@ struct CurveEditing {
 
     /// Takes the curve that came of its own edit.
     void follow(const Curve& edited);
-    /// Takes a curve from elsewhere. One that differs ends a gesture.
+    /// Takes a curve from elsewhere. One that differs ends a gesture; if it differs by one point,
+    /// that is chosen.
     void replace(const Curve& other);
 
     /// Lets go of a point that the curve does not have.
@@ -58,7 +66,6 @@ struct CurveEditing {
     /// As far as the neighbours and the range let it.
     std::optional<CurveEdit> move(std::size_t index, const CurvePoint& to) const;
     CurveEdit remove(std::size_t index);
-    bool full() const;
 };
 
 } // namespace tervale

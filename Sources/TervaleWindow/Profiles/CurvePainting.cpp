@@ -24,6 +24,8 @@ constexpr qreal markerWidth = 1.5;
 constexpr qreal dashOn = 4;
 constexpr qreal dashOff = 3;
 constexpr qreal focusGap = 2;
+constexpr qreal hoverGap = 4;
+constexpr qreal hoverWidth = 1.5;
 
 QPointF toPointF(const PlotPoint& point) {
     return {point.x, point.y};
@@ -123,6 +125,11 @@ void paintKnots(QPainter& painter, const CurveDrawing& drawing, const Colors& co
             const qreal reach = knot.radius + focusGap;
             const QRectF shape(middle - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach));
             paintFocusRing(painter, shape, reach, colors);
+        } else if (knot.hovered) {
+            const qreal reach = knot.radius + hoverGap;
+            painter.setPen(QPen(knotColor(drawing, knot.x), hoverWidth));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawEllipse(middle, reach, reach);
         }
         painter.setPen(QPen(knotColor(drawing, knot.x), ringWidth));
         painter.setBrush(Qt::white);

@@ -118,6 +118,80 @@ TEST_F(CurveCanvasPointer, LetsGoOnceTheButtonIsNoLongerDown) {
     EXPECT_EQ(points(), usual.points);
 }
 
+TEST_F(CurveCanvasPointer, MarksThePointUnderThePointer) {
+    const QImage before = canvas.grab().toImage();
+    QTest::mouseMove(&canvas, at(60, 0.35) + QPoint(8, 0));
+    EXPECT_EQ(canvas.state().hovered, 1U);
+    EXPECT_EQ(canvas.cursor().shape(), Qt::OpenHandCursor);
+    EXPECT_NE(canvas.grab().toImage(), before);
+    QTest::mouseMove(&canvas, at(70, 0.1));
+    EXPECT_EQ(canvas.state().hovered, std::nullopt);
+    EXPECT_EQ(canvas.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(canvas.grab().toImage(), before);
+}
+
+TEST_F(CurveCanvasPointer, HoldsThePointThatIsDraggedBeyondItsReach) {
+    press(at(60, 0.35));
+    EXPECT_EQ(canvas.cursor().shape(), Qt::ClosedHandCursor);
+    moveTo(at(100, 0.35));
+    EXPECT_EQ(canvas.state().hovered, 1U);
+    release(at(100, 0.35));
+    EXPECT_EQ(canvas.state().hovered, std::nullopt);
+    EXPECT_EQ(canvas.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(CurveCanvasPointer, MarksNoPointOnceThePointerHasLeftOrThePointHas) {
+    QTest::mouseMove(&canvas, at(60, 0.35));
+    canvas.setCurve({{{30, 0.1}, {90, 0.9}}});
+    EXPECT_EQ(canvas.state().hovered, std::nullopt);
+    canvas.setCurve(usual);
+    EXPECT_EQ(canvas.state().hovered, 1U);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&canvas, &leave);
+    EXPECT_EQ(canvas.state().hovered, std::nullopt);
+}
+
+/// A curve that has as many points as it may.
+class FullCurveCanvas : public CurveCanvasPointer {
+  protected:
+    FullCurveCanvas() {
+        Curve full;
+        for (int index = 0; index < Profile::maxPoints; ++index)
+            full.points.push_back({25.0 + 10 * index, 0.5});
+        canvas.setCurve(full);
+        QToolTip::hideText();
+    }
+    const std::string reason = "A curve has at most 8 points. Remove one to add another.";
+};
+
+TEST_F(FullCurveCanvas, SaysWhyAClickAddsNoPoint) {
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, at(50, 0.1));
+    EXPECT_EQ(points().size(), 8U);
+    EXPECT_TRUE(QToolTip::isVisible());
+    EXPECT_EQ(QToolTip::text().toStdString(), reason);
+    // No longer than until something is done.
+    press(at(25, 0.5));
+    moveTo(at(26, 0.6));
+    EXPECT_EQ(QToolTip::text().toStdString(), "26 °C, 60%");
+}
+
+TEST_F(FullCurveCanvas, SaysWhyAKeyAddsNoPoint) {
+    key(Qt::Key_Delete);
+    key(Qt::Key_Insert);
+    EXPECT_EQ(points().size(), 8U);
+    EXPECT_NE(QToolTip::text().toStdString(), reason);
+    key(Qt::Key_Insert);
+    EXPECT_EQ(points().size(), 8U);
+    EXPECT_EQ(QToolTip::text().toStdString(), reason);
+}
+
+TEST_F(FullCurveCanvas, SaysNothingWhereTheLastPointIsAdded) {
+    key(Qt::Key_Delete);
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, at(105, 0.2));
+    EXPECT_EQ(points().size(), 8U);
+    EXPECT_NE(QToolTip::text().toStdString(), reason);
+}
+
 TEST(CurveCanvasSize, EditsNothingWithoutAnyRoom) {
     CurveCanvas canvas({20, 110}, QStringLiteral("°C"), insets);
     canvas.setCurve(usual);

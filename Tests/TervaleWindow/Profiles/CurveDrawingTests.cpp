@@ -65,7 +65,7 @@ TEST(CurveDrawing, MarksTheCurrentValue) {
 }
 
 TEST(CurveDrawing, TellsLoadFromTemperatureByItsUnit) {
-    const CurveDrawing drawing = drawingOf({{}, {0, 100}, {}, {}}, "%", 42.0, plotRect);
+    const CurveDrawing drawing = drawingOf({{}, {0, 100}, {}, {}, {}}, "%", 42.0, plotRect);
     EXPECT_TRUE(drawing.load);
     EXPECT_EQ(drawing.units[1].text, "20%");
     EXPECT_EQ(drawing.marker->text, "now 42%");
