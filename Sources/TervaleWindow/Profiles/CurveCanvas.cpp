@@ -117,6 +117,7 @@ void CurveCanvas::beginGesture(QMouseEvent& event, Press press) {
     }
     // The release of the gesture before may have been lost.
     endGesture();
+    emit settled();
     gesture = Gesture{event.position(), press};
     dragTo(event.position());
     hover(event.position());
@@ -165,6 +166,7 @@ void CurveCanvas::mouseReleaseEvent(QMouseEvent* event) {
         edit([this, event](CurveEditing& state) {
             return state.removePoint(toPlotPoint(event->position()), plot());
         });
+        emit settled();
     }
     hover(event->position());
     if (addedNone)
@@ -194,6 +196,7 @@ void CurveCanvas::endGesture() {
     QToolTip::hideText();
     update();
     hover(pointer);
+    emit settled();
 }
 
 void CurveCanvas::keyPressEvent(QKeyEvent* event) {
@@ -205,6 +208,8 @@ bool CurveCanvas::editByKey(const QKeyEvent& event) {
     const double size = event.modifiers().testFlag(Qt::ShiftModifier) ? largeStep : smallStep;
     const auto step = stepOf(event.key(), size);
     if (step && event.modifiers().testFlag(Qt::AltModifier)) {
+        if (moves.beginsWith(event))
+            emit settled();
         edit([&step](CurveEditing& state) { return state.moveChosen(step->units, step->percent); });
         showPosition();
         return true;
@@ -232,6 +237,7 @@ bool CurveCanvas::editByKey(const QKeyEvent& event) {
 void CurveCanvas::insertByKey() {
     const bool wasFull = editing.full();
     edit([](CurveEditing& state) { return state.insertAfterChosen(); });
+    emit settled();
     if (wasFull)
         showFull(chosenPlace());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TervaleWindow/Profiles/CurveEditing.h"
+#include "TervaleWindow/Profiles/KeyBurst.h"
 
 #include <QPointF>
 #include <QString>
@@ -44,6 +45,8 @@ class CurveCanvas final : public QWidget {
   signals:
     /// The user wants this done to the curve, whose owner shows what came of it by `setCurve`.
     void edited(const tervale::CurveEdit& edit);
+    /// What was edited so far is complete: a gesture of the pointer, or a burst of key presses.
+    void settled();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -88,6 +91,7 @@ class CurveCanvas final : public QWidget {
     std::optional<Gesture> gesture;
     /// Where the pointer is on the canvas.
     std::optional<QPointF> pointer;
+    KeyBurst moves;
     /// What comes by `setCurve` is the answer to an edit.
     bool asking = false;
 };

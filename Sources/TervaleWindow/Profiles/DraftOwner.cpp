@@ -1,7 +1,11 @@
 #include "TervaleWindow/Profiles/DraftOwner.h"
 
+#include "Base/Overloaded.h"
 #include "JSON/JSON.h"
 #include "Profiles/Bridge.h"
+
+#include <QScopedValueRollback>
+#include <QUndoCommand>
 
 #include <algorithm>
 #include <numeric>
@@ -20,11 +24,80 @@ std::size_t textSizeOf(const Profile& profile) {
     }
 }
 
+/// What the menu calls it.
+QString nameOf(const CurveEdit& edit) {
+    return std::visit(overloaded{
+                          [](const curveEdit::Add&) { return DraftOwner::tr("Add Point"); },
+                          [](const curveEdit::Move&) { return DraftOwner::tr("Move Point"); },
+                          [](const curveEdit::Remove&) { return DraftOwner::tr("Remove Point"); },
+                      },
+                      edit);
+}
+
+QString nameOf(const WindowEdit& edit) {
+    return std::visit(
+        overloaded{
+            [](const windowEdit::Add&) { return DraftOwner::tr("Add Window"); },
+            [](const windowEdit::Remove&) { return DraftOwner::tr("Remove Window"); },
+            [](const windowEdit::SetTime&) { return DraftOwner::tr("Change Time"); },
+            [](const windowEdit::SetChoice&) { return DraftOwner::tr("Change Action"); },
+            [](const windowEdit::SetSpeed&) { return DraftOwner::tr("Change Speed"); },
+        },
+        edit);
+}
+
+QString nameOf(const ProfileEdit& edit) {
+    return std::visit(
+        overloaded{
+            [](const profileEdit::Rename&) { return DraftOwner::tr("Rename Profile"); },
+            [](const profileEdit::FollowInput&) { return DraftOwner::tr("Change Reading"); },
+            [](const CurveEdit& curveEdit) { return nameOf(curveEdit); },
+            [](const WindowEdit& windowEdit) { return nameOf(windowEdit); },
+        },
+        edit);
+}
+
 } // namespace
+
+/// A step in the toolkit's history. The step is taken already when the command is made.
+class DraftOwner::Command final : public QUndoCommand {
+  public:
+    Command(DraftOwner& owner, const QString& name, DraftStep taken, int run)
+        : QUndoCommand(name),
+          owner(owner),
+          step(std::move(taken)),
+          run(run) {}
+
+    int id() const override { return run; }
+    bool mergeWith(const QUndoCommand* next) override {
+        step.append(static_cast<const Command*>(next)->step);
+        // A point that was brought back to where it was, or a name that is the old one again.
+        setObsolete(step.changesNothing());
+        return true;
+    }
+    void undo() override { owner.take(step, &DraftStep::undo); }
+    void redo() override {
+        if (!std::exchange(pushed, true))
+            return;
+        owner.take(step, &DraftStep::redo);
+    }
+
+  private:
+    DraftOwner& owner;
+    DraftStep step;
+    int run;
+    /// The history calls `redo` when it is given the command.
+    bool pushed = false;
+};
 
 DraftOwner::DraftOwner(Validator validator, QObject* parent)
     : QObject(parent),
       validator(std::move(validator)) {}
+
+DraftOwner::~DraftOwner() {
+    // The history tells of its end, when its listeners may be half gone.
+    steps.disconnect();
+}
 
 DraftOwner::Problems DraftOwner::problemsOfSelected() const {
     const Profile* profile = selected();
@@ -47,28 +120,50 @@ void DraftOwner::select(const std::optional<UUID>& id) {
     if (id == working.selection)
         return;
     working.selection = id;
+    settle();
     emit selectionChanged();
     emit changed();
 }
 
 void DraftOwner::add(const std::string& name, const ProfileKind& kind) {
-    change([&] { working.add(name, kind); });
+    changeAsStep(tr("Add Profile"), [&] { working.add(name, kind); });
 }
 
 void DraftOwner::duplicate() {
-    change([this] { working.duplicate(); });
+    changeAsStep(tr("Duplicate Profile"), [this] { working.duplicate(); });
 }
 
 void DraftOwner::remove() {
-    change([this] { working.remove(); });
+    changeAsStep(tr("Remove Profile"), [this] { working.remove(); });
 }
 
 void DraftOwner::revert() {
-    change([this] { working.revert(); });
+    changeAsStep(tr("Revert"), [this] { working.revert(); });
+}
+
+const std::vector<Profile>& DraftOwner::takeToSave() {
+    settle();
+    if (sent.empty() || sent.back() != profiles())
+        sent.push_back(profiles());
+    return profiles();
+}
+
+bool DraftOwner::wasSent(const std::vector<Profile>& list) {
+    const auto confirmed = std::find(sent.begin(), sent.end(), list);
+    if (confirmed == sent.end())
+        return false;
+    sent.erase(sent.begin(), confirmed + 1);
+    return true;
 }
 
 void DraftOwner::follow(bool connected, const std::vector<Profile>& list) {
+    const bool known = wasSent(list) || list == working.saved || list == profiles();
+    const std::vector<Profile> before = profiles();
     change([&] { working.follow(connected, list); });
+    if (!known || profiles() != before) {
+        settle();
+        steps.clear();
+    }
 }
 
 template <class Change>
@@ -86,6 +181,47 @@ void DraftOwner::change(const Change& change) {
     emit changed();
 }
 
+template <class Change>
+void DraftOwner::changeAsStep(const QString& name, const Change& changeList) {
+    settle();
+    change([&] {
+        const ProfilesDraft before = working;
+        changeList();
+        if (working.profiles != before.profiles)
+            steps.push(new Command(*this, name, stepBetween(before, working), ++run));
+    });
+}
+
+void DraftOwner::settle() {
+    going.reset();
+}
+
+void DraftOwner::undo() {
+    settle();
+    steps.undo();
+}
+
+void DraftOwner::redo() {
+    settle();
+    steps.redo();
+}
+
+void DraftOwner::take(const DraftStep& step, Way way) {
+    const QScopedValueRollback guard(stepping, true);
+    (step.*way)(working);
+    if (step.isEdit())
+        judge(step.place);
+    else
+        judgeAll();
+    emit listChanged();
+    emit changed();
+}
+
+void DraftOwner::judge(std::size_t index) {
+    found[index] = validator(profiles()[index], profiles());
+    textSizes[index] = textSizeOf(profiles()[index]);
+}
+
 void DraftOwner::judgeAll() {
     found.clear();
     textSizes.clear();
@@ -96,16 +232,25 @@ void DraftOwner::judgeAll() {
 }
 
 void DraftOwner::perform(const ProfileEdit& edit) {
+    const Profile* profile = selected();
+    if (!profile || stepping)
+        return;
+    const Profile before = *profile;
     const auto index = working.perform(edit);
     if (!index)
         return;
+    const Profile& after = profiles()[*index];
+    const auto target = targetOf(edit, after);
+    if (!target || target != going)
+        ++run;
+    going = target;
+    steps.push(new Command(*this, nameOf(edit),
+                           {*index, {before}, {after}, working.selection, working.selection}, run));
     // No edit changes a profile's id or kind, which is all that the others' problems depend on.
-    Problems problems = validator(profiles()[*index], profiles());
-    const bool judged = problems != found[*index];
-    found[*index] = std::move(problems);
-    textSizes[*index] = textSizeOf(profiles()[*index]);
+    const Problems problems = found[*index];
+    judge(*index);
     emit edited(edit, *index);
-    if (judged)
+    if (found[*index] != problems)
         emit problemsChanged(*index);
     emit changed();
 }

@@ -1,11 +1,13 @@
 #pragma once
 
-#include "TervaleWindow/Profiles/ProfilesDraft.h"
+#include "TervaleWindow/Profiles/DraftStep.h"
 
 #include <QObject>
+#include <QUndoStack>
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -16,6 +18,12 @@ namespace tervale {
 /// and what is wrong with each of its profiles. Controls ask it for an edit, which is the only way
 /// to change the draft; it validates what the edit touched and tells of that alone. A request that
 /// changes nothing tells of nothing.
+///
+/// It owns the history too. Every edit, and each call that changes the list, is a step of it; edits
+/// that go on with one another, such as the moves of a point, are one step until `settle` is
+/// called. Saving leaves the history as it is. It ends where undo would mix the draft with what
+/// others made of the profiles: when the draft follows the agent's list, and when the agent has a
+/// list that was not sent from here.
 class DraftOwner final : public QObject {
     Q_OBJECT
 
@@ -25,6 +33,7 @@ class DraftOwner final : public QObject {
     using Validator = std::function<Problems(const Profile&, std::span<const Profile>)>;
 
     explicit DraftOwner(Validator validator, QObject* parent = nullptr);
+    ~DraftOwner() override;
 
     const ProfilesDraft& draft() const { return working; }
     const std::vector<Profile>& profiles() const { return working.profiles; }
@@ -47,8 +56,17 @@ class DraftOwner final : public QObject {
     void revert();
     /// Edits the selected profile.
     void perform(const ProfileEdit& edit);
+    /// What was edited so far is complete: whatever follows is another step.
+    void settle();
+    /// The profiles, to be sent to the agent now.
+    const std::vector<Profile>& takeToSave();
     /// See `ProfilesDraft::follow`.
     void follow(bool connected, const std::vector<Profile>& list);
+
+    /// To be looked at; each step has a name, such as "Move Point".
+    const QUndoStack& history() const { return steps; }
+    void undo();
+    void redo();
 
   signals:
     /// Profiles came, went or are others, and another may be selected.
@@ -63,13 +81,31 @@ class DraftOwner final : public QObject {
     void changed();
 
   private:
+    class Command;
+    using Way = void (DraftStep::*)(ProfilesDraft&) const;
+
     /// Runs what may change the whole list.
     template <class Change>
     void change(const Change& change);
+    /// The same as a step of this name.
+    template <class Change>
+    void changeAsStep(const QString& name, const Change& change);
+    void take(const DraftStep& step, Way way);
+    bool wasSent(const std::vector<Profile>& list);
+    void judge(std::size_t index);
     void judgeAll();
 
     Validator validator;
     ProfilesDraft working;
+    QUndoStack steps;
+    /// Steps of one run become one.
+    int run = 0;
+    /// What the run goes on with; nothing once it is complete.
+    std::optional<EditTarget> going;
+    /// While a step is taken back or done again, no control means what it tells.
+    bool stepping = false;
+    /// Lists that the agent has not confirmed yet, the oldest first.
+    std::vector<std::vector<Profile>> sent;
     // Of each profile, in their order.
     std::vector<Problems> found;
     std::vector<std::size_t> textSizes;

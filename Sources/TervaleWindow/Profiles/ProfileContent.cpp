@@ -37,6 +37,7 @@ class LoadContent final : public ProfileContent {
         card->layout()->addWidget(editor);
         tightLayout<QVBoxLayout>(this)->addWidget(card);
         connect(&editor->canvas(), &CurveCanvas::edited, this, &LoadContent::perform);
+        connect(&editor->canvas(), &CurveCanvas::settled, this, &LoadContent::settle);
         display();
     }
 
@@ -61,6 +62,7 @@ class ScheduleContent final : public ProfileContent {
         card->setContentsMargins(card->contentsMargins() - ScheduleRow::overhang());
         tightLayout<QVBoxLayout>(this)->addWidget(card);
         connect(editor, &ScheduleEditor::edited, this, &ScheduleContent::perform);
+        connect(editor, &ScheduleEditor::settled, this, &ScheduleContent::settle);
         display();
     }
 
@@ -92,6 +94,11 @@ ProfileContent::ProfileContent(DraftOwner& draftShown, QWidget* parent)
 void ProfileContent::perform(const ProfileEdit& edit) {
     if (!retired)
         draft.perform(edit);
+}
+
+void ProfileContent::settle() {
+    if (!retired)
+        draft.settle();
 }
 
 ProfileContent* ProfileContent::make(Model& model, DraftOwner& draft, QWidget* parent) {

@@ -28,6 +28,7 @@ class ProfileContent : public QWidget {
 
     virtual void followEdit(const ProfileEdit& edit) = 0;
     void perform(const ProfileEdit& edit);
+    void settle();
     /// Of the kind that this form is for.
     template <class Kind>
     const Kind& shown() const {

@@ -23,6 +23,22 @@ constexpr int narrowMarginBesideScrollBar = 8;
 /// Below this width the margins give way.
 constexpr int narrowWidth = 400;
 
+/// From now on the field has nothing to undo by itself; cursor and selection stay.
+void forgetTyping(QLineEdit& field) {
+    if (!field.isUndoAvailable() && !field.isRedoAvailable())
+        return;
+    const int cursor = field.cursorPosition();
+    const int start = field.selectionStart();
+    const int length = static_cast<int>(field.selectedText().size());
+    field.setText(field.text());
+    if (length == 0)
+        field.setCursorPosition(cursor);
+    else if (cursor == start)
+        field.setSelection(start + length, -length);
+    else
+        field.setSelection(start, length);
+}
+
 void setMargins(QWidget& form, int side) {
     form.layout()->setContentsMargins(side, usualMargin, side, usualMargin - Card::shadowHeight);
 }
@@ -61,6 +77,7 @@ ProfileEditor::ProfileEditor(Model& model, DraftOwner& draftShown, QWidget* pare
         if (!retired)
             draft.perform(profileEdit::Rename{text.toStdString()});
     });
+    connect(name, &QLineEdit::editingFinished, this, &ProfileEditor::endTyping);
     connect(&draft, &DraftOwner::problemsChanged, this, [this] {
         if (!retired)
             showProblems();
@@ -69,7 +86,16 @@ ProfileEditor::ProfileEditor(Model& model, DraftOwner& draftShown, QWidget* pare
     showProblems();
 }
 
+void ProfileEditor::endTyping() {
+    if (retired)
+        return;
+    // What was typed is a step of the draft's; the field would make another one of taking it back.
+    forgetTyping(*name);
+    draft.settle();
+}
+
 void ProfileEditor::display() {
+    forgetTyping(*name);
     showName();
     content->display();
     showProblems();

@@ -36,6 +36,7 @@ class ProfileEditor final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void endTyping();
     void showName();
     void showProblems();
 

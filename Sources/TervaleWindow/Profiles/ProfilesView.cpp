@@ -169,6 +169,9 @@ void ProfilesView::showEditor() {
     if (ProfileEditor* old = std::exchange(editor, nullptr)) {
         // A field that loses the focus with it tells of what was typed; nobody is to hear that.
         old->retire();
+        const QWidget* focused = QApplication::focusWidget();
+        if (focused && old->isAncestorOf(focused))
+            handFocusOn(*focused, list->focusTarget());
         scrollArea->takeWidget();
         // It may be in the middle of telling of a change.
         old->deleteLater();
@@ -203,11 +206,19 @@ void ProfilesView::save() {
     if (field && isAncestorOf(field))
         field->interpretText();
     if (draft.canSave())
-        bridge.send(command::SaveProfiles{draft.profiles()});
+        bridge.send(command::SaveProfiles{draft.takeToSave()});
 }
 
 void ProfilesView::revert() {
     draft.revert();
+}
+
+void ProfilesView::undo() {
+    draft.undo();
+}
+
+void ProfilesView::redo() {
+    draft.redo();
 }
 
 } // namespace tervale

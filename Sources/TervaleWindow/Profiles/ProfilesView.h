@@ -33,6 +33,10 @@ class ProfilesView final : public QWidget {
     void save();
     /// Throws the draft away for what is saved.
     void revert();
+    /// The steps of editing since the pane is shown; to be looked at.
+    const QUndoStack& history() const { return draft.history(); }
+    void undo();
+    void redo();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -34,6 +34,12 @@ ScheduleEditor::ScheduleEditor(QWidget* parent) : QWidget(parent) {
     layout->addWidget(note);
     connect(addButton, &QPushButton::clicked, this, [this] { emit edited(windowEdit::Add{}); });
     connect(rows, &ScheduleRows::edited, this, &ScheduleEditor::edited);
+    connect(rows, &ScheduleRows::settled, this, &ScheduleEditor::settled);
+}
+
+ScheduleEditor::~ScheduleEditor() {
+    // A field that loses the focus with its window tells of that.
+    rows->disconnect(this);
 }
 
 const std::vector<Window>& ScheduleEditor::windows() const {

@@ -18,6 +18,7 @@ class ScheduleEditor final : public QWidget {
 
   public:
     explicit ScheduleEditor(QWidget* parent = nullptr);
+    ~ScheduleEditor() override;
 
     const std::vector<Window>& windows() const;
     /// Shows other windows, and the profiles that they may run, without any signal. The controls
@@ -27,6 +28,8 @@ class ScheduleEditor final : public QWidget {
   signals:
     /// The user wants this done to the windows, whose owner shows what came of it by `display`.
     void edited(const tervale::WindowEdit& edit);
+    /// What was edited so far is complete.
+    void settled();
 
   private:
     ScheduleRows* rows;

@@ -14,6 +14,7 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
@@ -128,6 +129,8 @@ void ScheduleRow::connectControls() {
         if (const auto choice = choiceAt(entry))
             emit choiceChanged(*choice);
     });
+    // Before the slider follows them.
+    slider->installEventFilter(this);
     connect(slider, &FractionSlider::fractionChanged, this, &ScheduleRow::speedChanged);
     connect(slider, &FractionSlider::editingChanged, this, [this](bool active) {
         // The slider shows a speed that it has no place for at its end, where it can be confirmed.
@@ -135,6 +138,15 @@ void ScheduleRow::connectControls() {
             emit speedChanged(slider->fraction());
     });
     connect(removeButton, &SymbolButton::clicked, this, &ScheduleRow::removeRequested);
+}
+
+bool ScheduleRow::eventFilter(QObject* watched, QEvent* event) {
+    const bool pressed = event->type() == QEvent::MouseButtonPress;
+    const bool key = event->type() == QEvent::KeyPress;
+    if (watched == slider &&
+        (pressed || (key && speedKeys.beginsWith(*static_cast<QKeyEvent*>(event)))))
+        emit settled();
+    return QWidget::eventFilter(watched, event);
 }
 
 void ScheduleRow::connectTime(TimeField* field, ScheduleEditing::Edge edge) {
@@ -149,6 +161,7 @@ void ScheduleRow::connectTime(TimeField* field, ScheduleEditing::Edge edge) {
             emit timeChanged(edge, field->minuteOfDay());
     };
     connect(field, &QTimeEdit::userTimeChanged, this, confirm);
+    connect(field, &QTimeEdit::editingFinished, this, &ScheduleRow::settled);
     connect(field->findChild<QLineEdit*>(), &QLineEdit::textEdited, this, confirm);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TervaleWindow/Profiles/KeyBurst.h"
 #include "TervaleWindow/Profiles/ScheduleTargets.h"
 
 #include <QWidget>
@@ -44,10 +45,15 @@ class ScheduleRow final : public QWidget {
 
     QSize minimumSizeHint() const override;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   signals:
     void timeChanged(tervale::ScheduleEditing::Edge edge, int minuteOfDay);
     void choiceChanged(const tervale::ScheduleEditing::Choice& choice);
     void speedChanged(double fraction);
+    /// A time or a speed is complete; the next change is another one.
+    void settled();
     void removeRequested();
 
   private:
@@ -74,6 +80,7 @@ class ScheduleRow final : public QWidget {
     /// The fixed speed as it is in the window, which may be out of range.
     double storedSpeed = 0;
     bool displaying = false;
+    KeyBurst speedKeys;
     Arrangement arranged = Arrangement::oneLine;
     /// The picker's entries after the divider.
     std::vector<ScheduleTarget> targets;

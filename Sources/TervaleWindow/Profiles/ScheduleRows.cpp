@@ -1,6 +1,9 @@
 #include "TervaleWindow/Profiles/ScheduleRows.h"
 
+#include "TervaleWindow/Style/FocusRing.h"
+
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QPaintEvent>
 #include <QScrollBar>
 
@@ -37,6 +40,9 @@ void ScheduleRows::display(const std::vector<Window>& windows, std::span<const P
             continue;
         // A field that loses the focus with its row tells of what was typed into it.
         row->disconnect(this);
+        const QWidget* focused = QApplication::focusWidget();
+        if (heir && focused && row->isAncestorOf(focused))
+            handFocusOn(*focused, *heir);
         delete row;
     }
     rows.resize(windows.size());
@@ -66,6 +72,7 @@ ScheduleRow* ScheduleRows::makeRow(std::size_t index) {
     connect(row, &ScheduleRow::speedChanged, this, [this, row](double fraction) {
         emit edited(windowEdit::SetSpeed{indexOf(row), fraction});
     });
+    connect(row, &ScheduleRow::settled, this, &ScheduleRows::settled);
     connect(row, &ScheduleRow::removeRequested, this, [this, row] { removeWindow(row); });
     row->display(editing, index, profiles);
     // Reading order is the order of the children.

@@ -32,6 +32,8 @@ class ScheduleRows final : public QWidget {
 
   signals:
     void edited(const tervale::WindowEdit& edit);
+    /// As `ScheduleEditor::settled`.
+    void settled();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

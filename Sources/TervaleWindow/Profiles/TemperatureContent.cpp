@@ -54,6 +54,7 @@ TemperatureContent::TemperatureContent(Model& model, DraftOwner& draft, QWidget*
         perform(profileEdit::FollowInput{{input.group, segment == averageSegment}});
     });
     connect(&editor->canvas(), &CurveCanvas::edited, this, &TemperatureContent::perform);
+    connect(&editor->canvas(), &CurveCanvas::settled, this, &TemperatureContent::settle);
     connect(&model, &Model::summaryChanged, this, &TemperatureContent::showMarker);
     display();
 }
