@@ -1,53 +1,20 @@
 #include "TervaleWindow/Shell/WindowCommands.h"
 
 #include "Platform/Platform.h"
+#include "TervaleWindow/Profiles/ProfilesView.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Settings/VersionText.h"
 #include "TervaleWindow/Shell/ContentView.h"
+#include "TervaleWindow/Shell/EditCommands.h"
 #include "TervaleWindow/Shell/SystemMetadata.h"
 
-#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
 #include <QMessageBox>
 
 namespace tervale {
 
 namespace {
-
-/// Where text is being edited just now.
-QLineEdit* textField() {
-    QWidget* focused = QApplication::focusWidget();
-    if (const auto* field = qobject_cast<QAbstractSpinBox*>(focused))
-        return field->findChild<QLineEdit*>();
-    return qobject_cast<QLineEdit*>(focused);
-}
-
-bool canCopy(const QLineEdit& field) {
-    return field.hasSelectedText();
-}
-
-bool canCut(const QLineEdit& field) {
-    return canCopy(field) && !field.isReadOnly();
-}
-
-bool canPaste(const QLineEdit& field) {
-    return !field.isReadOnly() && !QApplication::clipboard()->text().isEmpty();
-}
-
-bool canUndo(const QLineEdit& field) {
-    return field.isUndoAvailable();
-}
-
-bool canRedo(const QLineEdit& field) {
-    return field.isRedoAvailable();
-}
-
-bool canSelectAll(const QLineEdit& field) {
-    return !field.text().isEmpty();
-}
 
 QKeySequence controlAnd(Qt::Key key) {
     return {Qt::ControlModifier | key};
@@ -77,7 +44,8 @@ WindowCommands::Place WindowCommands::usualPlace() {
 
 WindowCommands::WindowCommands(ContentView& served, Place place)
     : QObject(&served),
-      window(served) {
+      window(served),
+      edit(new EditCommands(this)) {
     makeCommands();
     if (place == Place::menuBar) {
         // The key of a Mac's help opens the search in its Help menu, which is the system's own.
@@ -85,14 +53,16 @@ WindowCommands::WindowCommands(ContentView& served, Place place)
         makeMenus();
     } else {
         offered = panes;
-        for (QAction* action : {settings, findSensor, closeWindow, quit, help})
+        offered.push_back(settings);
+        offered.push_back(findSensor);
+        for (QAction* action : edit->history())
+            offered.push_back(action);
+        for (QAction* action : {closeWindow, quit, help})
             offered.push_back(action);
         for (QAction* action : offered)
             window.addAction(action);
     }
-    connect(qApp, &QApplication::focusChanged, this, &WindowCommands::enableTextCommands);
     connect(&window, &ContentView::sectionShown, this, &WindowCommands::followSection);
-    enableTextCommands();
     followSection();
 }
 
@@ -105,19 +75,6 @@ QAction* WindowCommands::command(const QString& title, const QKeySequence& key,
     action->setMenuRole(QAction::NoRole);
     if (run)
         connect(action, &QAction::triggered, this, run);
-    return action;
-}
-
-template <class Run>
-QAction* WindowCommands::textCommand(const QString& title, const QKeySequence& key, Run run,
-                                     bool (*isPossible)(const QLineEdit& field)) {
-    QAction* action = command(title, key, nullptr);
-    action->setAutoRepeat(true);
-    connect(action, &QAction::triggered, this, [run] {
-        if (QLineEdit* field = textField())
-            (field->*run)();
-    });
-    textCommands.push_back({action, isPossible});
     return action;
 }
 
@@ -153,19 +110,14 @@ void WindowCommands::makeCommands() {
 }
 
 void WindowCommands::makeMenus() {
+    std::vector<QAction*> editing = edit->menu();
+    editing.push_back(nullptr);
+    editing.push_back(findSensor);
     // The toolkit adds Hide, Hide Others and Show All to the first one, and moves the commands with
     // a role there.
     const std::vector<Menu> menus{
         {tr("Tervale"), {about, nullptr, settings, nullptr, quit}},
-        {tr("Edit"),
-         {textCommand(tr("Undo"), QKeySequence::Undo, &QLineEdit::undo, canUndo),
-          textCommand(tr("Redo"), QKeySequence::Redo, &QLineEdit::redo, canRedo), nullptr,
-          textCommand(tr("Cut"), QKeySequence::Cut, &QLineEdit::cut, canCut),
-          textCommand(tr("Copy"), QKeySequence::Copy, &QLineEdit::copy, canCopy),
-          textCommand(tr("Paste"), QKeySequence::Paste, &QLineEdit::paste, canPaste),
-          textCommand(tr("Select All"), QKeySequence::SelectAll, &QLineEdit::selectAll,
-                      canSelectAll),
-          nullptr, findSensor}},
+        {tr("Edit"), editing},
         {tr("View"), panes},
         {tr("Window"),
          {command(tr("Minimize"), controlAnd(Qt::Key_M), &WindowCommands::minimize),
@@ -181,8 +133,8 @@ void WindowCommands::makeMenus() {
                 offered.push_back(action);
             action ? shown->addAction(action) : static_cast<void>(shown->addSeparator());
         }
-        connect(shown, &QMenu::aboutToShow, this, &WindowCommands::enablePossibleTextCommands);
-        connect(shown, &QMenu::aboutToHide, this, &WindowCommands::enableTextCommands);
+        connect(shown, &QMenu::aboutToShow, edit, &EditCommands::enablePossible);
+        connect(shown, &QMenu::aboutToHide, edit, &EditCommands::enableUsual);
     }
 }
 
@@ -192,27 +144,16 @@ QString WindowCommands::keys() const {
         const QString keys = action->shortcut().toString(QKeySequence::NativeText);
         if (!keys.isEmpty())
             rows += QStringLiteral("<tr><td>%1</td><td style='padding-left: 16px'>%2</td></tr>")
-                        .arg(action->text().toHtmlEscaped(), keys.toHtmlEscaped());
+                        .arg(action->iconText().toHtmlEscaped(), keys.toHtmlEscaped());
     }
     return rows;
-}
-
-void WindowCommands::enableTextCommands() {
-    const bool enabled = textField() != nullptr;
-    for (const TextCommand& each : textCommands)
-        each.action->setEnabled(enabled);
-}
-
-void WindowCommands::enablePossibleTextCommands() {
-    const QLineEdit* field = textField();
-    for (const TextCommand& each : textCommands)
-        each.action->setEnabled(field && each.isPossible(*field));
 }
 
 void WindowCommands::followSection() {
     for (std::size_t pane = 0; pane < allPanes.size(); ++pane)
         panes[pane]->setChecked(window.section() == allPanes[pane]);
     findSensor->setEnabled(qobject_cast<SensorsView*>(window.detail()) != nullptr);
+    edit->serve(qobject_cast<ProfilesView*>(window.detail()));
 }
 
 void WindowCommands::showAbout() {

@@ -7,11 +7,10 @@
 #include <memory>
 #include <vector>
 
-class QLineEdit;
-
 namespace tervale {
 
 class ContentView;
+class EditCommands;
 enum class Pane;
 
 /// The commands of the window and their keys, in the menus that a Mac has for them. Elsewhere the
@@ -38,24 +37,10 @@ class WindowCommands final : public QObject {
         std::vector<QAction*> actions;
     };
 
-    struct TextCommand {
-        QAction* action;
-        bool (*isPossible)(const QLineEdit& field);
-    };
-
     QAction* command(const QString& title, const QKeySequence& key, void (WindowCommands::*run)());
-    /// `run` is a member function of the field that has the focus.
-    template <class Run>
-    QAction* textCommand(const QString& title, const QKeySequence& key, Run run,
-                         bool (*isPossible)(const QLineEdit& field));
     QAction* paneCommand(Pane pane);
     void makeCommands();
     void makeMenus();
-    /// All of them where there is a field, so that no key is lost on what was impossible when the
-    /// menu was last seen.
-    void enableTextCommands();
-    /// Only those that the field has something to do for.
-    void enablePossibleTextCommands();
     void followSection();
 
     void showAbout();
@@ -70,13 +55,13 @@ class WindowCommands final : public QObject {
     void quitApplication();
 
     ContentView& window;
+    EditCommands* edit;
     QAction* about = nullptr;
     QAction* settings = nullptr;
     QAction* quit = nullptr;
     QAction* findSensor = nullptr;
     QAction* closeWindow = nullptr;
     QAction* help = nullptr;
-    std::vector<TextCommand> textCommands;
     std::vector<QAction*> panes;
     std::unique_ptr<QMenuBar> bar;
     /// The commands that the user can reach.

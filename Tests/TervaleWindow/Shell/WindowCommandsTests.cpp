@@ -1,77 +1,20 @@
 #include "TervaleWindow/Controls/SearchField.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
-#include "TervaleWindow/Shell/ContentView.h"
-#include "TervaleWindow/Shell/WindowCommands.h"
-#include "TervaleWindow/Support/Choosing.h"
-#include "TervaleWindow/Support/ModelFixture.h"
+#include "TervaleWindow/Shell/WindowCommandsFixture.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
 
-#include <stdexcept>
-
 using namespace tervale;
 
-class WindowCommandsTest : public ModelFixture {
-  protected:
-    void show() {
-        makeModel();
-        view = std::make_unique<ContentView>(*model, bridge);
-        view->resize(980, 680);
-        view->show();
-        view->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
-    }
-    WindowCommands& menuBar() {
-        if (!bar)
-            bar = std::make_unique<WindowCommands>(*view, WindowCommands::Place::menuBar);
-        return *bar;
-    }
-    QAction* action(const QString& menuTitle, const QString& title) {
-        for (QAction* entry : menu(menuTitle).actions()) {
-            if (entry->text() == title)
-                return entry;
-        }
-        return nullptr;
-    }
-    QMenu& menu(const QString& title) {
-        for (const QAction* each : menuBar().menus()->actions()) {
-            if (each->text() == title)
-                return *each->menu();
-        }
-        throw std::invalid_argument("there is no such menu");
-    }
-    void choose(const QString& menuTitle, const QString& title) {
-        tervale::choose(menu(menuTitle), {title});
-    }
-    /// Without its menu, which on this platform takes the focus from the text, as no desktop's
-    /// does.
-    void runTextCommand(const QString& title) {
-        ASSERT_TRUE(action("Edit", title)->isEnabled());
-        action("Edit", title)->trigger();
-    }
-    static QStringList titles(const QList<QAction*>& actions) {
-        QStringList titles;
-        for (const QAction* each : actions)
-            titles << (each->isSeparator() ? QStringLiteral("-") : each->text());
-        return titles;
-    }
+namespace {
 
-    /// A window counts as active as soon as the one that it belongs to is; this waits for itself.
-    static bool comesToTheFront(QWidget* window) {
-        window->activateWindow();
-        return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
-    }
-
-    std::unique_ptr<ContentView> view;
-    std::unique_ptr<WindowCommands> bar;
-};
+class WindowCommandsTest : public WindowCommandsFixture {};
 
 TEST_F(WindowCommandsTest, HasTheMenusOfAnApplicationInTheirOrder) {
     show();
@@ -160,16 +103,16 @@ TEST_F(WindowCommandsTest, EditsTheTextThatHasTheFocus) {
     field->setFocus();
     ASSERT_TRUE(action("Edit", "Cut")->isEnabled());
     QTest::keyClicks(field, "gpu");
-    runTextCommand("Select All");
+    choose("Edit", "Select All");
     EXPECT_EQ(field->selectedText(), "gpu");
-    runTextCommand("Cut");
+    choose("Edit", "Cut");
     EXPECT_EQ(field->text(), "");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "gpu");
-    runTextCommand("Undo");
+    choose("Edit", "Undo");
     EXPECT_EQ(field->text(), "gpu");
-    runTextCommand("Redo");
+    choose("Edit", "Redo");
     EXPECT_EQ(field->text(), "");
-    runTextCommand("Paste");
+    choose("Edit", "Paste");
     EXPECT_EQ(field->text(), "gpu");
 }
 
@@ -274,3 +217,5 @@ TEST_F(WindowCommandsTest, KeepsItsKeysInAWindowWithoutMenus) {
     QTest::keySequence(view.get(), QKeySequence(QKeySequence::HelpContents));
     EXPECT_NE(view->findChild<QMessageBox*>(), nullptr);
 }
+
+} // namespace
