@@ -9,6 +9,7 @@
 #include "Platform/macOS/IncreasedContrast.h"
 #include "Platform/macOS/OpenMenus.h"
 #include "Platform/macOS/PowerNotifications.h"
+#include "Platform/macOS/ReducedMotion.h"
 #include "Platform/macOS/SystemSymbols.h"
 #include "Platform/macOS/TolerantTimer.h"
 #include "Platform/macOS/UserDefaultsPreferences.h"
@@ -17,6 +18,7 @@
 #else
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/DesktopMotion.h"
 #include "Platform/Linux/FilePreferences.h"
 #include "Platform/Linux/LoginManager.h"
 #include "Platform/Linux/LoginSession.h"
@@ -59,6 +61,10 @@ std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSy
 
 std::function<bool()> makeIncreasedContrast() {
     return &increasedContrast;
+}
+
+std::function<bool()> makeReducedMotion() {
+    return &reducedMotionWanted;
 }
 
 std::function<void()> makeOpenMenuCanceller() {
@@ -114,6 +120,14 @@ std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSy
 
 std::function<bool()> makeIncreasedContrast() {
     return nullptr;
+}
+
+std::function<bool()> makeReducedMotion() {
+    // Without a bus, the file of GTK's settings tells alone.
+    const QDBusConnection bus =
+        sessionBusIsThere() ? QDBusConnection::sessionBus() : QDBusConnection(QString());
+    const auto motion = std::make_shared<DesktopMotion>(bus, configurationFolder());
+    return [motion] { return motion->isReduced(); };
 }
 
 std::function<void()> makeOpenMenuCanceller() {

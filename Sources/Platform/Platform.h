@@ -63,6 +63,10 @@ std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds interval,
 /// tells it.
 std::function<bool()> makeIncreasedContrast();
 
+/// Tells whether the user asked the desktop or the system for less motion; null where nobody can
+/// tell. Quick. Needs an application object of the toolkit.
+std::function<bool()> makeReducedMotion();
+
 /// Calls the handlers around each sleep of the machine for as long as what it returns lives. Null
 /// where the system does not tell.
 std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers);

@@ -18,12 +18,6 @@ constexpr QLatin1String member("Posted");
 /// A message may have twice as many bytes. The bus hangs up on who sends one that is too long.
 constexpr std::size_t longestObject = std::size_t{1} << 26;
 
-/// Looking for a bus that is not there could start one.
-bool sessionBusIsThere() {
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
-
 std::optional<std::string> objectOf(const QDBusMessage& message) {
     const QList<QVariant> arguments = message.arguments();
     if (arguments.size() != 2 || arguments[1].metaType() != QMetaType::fromType<QString>())
@@ -39,6 +33,11 @@ QDBusConnection newSessionConnection() {
 }
 
 } // namespace
+
+bool sessionBusIsThere() {
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
+           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
 
 DBusObserver::DBusObserver(std::string name, NotificationCenter::Handler observing, QObject* parent)
     : QObject(parent),

@@ -17,6 +17,9 @@
 
 namespace tervale {
 
+/// Whether the session has a bus. To look for one that is not there could start it.
+bool sessionBusIsThere();
+
 class DBusObserver;
 
 /// The notification center of a user's session: a notification is a broadcast signal on a D-Bus

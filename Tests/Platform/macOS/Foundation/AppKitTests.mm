@@ -3,6 +3,7 @@
 
 #include "Platform/macOS/IncreasedContrast.h"
 #include "Platform/macOS/OpenMenus.h"
+#include "Platform/macOS/ReducedMotion.h"
 #include "Platform/macOS/SystemSymbols.h"
 
 #import <AppKit/AppKit.h>
@@ -84,6 +85,15 @@ void contrastIsWhatTheSystemSays() {
     expect(!increasedContrast(), "the end of it is told");
 }
 
+void motionIsWhatTheSystemSays() {
+    expect(!reducedMotionWanted(), "the usual motion is not reduced");
+    fakeSystem::reducesMotion = true;
+    expect(reducedMotionWanted(), "reduced motion is told");
+    expect(!increasedContrast(), "less motion is no more contrast");
+    fakeSystem::reducesMotion = false;
+    expect(!reducedMotionWanted(), "the end of it is told");
+}
+
 void symbolsHaveTheirNaturalSizeAndAreOnlyShrunk() {
     for (const int side : {15, 20, 40, 200}) {
         const auto mask = systemSymbol("fan", side, 1);
@@ -131,6 +141,7 @@ int main() {
         menusThatAreOpenAreCancelledTheOutermostFirst();
         nobodyFollowsMenusAfterTheCancellerIsGone();
         contrastIsWhatTheSystemSays();
+        motionIsWhatTheSystemSays();
         symbolsHaveTheirNaturalSizeAndAreOnlyShrunk();
         masksHoldTheOpacityOfEachPixel();
         weightsAreThoseOfTheSystem();

@@ -9,6 +9,7 @@ NSString* const NSMenuDidBeginTrackingNotification = @"NSMenuDidBeginTrackingNot
 NSString* const NSMenuDidEndTrackingNotification = @"NSMenuDidEndTrackingNotification";
 
 bool fakeSystem::increasesContrast = false;
+bool fakeSystem::reducesMotion = false;
 fakeSystem::Drawing fakeSystem::drawing;
 
 struct CGColorSpace {};
@@ -137,6 +138,10 @@ void CGContextRelease(CGContextRef context) {
 
 - (BOOL)accessibilityDisplayShouldIncreaseContrast {
     return fakeSystem::increasesContrast ? YES : NO;
+}
+
+- (BOOL)accessibilityDisplayShouldReduceMotion {
+    return fakeSystem::reducesMotion ? YES : NO;
 }
 
 @end

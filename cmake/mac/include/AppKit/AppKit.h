@@ -39,6 +39,7 @@ extern "C" NSString* const NSMenuDidEndTrackingNotification;
 @interface NSWorkspace : NSObject
 @property(class, readonly, strong) NSWorkspace* sharedWorkspace;
 @property(readonly) BOOL accessibilityDisplayShouldIncreaseContrast;
+@property(readonly) BOOL accessibilityDisplayShouldReduceMotion;
 @end
 
 @interface NSMenu : NSObject

@@ -68,11 +68,13 @@ extern NSString* const NSMenuDidEndTrackingNotification;
 @interface NSWorkspace : NSObject
 + (NSWorkspace*)sharedWorkspace;
 - (BOOL)accessibilityDisplayShouldIncreaseContrast;
+- (BOOL)accessibilityDisplayShouldReduceMotion;
 @end
 
 namespace fakeSystem {
 
 extern bool increasesContrast;
+extern bool reducesMotion;
 /// How the symbol was last drawn: its weight, and its place from the lower left corner.
 struct Drawing {
     NSFontWeight weight = -1;
