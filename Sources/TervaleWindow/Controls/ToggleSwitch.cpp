@@ -1,5 +1,6 @@
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 
+#include "TervaleWindow/Appearance/Motion.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FocusRing.h"
@@ -56,7 +57,8 @@ bool ToggleSwitch::hitButton(const QPoint& point) const {
 void ToggleSwitch::slide(bool on) {
     animation.stop();
     const qreal end = on ? 1 : 0;
-    if (!isVisible() || !style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this)) {
+    if (!isVisible() || reducedMotion() ||
+        !style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this)) {
         position = end;
         update();
         return;

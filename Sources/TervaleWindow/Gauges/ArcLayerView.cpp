@@ -12,7 +12,14 @@ ArcLayerView::ArcLayerView(QWidget* parent) : QWidget(parent), animation(*this) 
 void ArcLayerView::set(double fill, double tick) {
     fillTransition = {shownState.fill, fill};
     tickTransition = {shownState.tick, tick};
-    animation.begin();
+    animation.begin(distance());
+    // What cannot be approached is there at once.
+    advance();
+}
+
+double ArcLayerView::distance() const {
+    return arcDistance(layoutOfSquare(), {fillTransition.from, tickTransition.from},
+                       {fillTransition.to, tickTransition.to});
 }
 
 void ArcLayerView::advance() {

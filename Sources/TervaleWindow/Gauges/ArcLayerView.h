@@ -21,7 +21,7 @@ class ArcLayerView : public QWidget {
     double tick() const { return tickTransition.to; }
     /// What is on screen, somewhere between the last state and the new one while it is animated.
     ArcState shown() const { return shownState; }
-    bool isAnimating() const { return animation.state() == QAbstractAnimation::Running; }
+    bool isAnimating() const { return animation.isRunning(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -29,6 +29,7 @@ class ArcLayerView : public QWidget {
 
   private:
     ArcLayout layoutOfSquare() const;
+    double distance() const;
     void advance();
 
     Transition fillTransition;

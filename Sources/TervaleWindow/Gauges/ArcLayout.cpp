@@ -7,7 +7,9 @@
 #include <QPainterPath>
 #include <QTransform>
 
+#include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace tervale {
 
@@ -86,6 +88,16 @@ QRegion arcRegion(const ArcLayout& layout, const ArcState& from, const ArcState&
     if (from.tick != to.tick)
         region = region.united(fromTick).united(toTick);
     return region;
+}
+
+double arcDistance(const ArcLayout& layout, const ArcState& from, const ArcState& to) {
+    const auto way = [](double first, double second, double radius) {
+        const double angle = std::abs(second - first) * std::numbers::pi / 180;
+        return std::isfinite(angle) ? angle * radius : 0;
+    };
+    return std::max(
+        way(arcSweep(from.fill), arcSweep(to.fill), layout.radius + ArcLayout::lineWidth / 2),
+        way(tickAngle(from.tick), tickAngle(to.tick), layout.radius + ArcLayout::tickHeight / 2));
 }
 
 void paintArc(QPainter& painter, const ArcLayout& layout, const ArcState& state,

@@ -36,6 +36,10 @@ ArcLayout arcLayout(const QRectF& square);
 /// What has to be painted again when one state gives way to another.
 QRegion arcRegion(const ArcLayout& layout, const ArcState& from, const ArcState& to);
 
+/// The longest way that any of its pixels goes from one state to another, in logical pixels. What
+/// is not a number goes no way.
+double arcDistance(const ArcLayout& layout, const ArcState& from, const ArcState& to);
+
 void paintArc(QPainter& painter, const ArcLayout& layout, const ArcState& state,
               const Colors& colors);
 

@@ -44,7 +44,7 @@ void BarLayerView::setFraction(double fraction) {
         return;
     lastFraction = fraction;
     lengthTransition = {length, targetLength()};
-    animation.begin();
+    animation.begin(lengthTransition.distance());
 }
 
 double BarLayerView::targetLength() const {

@@ -24,7 +24,7 @@ class BarLayerView : public QWidget {
     double fraction() const { return lastFraction; }
     /// How many pixels from its left end are lit on screen just now.
     double shownLength() const { return length; }
-    bool isAnimating() const { return animation.state() == QAbstractAnimation::Running; }
+    bool isAnimating() const { return animation.isRunning(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

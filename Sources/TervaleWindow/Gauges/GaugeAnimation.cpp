@@ -1,20 +1,36 @@
 #include "TervaleWindow/Gauges/GaugeAnimation.h"
 
+#include "TervaleWindow/Appearance/Motion.h"
+
+#include <QScreen>
 #include <QWidget>
 #include <QWindow>
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace tervale {
 
 namespace {
 
-// Half of the ticks are passed over: a gauge moves too little in one of them for anyone to see.
-constexpr int frameInterval = 30; // milliseconds
-
 bool isSeen(const QWidget& gauge) {
     const QWindow* window = gauge.window()->windowHandle();
     return gauge.isVisible() && window && window->isExposed();
+}
+
+/// In milliseconds. Some screens tell no rate, or none that can be.
+double refreshIntervalOf(const QWidget& gauge) {
+    const double rate = gauge.screen()->refreshRate();
+    return 1000 / (rate >= 20 && rate <= 1000 ? rate : 60);
+}
+
+/// All gauges reckon the refreshes from the same moment, so that those that move together are drawn
+/// together.
+double untilRefresh(double interval) {
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    const double now = Milliseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+    return interval - std::fmod(now, interval);
 }
 
 } // namespace
@@ -25,56 +41,65 @@ double Transition::at(double progress) const {
     return from + (to - from) * progress;
 }
 
-const QEasingCurve& gaugeEasing() {
-    static const QEasingCurve curve = [] {
-        QEasingCurve spline(QEasingCurve::BezierSpline);
-        spline.addCubicBezierSegment({0.25, 0.1}, {0.25, 1.0}, {1, 1});
-        return spline;
-    }();
-    return curve;
+double Transition::distance() const {
+    return std::isfinite(from) && std::isfinite(to) ? std::abs(to - from) : 0;
 }
 
-GaugeAnimation::GaugeAnimation(QWidget& seen) : QVariantAnimation(&seen), gauge(seen) {
-    setStartValue(0.0);
-    setEndValue(1.0);
-    setDuration(gaugeDuration);
-    setEasingCurve(gaugeEasing());
+GaugeAnimation::GaugeAnimation(QWidget& seen) : QObject(&seen), gauge(seen) {
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    connect(&timer, &QTimer::timeout, this,
+            [this] { advanceTo(static_cast<double>(sinceBeginning.nsecsElapsed()) / 1e6); });
 }
 
-void GaugeAnimation::begin() {
+void GaugeAnimation::begin(double distance) {
     stop();
-    if (!isSeen(gauge)) {
+    if (!isSeen(gauge) || reducedMotion()) {
         emit advanced();
         return;
     }
-    lastFrame = 0;
-    start();
+    const double interval = refreshIntervalOf(gauge);
+    frames = {distance * gauge.devicePixelRatioF(), untilRefresh(interval), interval};
+    shown = 0;
+    running = true;
+    sinceBeginning.start();
+    arm();
 }
 
 void GaugeAnimation::finish() {
-    if (state() == Stopped)
+    if (!running)
         return;
     stop();
     emit advanced();
 }
 
-double GaugeAnimation::progress() const {
-    return state() == Stopped ? 1 : currentValue().toDouble();
+void GaugeAnimation::stop() {
+    running = false;
+    timer.stop();
 }
 
-void GaugeAnimation::updateCurrentValue(const QVariant&) {
-    // Setting up a stopped animation comes by here too.
-    if (state() == Stopped)
+double GaugeAnimation::progress() const {
+    return running ? eased(shown / gaugeDuration) : 1;
+}
+
+void GaugeAnimation::advanceTo(double milliseconds) {
+    if (!running)
         return;
-    if (!isSeen(gauge)) {
+    if (milliseconds >= gaugeDuration || !isSeen(gauge)) {
         finish();
         return;
     }
-    const bool isLast = currentTime() >= duration();
-    if (!isLast && currentTime() - lastFrame < frameInterval)
-        return;
-    lastFrame = currentTime();
-    emit advanced();
+    if (milliseconds > shown) {
+        shown = milliseconds;
+        emit advanced();
+    }
+    if (running)
+        arm();
+}
+
+void GaugeAnimation::arm() {
+    const double elapsed = static_cast<double>(sinceBeginning.nsecsElapsed()) / 1e6;
+    timer.start(static_cast<int>(std::ceil(std::max(0.0, nextFrame() - elapsed))));
 }
 
 } // namespace tervale

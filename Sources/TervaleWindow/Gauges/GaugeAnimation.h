@@ -1,7 +1,10 @@
 #pragma once
 
-#include <QEasingCurve>
-#include <QVariantAnimation>
+#include "TervaleWindow/Gauges/FrameTimes.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
 
 class QWidget;
 
@@ -15,38 +18,48 @@ struct Transition {
     /// `progress` runs from 0 to 1. A number that is not finite cannot be approached and is taken
     /// on at once.
     double at(double progress) const;
+    /// How far it goes; 0 where a number is not finite.
+    double distance() const;
 };
 
-/// The timing that all gauges share: a cubic Bézier curve over `gaugeDuration`.
-const QEasingCurve& gaugeEasing();
-inline constexpr int gaugeDuration = 600; // milliseconds
-
 /// The clock of one gauge's transitions. It runs only while somebody can see the gauge; where
-/// nobody can, every transition is at its end at once. At rest it holds no timer. Main thread; a
-/// child of the gauge.
-class GaugeAnimation : public QVariantAnimation {
+/// nobody can, and where the user asked for less motion, every transition is at its end at once. It
+/// wakes for the frames that show something new and no others, all gauges with the same refreshes;
+/// at rest it holds no timer. Main thread; a child of the gauge.
+class GaugeAnimation : public QObject {
     Q_OBJECT
 
   public:
     explicit GaugeAnimation(QWidget& seen);
 
-    /// Starts from the beginning, whether or not one was running.
-    void begin();
+    /// Starts from the beginning, whether or not one was running. `distance` is the way of what
+    /// goes farthest, in logical pixels.
+    void begin(double distance);
     /// Goes to the end at once, if one is running.
     void finish();
+    /// Ends without a frame.
+    void stop();
+    bool isRunning() const { return running; }
     /// How far the transitions have come on the easing curve; 1 at rest.
     double progress() const;
+    /// When the next frame is due, in milliseconds since the beginning.
+    double nextFrame() const { return frames.after(shown); }
+    /// Shows the frame of so many milliseconds since the beginning, unless a later one is shown.
+    void advanceTo(double milliseconds);
 
   signals:
-    /// The gauge is to show its transitions at `progress`. At most about 30 times a second.
+    /// The gauge is to show its transitions at `progress`.
     void advanced();
 
-  protected:
-    void updateCurrentValue(const QVariant& value) override;
-
   private:
+    void arm();
+
     QWidget& gauge;
-    int lastFrame = 0;
+    QElapsedTimer sinceBeginning;
+    QTimer timer;
+    FrameTimes frames;
+    double shown = 0;
+    bool running = false;
 };
 
 } // namespace tervale

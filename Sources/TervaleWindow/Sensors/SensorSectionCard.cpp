@@ -59,7 +59,7 @@ void SensorSectionCard::setSection(SensorSection next) {
     const bool moves = std::any_of(fractions.begin(), fractions.end(),
                                    [](const Transition& bar) { return bar.from != bar.to; });
     if (moves)
-        animation.begin();
+        animation.begin(longestWay());
     else
         animation.stop();
     announce(before);
@@ -84,12 +84,22 @@ SensorSectionLayout SensorSectionCard::sectionLayout() const {
 }
 
 double SensorSectionCard::shownLength(int row) const {
+    return lengths(row).at(animation.progress());
+}
+
+Transition SensorSectionCard::lengths(int row) const {
     const Transition& fraction = fractions[static_cast<std::size_t>(row)];
     const double width = sectionLayout().row(row).bar.width();
     const double height = SensorSectionLayout::barHeight;
-    return Transition{litLength(fraction.from, width, height),
-                      litLength(fraction.to, width, height)}
-        .at(animation.progress());
+    return {litLength(fraction.from, width, height), litLength(fraction.to, width, height)};
+}
+
+double SensorSectionCard::longestWay() const {
+    const RowRange seen = sectionLayout().rowsIn(visibleRegion().boundingRect());
+    double longest = 0;
+    for (int row = seen.first; row < seen.end; ++row)
+        longest = std::max(longest, lengths(row).distance());
+    return longest;
 }
 
 void SensorSectionCard::advance() {

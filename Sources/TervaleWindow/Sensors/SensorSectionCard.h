@@ -29,7 +29,7 @@ class SensorSectionCard final : public Card {
     SensorSectionLayout sectionLayout() const;
     /// How many pixels of the row's bar are lit on screen just now.
     double shownLength(int row) const;
-    bool isAnimating() const { return animation.state() == QAbstractAnimation::Running; }
+    bool isAnimating() const { return animation.isRunning(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -37,6 +37,9 @@ class SensorSectionCard final : public Card {
 
   private:
     void advance();
+    Transition lengths(int row) const;
+    /// Of the bars that are on screen, in pixels.
+    double longestWay() const;
     void announce(const SensorSection& before);
 
     SensorSection shown;

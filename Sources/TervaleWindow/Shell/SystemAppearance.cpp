@@ -3,6 +3,7 @@
 #include "Platform/Platform.h"
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/Motion.h"
 #include "TervaleWindow/Appearance/Symbol.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Style/WindowStyle.h"
@@ -66,6 +67,7 @@ ControlDrawing controlDrawing() {
 void useSystemAppearance([[maybe_unused]] QApplication& application, ControlDrawing drawing) {
     useSystemSymbols();
     askForHighContrast(makeIncreasedContrast());
+    askForReducedMotion(makeReducedMotion());
     if (drawing == ControlDrawing::system)
         return;
     keepDesignedWeight();

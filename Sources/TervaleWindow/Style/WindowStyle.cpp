@@ -1,6 +1,7 @@
 #include "TervaleWindow/Style/WindowStyle.h"
 
 #include "TervaleWindow/Appearance/Fonts.h"
+#include "TervaleWindow/Appearance/Motion.h"
 #include "TervaleWindow/Style/ButtonPainting.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FieldPainting.h"
@@ -280,6 +281,11 @@ int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
         return static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Plain);
     case SH_ToolTipLabel_Opacity:
         return 255;
+    case SH_Widget_Animate:
+    case SH_Widget_Animation_Duration:
+        if (reducedMotion())
+            return 0;
+        [[fallthrough]];
     default:
         return QProxyStyle::styleHint(hint, option, widget, result);
     }

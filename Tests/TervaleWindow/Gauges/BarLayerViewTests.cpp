@@ -36,7 +36,7 @@ TEST_F(BarLayerViewTest, AnimatesANewFractionFromWhatItShows) {
     bar.setFraction(0.5);
     EXPECT_TRUE(bar.isAnimating());
     setAnimationTime(bar, 300);
-    const double halfway = dot() + (lengthOf(0.5) - dot()) * gaugeEasing().valueForProgress(0.5);
+    const double halfway = dot() + (lengthOf(0.5) - dot()) * eased(0.5);
     EXPECT_NEAR(bar.shownLength(), halfway, 1e-9);
     bar.setFraction(0);
     EXPECT_NEAR(bar.shownLength(), halfway, 1e-9);

@@ -1,7 +1,9 @@
+#include "TervaleWindow/Appearance/Motion.h"
 #include "TervaleWindow/Gauges/GaugeAnimation.h"
 #include "TervaleWindow/Gauges/GaugeTestSupport.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -10,50 +12,35 @@
 
 using namespace tervale;
 
-namespace {
-
-double bezier(double first, double second, double parameter) {
-    const double rest = 1 - parameter;
-    return 3 * rest * rest * parameter * first + 3 * rest * parameter * parameter * second +
-           parameter * parameter * parameter;
-}
-
-/// The curve's height over `time`, found by halving the parameter's interval.
-double easedByBisection(double time) {
-    double low = 0;
-    double high = 1;
-    for (int step = 0; step < 60; ++step) {
-        const double middle = (low + high) / 2;
-        (bezier(0.25, 0.25, middle) < time ? low : high) = middle;
-    }
-    return bezier(0.1, 1.0, low);
-}
-
-} // namespace
-
-TEST(Easing, IsTheCubicBezierCurve) {
-    for (int percent = 0; percent <= 100; percent += 5) {
-        const double time = percent / 100.0;
-        EXPECT_NEAR(gaugeEasing().valueForProgress(time), easedByBisection(time), 1e-4) << time;
-    }
-    EXPECT_NEAR(gaugeEasing().valueForProgress(0.5), 0.8024, 1e-3);
-}
-
 TEST(Transition, GoesFromOneEndToTheOther) {
     const Transition transition{2, 6};
     EXPECT_EQ(transition.at(0), 2);
     EXPECT_EQ(transition.at(0.25), 3);
     EXPECT_EQ(transition.at(1), 6);
+    EXPECT_EQ(transition.distance(), 4);
 }
 
 TEST(Transition, TakesOnAtOnceWhatCannotBeApproached) {
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ((Transition{notANumber, 0.5}.at(0.1)), 0.5);
     EXPECT_TRUE(std::isnan(Transition{0.5, notANumber}.at(0.1)));
+    EXPECT_EQ((Transition{0.5, notANumber}.distance()), 0);
 }
 
 class GaugeAnimationTest : public testing::Test {
   protected:
+    ~GaugeAnimationTest() override { askForReducedMotion(nullptr); }
+
+    /// Lets each frame come when it is due.
+    qsizetype framesOfAMovement(double distance) {
+        const qsizetype before = frames.count();
+        animation.begin(distance);
+        while (animation.isRunning())
+            animation.advanceTo(animation.nextFrame());
+        return frames.count() - before;
+    }
+
+    static constexpr double far = 400;
     QWidget gauge;
     GaugeAnimation animation{gauge};
     QSignalSpy frames{&animation, &GaugeAnimation::advanced};
@@ -61,46 +48,77 @@ class GaugeAnimationTest : public testing::Test {
 
 TEST_F(GaugeAnimationTest, IsAtItsEndWhileAtRest) {
     EXPECT_EQ(animation.progress(), 1);
-    EXPECT_EQ(animation.state(), QAbstractAnimation::Stopped);
+    EXPECT_FALSE(animation.isRunning());
     EXPECT_EQ(frames.count(), 0);
 }
 
 TEST_F(GaugeAnimationTest, TakesSixTenthsOfASecond) {
     showAndSettle(gauge);
-    animation.begin();
-    EXPECT_EQ(animation.state(), QAbstractAnimation::Running);
-    EXPECT_EQ(animation.duration(), 600);
-    setAnimationTime(gauge, 300);
+    animation.begin(far);
+    EXPECT_TRUE(animation.isRunning());
+    EXPECT_EQ(animation.progress(), 0);
+    animation.advanceTo(300);
     EXPECT_NEAR(animation.progress(), 0.8024, 1e-3);
-    setAnimationTime(gauge, 600);
+    animation.advanceTo(599);
+    EXPECT_TRUE(animation.isRunning());
+    animation.advanceTo(600);
     EXPECT_EQ(animation.progress(), 1);
-    EXPECT_EQ(animation.state(), QAbstractAnimation::Stopped);
+    EXPECT_FALSE(animation.isRunning());
 }
 
-TEST_F(GaugeAnimationTest, PassesOverFramesThatFollowTooSoon) {
+TEST_F(GaugeAnimationTest, EndsByItself) {
     showAndSettle(gauge);
-    animation.begin();
-    const qsizetype before = frames.count();
-    for (int time = 1; time < 600; ++time)
-        setAnimationTime(gauge, time);
-    EXPECT_EQ(frames.count() - before, 19);
-    setAnimationTime(gauge, 600);
-    EXPECT_EQ(frames.count() - before, 20);
+    animation.begin(far);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !animation.isRunning(); }));
+    EXPECT_GT(frames.count(), 1);
+}
+
+TEST_F(GaugeAnimationTest, DrawsAsManyFramesAsShowSomething) {
+    showAndSettle(gauge);
+    // The screen of these tests has 60 refreshes a second.
+    EXPECT_GE(framesOfAMovement(far), 30);
+    EXPECT_LE(framesOfAMovement(far), 37);
+    EXPECT_LE(framesOfAMovement(3), 7);
+    EXPECT_EQ(framesOfAMovement(0.2), 1);
+    EXPECT_EQ(framesOfAMovement(0), 1);
+}
+
+TEST_F(GaugeAnimationTest, NeverGoesBack) {
+    showAndSettle(gauge);
+    animation.begin(far);
+    animation.advanceTo(300);
+    const double there = animation.progress();
+    animation.advanceTo(200);
+    EXPECT_EQ(animation.progress(), there);
+    EXPECT_EQ(frames.count(), 1);
 }
 
 TEST_F(GaugeAnimationTest, EndsAtOnceWhileNobodySeesTheGauge) {
-    animation.begin();
-    EXPECT_EQ(animation.state(), QAbstractAnimation::Stopped);
+    animation.begin(far);
+    EXPECT_FALSE(animation.isRunning());
     EXPECT_EQ(animation.progress(), 1);
     EXPECT_EQ(frames.count(), 1);
 }
 
-TEST_F(GaugeAnimationTest, EndsAtItsNextTickOnceTheGaugeIsHidden) {
+TEST_F(GaugeAnimationTest, EndsAtItsNextFrameOnceTheGaugeIsHidden) {
     showAndSettle(gauge);
-    animation.begin();
+    animation.begin(far);
     gauge.hide();
-    animation.setCurrentTime(100);
-    EXPECT_EQ(animation.state(), QAbstractAnimation::Stopped);
+    animation.advanceTo(100);
+    EXPECT_FALSE(animation.isRunning());
     EXPECT_EQ(animation.progress(), 1);
-    EXPECT_GE(frames.count(), 1);
+    EXPECT_EQ(frames.count(), 1);
+}
+
+TEST_F(GaugeAnimationTest, IsSimplyThereForWhoWantsLessMotion) {
+    showAndSettle(gauge);
+    bool wanted = true;
+    askForReducedMotion([&] { return wanted; });
+    animation.begin(far);
+    EXPECT_FALSE(animation.isRunning());
+    EXPECT_EQ(animation.progress(), 1);
+    EXPECT_EQ(frames.count(), 1);
+    wanted = false;
+    animation.begin(far);
+    EXPECT_TRUE(animation.isRunning());
 }

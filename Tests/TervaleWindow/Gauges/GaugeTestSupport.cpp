@@ -1,9 +1,10 @@
 #include "TervaleWindow/Gauges/GaugeTestSupport.h"
 
+#include "TervaleWindow/Gauges/GaugeAnimation.h"
+
 #include <QApplication>
 #include <QPaintEvent>
 #include <QTest>
-#include <QVariantAnimation>
 
 #include <gtest/gtest.h>
 
@@ -33,11 +34,10 @@ void showAndSettle(QWidget& widget) {
 }
 
 void setAnimationTime(QWidget& gauge, int milliseconds) {
-    auto* animation = gauge.findChild<QVariantAnimation*>();
+    auto* animation = gauge.findChild<GaugeAnimation*>();
     ASSERT_NE(animation, nullptr);
-    ASSERT_NE(animation->state(), QAbstractAnimation::Stopped);
-    animation->pause();
-    animation->setCurrentTime(milliseconds);
+    ASSERT_TRUE(animation->isRunning());
+    animation->advanceTo(milliseconds);
 }
 
 QRegion paintedDuring(QWidget& widget, const std::function<void()>& action) {

@@ -13,7 +13,7 @@ namespace tervale {
 /// Shows the widget on the offscreen platform and waits until it has been painted.
 void showAndSettle(QWidget& widget);
 
-/// Puts a gauge's running animation to a time, in milliseconds; the clock itself is held still.
+/// Has a gauge's running animation show a time since it began, in milliseconds.
 void setAnimationTime(QWidget& gauge, int milliseconds);
 
 /// The regions that a widget and its children are asked to paint while `action` runs and is

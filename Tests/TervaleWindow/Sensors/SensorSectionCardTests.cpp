@@ -37,8 +37,8 @@ class SensorCard : public testing::Test {
         QApplication::processEvents();
     }
     double barWidth() { return card.sectionLayout().row(0).bar.width(); }
-    void advanceTo(int milliseconds) {
-        card.findChild<GaugeAnimation*>()->setCurrentTime(milliseconds);
+    void advanceTo(double milliseconds) {
+        card.findChild<GaugeAnimation*>()->advanceTo(milliseconds);
     }
 
     QWidget window;
