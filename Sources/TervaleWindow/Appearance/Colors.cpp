@@ -1,5 +1,6 @@
 #include "TervaleWindow/Appearance/Colors.h"
 
+#include "Base/ThemeColors.h"
 #include "TervaleWindow/Appearance/Theme.h"
 
 #include <QEvent>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -27,10 +29,17 @@ struct Shades {
     QRgb accentLabel;
 };
 
-constexpr QRgb accentOnLight = 0xff1a6ef0;
-constexpr QRgb accentOnDark = 0xff5b9bff;
-constexpr Shades lightShades{0.59f, 0.102f, 0.09f, 0.158f, 0.028f, 0xffd9730d, accentOnLight};
-constexpr Shades darkShades{0.587f, 0.126f, 0.084f, 0.126f, 0.032f, 0xffff9f43, accentOnDark};
+constexpr QRgb opaque(std::uint32_t color) {
+    return 0xff000000U | color;
+}
+
+constexpr Shades shadesOn(const themeColors::Ground& ground, float controlLine, float plot) {
+    return {ground.secondary,       ground.quaternary,         ground.line, controlLine, plot,
+            opaque(ground.warning), opaque(ground.accentLabel)};
+}
+
+constexpr Shades lightShades = shadesOn(themeColors::light, 0.158f, 0.028f);
+constexpr Shades darkShades = shadesOn(themeColors::dark, 0.126f, 0.032f);
 constexpr Shades contrastLightShades{0.8f, 0.2f, 0.6f, 0.7f, 0.05f, 0xff8a3d00, 0xff0b4fc0};
 constexpr Shades contrastDarkShades{0.8f, 0.3f, 0.6f, 0.7f, 0.06f, 0xffffbf80, 0xff8cb9ff};
 
@@ -206,21 +215,21 @@ QColor Colors::figure(double celsius) const {
 }
 
 QPalette lightPalette() {
-    return paletteOf({.window = 0xfff4f4f6,
-                      .card = 0xffffffff,
-                      .label = 0xff1d1d1f,
+    return paletteOf({.window = opaque(themeColors::light.window),
+                      .card = opaque(themeColors::light.card),
+                      .label = opaque(themeColors::light.label),
                       .control = 0xffffffff,
                       .toolTip = 0xffffffff,
-                      .link = accentOnLight});
+                      .link = opaque(themeColors::light.accentLabel)});
 }
 
 QPalette darkPalette() {
-    return paletteOf({.window = 0xff1e1e20,
-                      .card = 0xff2a2a2d,
-                      .label = 0xfff5f5f7,
+    return paletteOf({.window = opaque(themeColors::dark.window),
+                      .card = opaque(themeColors::dark.card),
+                      .label = opaque(themeColors::dark.label),
                       .control = 0xff3a3a3e,
                       .toolTip = 0xff3a3a3e,
-                      .link = accentOnDark});
+                      .link = opaque(themeColors::dark.accentLabel)});
 }
 
 } // namespace tervale
