@@ -35,7 +35,7 @@ std::string textOf(Date date) {
 std::optional<std::string> keep(Preferences& preferences, Date now) {
     std::string key = prefix + textOf(now);
     // Of several within a second each has a name of its own.
-    for (double later = 1; preferences.contains(key) && later < 100; ++later)
+    for (int later = 1; preferences.contains(key) && later < 100; ++later)
         key = prefix + textOf(now + later);
     if (!preferences.keepCopy(ProfileStore::profilesKey, key))
         return std::nullopt;

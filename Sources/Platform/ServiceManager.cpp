@@ -25,6 +25,8 @@ void tellServiceManager(const std::string& lines) {
     if (*name == '@')
         address.sun_path[0] = '\0';
     const FileDescriptor socket(::socket(AF_UNIX, SOCK_DGRAM, 0));
+    if (socket.number() < 0)
+        return;
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size());
     // A manager that does not listen is its own matter.
     static_cast<void>(::sendto(socket.number(), lines.data(), lines.size(), MSG_DONTWAIT,

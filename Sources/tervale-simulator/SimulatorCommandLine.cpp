@@ -151,7 +151,7 @@ SimulatorCommandLine::Request SimulatorCommandLine::parse(const QStringList& arg
         return ShowHelp{};
     if (!values.refusal && values.has("version"))
         return ShowVersion{};
-    const Run run = values.refusal ? Run{} : takeRun(values);
+    Run run = values.refusal ? Run{} : takeRun(values);
     if (values.refusal)
         return Refuse{*values.refusal};
     return run;

@@ -56,7 +56,7 @@ class Written {
 
     std::FILE* stream() const { return file; }
     std::string text() const {
-        std::rewind(file);
+        EXPECT_EQ(std::fseek(file, 0, SEEK_SET), 0);
         std::string read;
         for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file))
             read += static_cast<char>(byte);

@@ -78,6 +78,8 @@ Function next(const char* name) {
 
 } // namespace
 
+// Parameters and arguments come in parentheses of their own.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 // The call with these parameters, of which `concerned` says whether it counts.
 #define FAULTY(result, name, parameters, arguments, concerned)                                     \
     extern "C" result name parameters {                                                            \
@@ -88,13 +90,14 @@ Function next(const char* name) {
 #define FAULTY_OPEN(name, parameters, arguments, concerned)                                        \
     extern "C" int name parameters {                                                               \
         static const auto real = next<int(*) parameters>(#name);                                   \
-        const bool below = concerned;                                                              \
+        const bool below = (concerned);                                                            \
         if (fails(below))                                                                          \
             return -1;                                                                             \
         const int opened = real arguments;                                                         \
         watch(opened, below);                                                                      \
         return opened;                                                                             \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 FAULTY_OPEN(open, (const char* path, int flags, unsigned mode), (path, flags, mode), isBelow(path))
 FAULTY_OPEN(open64, (const char* path, int flags, unsigned mode), (path, flags, mode),

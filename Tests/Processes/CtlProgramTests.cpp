@@ -48,7 +48,7 @@ TEST_F(CtlProgramTest, RecordsTheLoadOfTheMacOfAnotherProcess) {
         EXPECT_EQ(run({"monitor", "--json", "--count", "1"}), 0);
         const auto from = output.indexOf("\"load\":");
         EXPECT_GE(from, 0) << output.toStdString();
-        return std::atof(output.constData() + from + 7);
+        return std::strtod(output.constData() + from + 7, nullptr);
     };
     // This machine is as busy both times.
     EXPECT_GT(load("render"), 60);

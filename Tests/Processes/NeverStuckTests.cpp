@@ -83,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Quarters, NeverStuckAtAnyMomentTest, testing::Range(0, 
 
 TEST_P(NeverStuckAtAnyMomentTest, HandsTheFansBackWithinASecondOfAKillDuringMax) {
     const unsigned number = seed();
-    std::cout << "TERVALE_SEED=" << number << std::endl;
+    std::cout << "TERVALE_SEED=" << number << '\n' << std::flush;
     random.seed(number);
     const SimulatorProgram simulator(bus, {"--sensors", "12", "--scenario", "idle"});
     {

@@ -140,8 +140,7 @@ TEST_F(ThreeProcessesTest, KeepTheStateThroughRubbish) {
     DBusNotificationCenter stranger(bus.connect());
     for (const char* text :
          {"", "{", "null", "7", "[]", "{}", "{\"selection\":{\"automatic\":{}}}",
-          "{\"selection\":{\"automatic\":{},\"fixed\":{\"_0\":1}},\"launchAtLogin\":true,"
-          "\"profiles\":[]}",
+          R"({"selection":{"automatic":{},"fixed":{"_0":1}},"launchAtLogin":true,"profiles":[]})",
           "{\"selection\":{\"automatic\":{}},\"launchAtLogin\":true,\"profiles\":[{}]}"})
         stranger.post(Bridge::stateName, text);
     stranger.post(Bridge::stateName, std::string(10'000'000, '{'));

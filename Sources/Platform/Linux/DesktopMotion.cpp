@@ -1,6 +1,7 @@
 #include "Platform/Linux/DesktopMotion.h"
 
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QFile>
@@ -42,6 +43,8 @@ DesktopMotion::DesktopMotion(const QDBusConnection& sessionBus,
                              const std::filesystem::path& configuration)
     : bus(sessionBus),
       gtk(!gtkAnimates(configuration)) {
+    // Without its type known, nothing would be connected.
+    qDBusRegisterMetaType<QDBusVariant>();
     bus.connect(name, path, portal, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask(appearanceGroup, reducedMotionKey);

@@ -2,6 +2,7 @@
 
 #include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -23,6 +24,8 @@ constexpr QLatin1String sessionInterface("org.freedesktop.login1.Session");
 LoginSession::LoginSession(const QDBusConnection& systemBus, std::function<void()> handler)
     : bus(systemBus),
       over(std::move(handler)) {
+    // Without its type known, nothing would be connected.
+    qDBusRegisterMetaType<QDBusObjectPath>();
     bus.connect(name, path, interface, QStringLiteral("SessionRemoved"), this,
                 SLOT(remove(QString, QDBusObjectPath)));
     findSession();

@@ -5,6 +5,7 @@
 
 #include <IOKit/IOMessage.h>
 #include <IOKit/pwr_mgt/IOPMLib.h>
+#include <bit>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ struct FakePower {
     std::vector<std::string> events;
 
     void tell(std::uint32_t message, std::intptr_t notification) const {
-        callback(reference, root, message, reinterpret_cast<void*>(notification));
+        callback(reference, root, message, std::bit_cast<void*>(notification));
     }
 };
 

@@ -79,7 +79,7 @@ std::string bytesOf(const std::string& digits) {
 }
 
 void say(const std::string& line) {
-    std::cout << line << std::endl;
+    std::cout << line << '\n' << std::flush;
 }
 
 std::string described(const std::optional<std::string>& text) {
@@ -129,7 +129,7 @@ int living() {
 }
 
 NotificationCenter::Handler Program::handler(const std::string& name) {
-    return [this, name, owned = owned](const std::optional<std::string>& object) {
+    return [this, name, held = owned](const std::optional<std::string>& object) {
         const char* thread = [NSThread isMainThread] ? "" : " on another thread";
         say("received " + name + " " + described(object) + thread);
         if (object == "let go")

@@ -115,8 +115,8 @@ void masksHoldTheOpacityOfEachPixel() {
     expect(coverage.size() == std::size_t{side} * side, "a mask has a byte for each pixel");
     const auto drawn = std::count(coverage.begin(), coverage.end(), fakeSystem::opacity);
     const auto empty = std::count(coverage.begin(), coverage.end(), 0);
-    expect(drawn == 48 * 40, "what is drawn has its opacity");
-    expect(drawn + empty == side * side, "everything else is transparent");
+    expect(drawn == std::ptrdiff_t{48} * 40, "what is drawn has its opacity");
+    expect(drawn + empty == std::ptrdiff_t{side} * side, "everything else is transparent");
 }
 
 void weightsAreThoseOfTheSystem() {
