@@ -115,9 +115,9 @@ class Overheard {
     explicit Overheard(const Machine& machine)
         : bridge(*machine.notificationCenter),
           states(bridge.onState([this](const BridgeState& state) { last = state; })),
-          channel(bridge.onChannel([this](Channel channel) {
+          channel(bridge.onChannel([this](Channel way) {
               last.reset();
-              if (channel == Channel::back)
+              if (way == Channel::back)
                   bridge.send(command::RequestState{});
           })) {
         bridge.send(command::RequestState{});
