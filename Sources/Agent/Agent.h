@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Agent/CheckedPreferences.h"
+#include "Agent/AgentPreferences.h"
+#include "Agent/AgentStatus.h"
 #include "Agent/FanDriver.h"
 #include "Agent/FanPermission.h"
 #include "Profiles/Bridge.h"
@@ -9,22 +10,23 @@
 #include "Profiles/LoadReading.h"
 #include "Profiles/NotificationCenter.h"
 #include "Profiles/Preferences.h"
-#include "Profiles/ProfileStore.h"
 #include "Profiles/SensorSampler.h"
 #include "SMC/SMC.h"
 
+#include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace tervale {
 
 /// Owns the fans, answers the window's commands and publishes what it does. It knows only the
 /// seams, and so drives whatever controller stands behind them.
 ///
-/// A running timer's action comes before the selection, and the safety latch before both. Every
-/// command is answered by exactly one published state, which confirms it; what happens by itself is
-/// published as it happens. Main thread.
+/// A running timer's action comes before the selection, and the safety latch before both. A command
+/// takes effect when it arrives. Commands that arrive together are stored, driven and confirmed
+/// together: by one published state, which holds them all. A request for the state that finds
+/// nothing to confirm is answered at once. What happens by itself is published as it happens. Main
+/// thread.
 class Agent {
   public:
     /// What the agent works with; all of it outlives the agent.
@@ -35,8 +37,15 @@ class Agent {
         const Clock& clock;
         LoadReading load;
         FanPermission::Guard guard{};
-        /// Shown in the status while there is nothing else to tell.
-        std::optional<std::string> remark{};
+        AgentStatus::Writing writing = AgentStatus::Writing::done;
+        /// Reaches the controller: why it cannot, nothing once it has. Asked at each tick until
+        /// then. Null for one that is reached already.
+        std::function<std::optional<std::string>()> reach{};
+        /// Runs the task once what has arrived by now is received. Null: at once, so that each
+        /// command has a state of its own.
+        std::function<void(std::function<void()>)> later{};
+        /// Hears, a line each, what the agent decides and posts. May be null.
+        std::function<void(const std::string&)> trace{};
     };
 
     static constexpr double longestTimer = 24 * 60 * 60;
@@ -51,12 +60,15 @@ class Agent {
 
     /// One control tick. Called once a second.
     void tick();
-    /// Hands the fans back before the machine sleeps, and takes up again what is in force after it.
-    void sleep();
+    /// Hands the fans back before the machine sleeps; false if that failed. They are taken again
+    /// after it.
+    bool sleep();
     void wake();
     /// Hands all fans back and says so, as the last thing before the agent goes. Tells why if that
     /// fails.
     std::optional<std::string> end();
+    /// The same without a word, since another agent speaks from now on.
+    std::optional<std::string> giveWay();
 
     const BridgeState& currentState() const { return state; }
 
@@ -66,44 +78,43 @@ class Agent {
         Date until;
     };
 
-    /// Take over what is stored, as far as it can be read.
-    void takeUpSelection();
-    void takeUpProfiles();
-    void tellUnreadable();
-    /// Writes and reads again what failed, if it is time to.
-    void retryStorage();
-    void readAgain();
-    void handle(const BridgeCommand& command);
+    void receive(const BridgeCommand& command);
+    void perform(const BridgeCommand& command);
     void saveProfiles(const std::vector<Profile>& profiles);
     void startTimer(const command::StartTimer& timer);
     void endTimer();
+    /// Stores, drives and confirms what has arrived.
+    void confirm();
     void notify(std::string text);
+    void tellUnreadable();
     /// Evaluates what is in force, drives the fans and renews the status.
     void control();
+    std::optional<std::string> drive();
     Target evaluate();
-    void findSensors();
-    std::optional<std::string> statusOf(const std::optional<std::string>& error) const;
+    void takeUpSensors();
     void publish();
+    void trace(const std::string& line) const;
 
     Seams seams;
     Bridge bridge;
-    CheckedPreferences preferences;
-    ProfileStore store;
+    AgentPreferences preferences;
     Controller controller;
     /// Nothing until the sensors could be listed.
     std::optional<SensorSampler> sampler;
     FanDriver fans;
     FanPermission permission;
+    AgentStatus status;
     BridgeState state;
     std::optional<BridgeState> published;
     std::optional<Notice> notice;
-    /// Nothing was ever stored, and these may not be yet.
-    bool offersStarters = false;
-    /// Until other profiles are saved in place of the stored ones, or these can be read.
-    bool profilesUnreadable = false;
-    /// Until an action is selected in place of the stored one, or this can be read.
-    bool selectionUnreadable = false;
-    Date nextReading;
+    /// Why the controller has not been reached yet.
+    std::optional<std::string> unreached;
+    std::optional<Target> traced;
+    /// Commands have arrived that are not confirmed; of them, some that change something.
+    bool unanswered = false;
+    bool unconfirmed = false;
+    /// `confirm` will be called.
+    bool confirming = false;
     /// By the steady clock, while there is a timer.
     double timerLimit = 0;
     ObserverToken commandObserver;

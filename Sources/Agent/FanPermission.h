@@ -2,6 +2,7 @@
 
 #include "Profiles/Controller.h"
 
+#include <cstdint>
 #include <functional>
 
 namespace tervale {
@@ -16,6 +17,9 @@ class FanPermission {
     /// A machine that should sleep and has had so many ticks is awake, though nobody said so.
     static constexpr int mostTicksToSleep = 60;
 
+    /// Why less is granted than was wanted.
+    enum class Refusal : std::uint8_t { none, unguarded, blind };
+
     /// Sees to it that a guard stands, which is also a sign of life to it; false if none does. Null
     /// where no guard is needed. Called at each tick from the first time that a fan is to be taken.
     using Guard = std::function<bool()>;
@@ -29,10 +33,12 @@ class FanPermission {
     void sleep() { ticksToSleep = mostTicksToSleep; }
     void wake() { ticksToSleep = 0; }
 
-    /// As much of the target as may be. The safety latch needs no reading.
+    /// The target, or automatic where it may not be had. While the safety latch is engaged a
+    /// missing reading refuses nothing.
     Target grant(const Target& wanted, bool safetyEngaged);
-    /// Why less was granted last, for people; null if nobody need be told.
-    const char* reason() const { return why; }
+    /// Why the last target was refused; none for one that was granted, or refused because the
+    /// machine goes to sleep.
+    Refusal refusal() const { return why; }
 
   private:
     Guard guard;
@@ -40,7 +46,7 @@ class FanPermission {
     int blindTicks = 0;
     /// 0 while the machine is awake.
     int ticksToSleep = 0;
-    const char* why = nullptr;
+    Refusal why = Refusal::none;
 };
 
 } // namespace tervale

@@ -29,6 +29,10 @@ std::optional<AgentLog::Level> AgentLog::levelNamed(std::string_view name) {
     return std::nullopt;
 }
 
+std::string_view AgentLog::nameOf(Level level) {
+    return grades[static_cast<std::size_t>(level)].name;
+}
+
 AgentLog AgentLog::standard(Level most) {
     return {stderr, most, standardErrorIsJournal() ? Form::journal : Form::terminal};
 }

@@ -24,6 +24,7 @@ class AgentLog {
     static constexpr double interval = 10;
 
     static std::optional<Level> levelNamed(std::string_view name);
+    static std::string_view nameOf(Level level);
     /// On standard error.
     static AgentLog standard(Level most);
 

@@ -6,8 +6,12 @@
 #include "Platform/ServiceManager.h"
 #include "tervale-agent/Guard.h"
 
+#include <QMetaObject>
+
 #include <chrono>
 #include <tervale/Version.h>
+#include <thread>
+#include <utility>
 
 namespace tervale {
 
@@ -16,28 +20,24 @@ using Level = AgentLog::Level;
 
 namespace {
 
-constexpr const char* dryRunRemark = "Dry run: nothing is written to the controller.";
-
 const char* preferencesDomain(const MachineChoice& machine) {
     return std::holds_alternative<machineChoice::Simulated>(machine) ? "tervale-simulation"
                                                                      : "tervale";
 }
 
-AgentMachine::Writing writingOf(const AgentCommandLine::Run& run) {
-    return run.dryRun ? AgentMachine::Writing::pretended : AgentMachine::Writing::allowed;
-}
-
 } // namespace
 
-AgentProgram::AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& notificationCenter)
+AgentProgram::AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& notificationCenter,
+                           std::function<void(int)> whenEnded)
     : messages(AgentLog::standard(run.logLevel)),
       center(notificationCenter),
-      machine(run.machine, writingOf(run)),
+      finish(std::move(whenEnded)),
+      writing(run.dryRun ? AgentStatus::Writing::pretended : AgentStatus::Writing::done),
+      machine(run.machine,
+              run.dryRun ? AgentMachine::Writing::pretended : AgentMachine::Writing::allowed),
       preferences(makePreferences(preferencesDomain(run.machine))) {
     if (machine.outlivesProcess() && !run.dryRun)
-        guard = std::make_unique<GuardProcess>(guardArguments(run.machine));
-    if (run.dryRun)
-        remark = dryRunRemark;
+        guard = std::make_unique<GuardProcess>(guardArguments(run.machine, run.logLevel));
     log(Level::info, std::string("Version ") + version::text + (run.dryRun ? ", dry run" : ""));
     QObject::connect(&timer, &QTimer::timeout, &timer, [this] { tick(); });
     timer.start(1s);
@@ -49,62 +49,97 @@ AgentProgram::AgentProgram(const AgentCommandLine::Run& run, NotificationCenter&
 AgentProgram::~AgentProgram() = default;
 
 void AgentProgram::begin() {
-    try {
-        smc.emplace(machine.registry());
-        agent.emplace(Agent::Seams{
-            .smc = *smc,
-            .center = center,
-            .preferences = *preferences,
-            .clock = clock,
-            .load = machine.load(),
-            .guard = guard ? FanPermission::Guard([this] { return keepGuard(); }) : nullptr,
-            .remark = remark});
-        log(Level::info, "The controller is there.");
-        logState();
-    } catch (const SMCError& error) {
-        if (!std::exchange(controllerMissed, true))
-            log(Level::warning, error.description + ". It is looked for once a second.");
-    }
+    agent.emplace(Agent::Seams{
+        .smc = smc,
+        .center = center,
+        .preferences = *preferences,
+        .clock = clock,
+        .load = machine.load(),
+        .guard = guard ? FanPermission::Guard([this] { return keepGuard(); }) : nullptr,
+        .writing = writing,
+        .reach = [this] { return reach(); },
+        // Behind everything that waits in the event loop now; never once the object is gone.
+        .later =
+            [this](std::function<void()> task) {
+                QMetaObject::invokeMethod(&timer, std::move(task), Qt::QueuedConnection);
+            },
+        .trace = [this](const std::string& line) { log(Level::debug, line); }});
+    logState();
 }
 
 void AgentProgram::tick() {
     machine.advance(SimulationTimer::step(std::chrono::milliseconds(sinceTick.restart()), 1));
     tellServiceManager("WATCHDOG=1");
-    if (!agent) {
-        begin();
+    if (!keepLock())
         return;
-    }
     agent->tick();
     logState();
 }
 
 void AgentProgram::sleep() {
     log(Level::info, "The machine goes to sleep.");
-    if (agent)
-        agent->sleep();
+    // The machine sleeps when this returns, and a controller may be back in a moment.
+    constexpr auto pause = 200ms;
+    const auto deadline = std::chrono::steady_clock::now() + sleepPatience;
+    bool done = agent->sleep();
+    for (; !done && std::chrono::steady_clock::now() < deadline; done = agent->sleep())
+        std::this_thread::sleep_for(pause);
+    if (!done)
+        log(Level::error, "The fans could not be handed back before the sleep.");
 }
 
 void AgentProgram::wake() {
     log(Level::info, "The machine is awake.");
     sinceTick.restart();
-    if (agent)
-        agent->wake();
+    agent->wake();
     logState();
+}
+
+void AgentProgram::note(SleepNews news) {
+    if (news == SleepNews::told)
+        log(Level::info, "The system tells of the machine's sleep again.");
+    else
+        log(Level::warning, "The system does not tell of the machine's sleep: the fans are not "
+                            "handed back before it.");
 }
 
 int AgentProgram::end(std::string_view reason) {
     timer.stop();
     tellServiceManager("STOPPING=1");
-    const std::optional<std::string> error = agent ? agent->end() : std::nullopt;
-    if (error) {
+    if (const std::optional<std::string> error = agent->end()) {
         // The guard goes on trying.
         log(Level::error, "The fans could not be handed back: " + *error);
         return exitStatus::failure;
     }
     if (guard)
         guard->dismiss();
-    log(Level::info, std::string(reason) + " The fans are automatic.");
+    log(Level::info, std::string(reason) + ' ' + agent->currentState().status.value_or(""));
     return exitStatus::done;
+}
+
+bool AgentProgram::keepLock() {
+    try {
+        lock.keep();
+        return true;
+    } catch (const AgentLock::Refused& refusal) {
+        timer.stop();
+        tellServiceManager("STOPPING=1");
+        // The other agent speaks for the fans from now on, and the guard goes on where this fails.
+        if (!agent->giveWay() && guard)
+            guard->dismiss();
+        finish(Terminal("tervale-agent").complain(refusal.what(), exitStatus::failure));
+        return false;
+    }
+}
+
+std::optional<std::string> AgentProgram::reach() {
+    std::optional<std::string> missing = controller.reach();
+    if (!missing)
+        log(Level::info, "The controller is there.");
+    else if (missing != missed)
+        log(Level::warning, *missing + ". It is looked for once a second.");
+    missed = missing;
+    return missing;
 }
 
 bool AgentProgram::keepGuard() {
@@ -122,8 +157,6 @@ bool AgentProgram::keepGuard() {
 }
 
 void AgentProgram::logState() {
-    if (!agent)
-        return;
     for (const std::string& line : stateLog.changes(agent->currentState()))
         log(Level::info, line);
 }

@@ -3,9 +3,11 @@
 #include "Agent/Agent.h"
 #include "Platform/AgentLock.h"
 #include "Platform/GuardProcess.h"
+#include "Platform/SleepWatch.h"
 #include "Profiles/Clock.h"
 #include "Profiles/NotificationCenter.h"
 #include "Profiles/Preferences.h"
+#include "SMC/LateRegistry.h"
 #include "SMC/SMC.h"
 #include "tervale-agent/AgentCommandLine.h"
 #include "tervale-agent/AgentLog.h"
@@ -15,6 +17,8 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,13 +27,18 @@
 namespace tervale {
 
 /// The agent, with all that keeps it running: the lock of the session, the machine, the guard, one
-/// tick a second. A machine whose controller is not there yet is looked for at each tick. Main
+/// tick a second. It answers also while the controller is not there yet, or lets nobody in. Main
 /// thread.
 class AgentProgram {
   public:
+    /// How long a machine that is about to sleep is kept waiting for fans that cannot be handed
+    /// back at once.
+    static constexpr std::chrono::seconds sleepPatience{3};
+
     /// Throws `AgentLock::Refused` where another agent runs, and `NoSuchMachine`. `center` outlives
-    /// the object.
-    AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& center);
+    /// the object. `finish` is called with the exit status when the agent ends by itself.
+    AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& center,
+                 std::function<void(int)> finish);
     ~AgentProgram();
     AgentProgram(const AgentProgram&) = delete;
     AgentProgram& operator=(const AgentProgram&) = delete;
@@ -37,14 +46,19 @@ class AgentProgram {
     /// Around a sleep of the machine.
     void sleep();
     void wake();
+    /// Whether the machine's sleep is told.
+    void note(SleepNews news);
     /// Hands the fans back and says so; the agent ticks no more. The exit status.
     int end(std::string_view reason);
 
   private:
-    void tick();
-    /// Makes the agent, if the controller is there.
+    /// Makes the agent, which publishes its state.
     void begin();
+    void tick();
+    /// Whether the agent still is the session's; otherwise it has ended.
+    bool keepLock();
     bool keepGuard();
+    std::optional<std::string> reach();
     void logState();
     void log(AgentLog::Level level, std::string_view line);
 
@@ -52,15 +66,19 @@ class AgentProgram {
     AgentLock lock;
     AgentLog messages;
     NotificationCenter& center;
+    std::function<void(int)> finish;
+    AgentStatus::Writing writing;
     AgentMachine machine;
+    LateRegistry controller{machine.registry()};
+    SMC smc{controller};
     std::unique_ptr<Preferences> preferences;
     /// Null where none is needed.
     std::unique_ptr<GuardProcess> guard;
-    std::optional<std::string> remark;
-    std::optional<SMC> smc;
-    std::optional<Agent> agent;
     StateLog stateLog;
-    bool controllerMissed = false;
+    /// Why the controller could not be reached.
+    std::optional<std::string> missed;
+    /// From `begin` on.
+    std::optional<Agent> agent;
     QElapsedTimer sinceTick;
     QTimer timer;
 };

@@ -1,16 +1,16 @@
 #include "tervale-agent/Guard.h"
 
 #include "Agent/FanDriver.h"
+#include "Agent/SafetySensors.h"
 #include "Base/Terminal.h"
 #include "Platform/GuardDuty.h"
 #include "Platform/Platform.h"
 #include "Platform/RuntimeFolder.h"
 #include "Profiles/Clock.h"
+#include "Profiles/SafetyLatch.h"
 #include "SMC/SMC.h"
 #include "tervale-agent/AgentLog.h"
 
-#include <algorithm>
-#include <cstdint>
 #include <exception>
 #include <memory>
 #include <string_view>
@@ -22,27 +22,30 @@ namespace {
 
 constexpr std::string_view asGuard = "--guard";
 constexpr std::string_view onSocket = "--socket";
+constexpr std::string_view atLevel = "--log-level";
 
-/// Has the controller described every key that handing back needs, so that it takes no time later.
-void prepare(SMC& smc) {
-    // Whatever the controller counts.
-    constexpr std::int64_t mostFans = 100;
-    const std::int64_t count = std::min(smc.fanCount(), mostFans);
-    for (std::int64_t fan = 0; fan < count; ++fan)
-        smc.exists(smc.modeKey(fan));
-    smc.exists("Ftst");
-}
-
-int guard(IORegistry& registry) {
-    const auto log = [](AgentLog::Level level, std::string_view line) {
-        AgentLog::standard(AgentLog::Level::info).write(level, line, SystemClock().steady());
+int guard(IORegistry& registry, AgentLog::Level most) {
+    auto log = [messages = AgentLog::standard(most)](AgentLog::Level level,
+                                                     std::string_view line) mutable {
+        messages.write(level, line, SystemClock().steady());
     };
     try {
         SMC smc(registry);
-        prepare(smc);
         FanDriver fans(smc);
+        fans.prepare();
+        SafetySensors sensors(smc);
+        const auto isCool = [&] {
+            const std::optional<double> hottest = sensors.hottest();
+            log(AgentLog::Level::debug, "The agent is silent, the hottest sensor " +
+                                            (hottest ? "at " + std::to_string(*hottest) + " °C."
+                                                     : std::string("cannot be read.")));
+            // Not to know is not to know that it is cool.
+            return hottest && *hottest < SafetyLatch::on;
+        };
         const GuardDuty duty{.lock = runtimeFolder() / "guard.lock",
-                             .handBack = [&fans] { return !fans.handBack(); }};
+                             .handBack = [&fans] { return !fans.handBack(); },
+                             .isCool = isCool};
+        log(AgentLog::Level::debug, "The guard goes on duty.");
         switch (duty.stand()) {
         case GuardDuty::End::handedBack:
             log(AgentLog::Level::warning,
@@ -64,8 +67,9 @@ int guard(IORegistry& registry) {
 
 } // namespace
 
-std::vector<std::string> guardArguments(const MachineChoice& machine) {
-    std::vector<std::string> arguments{"tervale-agent", std::string(asGuard)};
+std::vector<std::string> guardArguments(const MachineChoice& machine, AgentLog::Level level) {
+    std::vector<std::string> arguments{"tervale-agent", std::string(asGuard), std::string(atLevel),
+                                       std::string(AgentLog::nameOf(level))};
     if (const auto* remote = std::get_if<machineChoice::Remote>(&machine)) {
         arguments.emplace_back(onSocket);
         arguments.push_back(remote->socket);
@@ -76,12 +80,19 @@ std::vector<std::string> guardArguments(const MachineChoice& machine) {
 std::optional<int> standGuard(int count, char** arguments) {
     if (count < 2 || arguments[1] != asGuard)
         return std::nullopt;
-    std::unique_ptr<IORegistry> registry;
-    if (count == 4 && arguments[2] == onSocket)
-        registry = makeRemoteRegistry(arguments[3]);
-    else if (count == 2)
-        registry = makeRegistry();
-    return registry ? guard(*registry) : exitStatus::wrongUsage;
+    auto level = std::optional(AgentLog::Level::info);
+    std::optional<std::string> socket;
+    for (int i = 2; i < count; i += 2) {
+        const std::string value = i + 1 < count ? arguments[i + 1] : "";
+        if (arguments[i] == onSocket && !value.empty())
+            socket = value;
+        else if (arguments[i] == atLevel && level)
+            level = AgentLog::levelNamed(value);
+        else
+            return exitStatus::wrongUsage;
+    }
+    const auto registry = socket ? makeRemoteRegistry(*socket) : makeRegistry();
+    return registry && level ? guard(*registry, *level) : exitStatus::wrongUsage;
 }
 
 } // namespace tervale

@@ -33,11 +33,14 @@ int runAgent(const AgentCommandLine::Run& run) {
     const TerminationSignals ending(
         [&program] { QCoreApplication::exit(program->end("Told to end.")); });
     try {
-        program.emplace(run, *center);
+        program.emplace(run, *center, &QCoreApplication::exit);
         const SessionEnd sessionEnd(
             *center, [&program] { QCoreApplication::exit(program->end("The session is over.")); });
         const auto sleep =
-            makeSleepWatch({[&program] { program->sleep(); }, [&program] { program->wake(); }});
+            makeSleepWatch({[&program] { program->sleep(); }, [&program] { program->wake(); },
+                            [&program](SleepNews news) { program->note(news); }});
+        if (!sleep)
+            program->note(SleepNews::untold);
         return QCoreApplication::exec();
     } catch (const AgentLock::Refused& refusal) {
         return terminal().complain(refusal.what(), exitStatus::failure);

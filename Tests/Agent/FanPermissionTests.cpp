@@ -205,16 +205,20 @@ TEST_F(FanPermissionTest, EndsATimerByTheWallClockThatIsSetForward) {
     EXPECT_FALSE(agent.currentState().timerAction.has_value());
 }
 
-TEST_F(FanPermissionTest, ShowsTheRemarkWhileThereIsNothingElseToTell) {
+TEST_F(FanPermissionTest, SaysInADryRunThatItIsOneWhateverElseThereIsToTell) {
     Agent remarking({.smc = smc,
                      .center = center,
                      .preferences = preferences,
                      .clock = clock,
                      .load = {},
-                     .remark = "Dry run."});
-    EXPECT_EQ(remarking.currentState().status, "Dry run.");
+                     .writing = AgentStatus::Writing::pretended});
+    EXPECT_EQ(remarking.currentState().status, "Dry run: nothing is written to the controller.");
     Bridge(center).send(command::CheckForUpdates{});
-    EXPECT_EQ(remarking.currentState().status, "Tervale is up to date.");
+    EXPECT_EQ(remarking.currentState().status,
+              "Dry run: nothing is written to the controller. Tervale is up to date.");
+    EXPECT_EQ(remarking.end(), std::nullopt);
+    EXPECT_EQ(remarking.currentState().status,
+              "Dry run: nothing is written to the controller. The agent has ended.");
 }
 
 } // namespace

@@ -1,11 +1,13 @@
 #include "Processes/AgentSession.h"
 #include "Support/FakeLoginManager.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
 
 using namespace tervale;
 
@@ -130,20 +132,93 @@ TEST_F(AgentProgramTest, DrivesASimulatedMacWithinItsProcess) {
 
 TEST_F(AgentProgramTest, WritesNothingInADryRunAndSaysSo) {
     const SimulatorProgram simulator(bus);
-    const AgentProcess agent(bus, {"--dry-run"});
+    AgentProcess agent(bus, {"--dry-run"});
     bridge.send(command::Select{maximum});
     ASSERT_TRUE(eventually([this] { return state.selection == maximum; }));
     EXPECT_EQ(state.status, "Dry run: nothing is written to the controller.");
     EXPECT_TRUE(automatic());
+    agent.send(SIGTERM);
+    ASSERT_TRUE(agent.ends());
+    EXPECT_TRUE(eventually([this] {
+        return state.status ==
+               "Dry run: nothing is written to the controller. The agent has ended.";
+    }));
+    EXPECT_FALSE(agent.errors().contains("fans are automatic"));
 }
 
 TEST_F(AgentProgramTest, WaitsForAControllerThatComesLater) {
     ChildProcess agent(TERVALE_AGENT, {}, bus.environment());
     ASSERT_TRUE(eventually([&] { return agent.errors().contains("looked for once a second"); }));
     EXPECT_TRUE(agent.runs());
+    bridge.send(command::CheckForUpdates{});
+    EXPECT_TRUE(eventually([this] {
+        return state.status == "The controller is out of reach. AppleSMC not found";
+    })) << "it answers all the same";
     const SimulatorProgram simulator(bus);
     ASSERT_TRUE(eventually([&] { return agent.errors().contains("The controller is there."); }));
     EXPECT_TRUE(selectsMaximum());
+}
+
+TEST_F(AgentProgramTest, SaysInTheEndThatItNeverReachedAController) {
+    AgentProcess agent(bus);
+    agent.send(SIGTERM);
+    ASSERT_TRUE(agent.ends());
+    EXPECT_EQ(agent.status(), 0);
+    EXPECT_TRUE(agent.errors().contains("The agent has ended. It never reached a controller."));
+    EXPECT_FALSE(agent.errors().contains("automatic."));
+}
+
+TEST_F(AgentProgramTest, TakesItsLockAnewWhenTheFileIsRemoved) {
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    std::filesystem::remove(lock());
+    ASSERT_TRUE(eventually([this] { return AgentLock::holder(lock()).has_value(); }));
+    EXPECT_EQ(AgentLock::holder(lock())->process, agent.id());
+    EXPECT_EQ(AgentLock::holder(lock())->guard, guard());
+    EXPECT_TRUE(manual());
+}
+
+TEST_F(AgentProgramTest, HandsTheFansBackAndEndsWhereAnotherHasTakenTheRemovedLock) {
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    // As one that starts at that moment does.
+    std::filesystem::remove(lock());
+    const AgentLock other(lock());
+    ASSERT_TRUE(agent.ends());
+    EXPECT_EQ(agent.status(), 1);
+    EXPECT_TRUE(agent.errors().endsWith("tervale-agent: An agent runs already: process " +
+                                        QByteArray::number(QCoreApplication::applicationPid()) +
+                                        ".\n"))
+        << agent.errors().constData();
+    EXPECT_TRUE(automatic());
+    EXPECT_EQ(state.status, std::nullopt) << "it does not speak for the other one";
+}
+
+TEST_F(AgentProgramTest, LogsWhatItDecidesAndPostsAtTheLevelDebugAndSoDoesItsGuard) {
+    const SimulatorProgram simulator(bus, {"--scenario", "idle"});
+    AgentProcess agent(bus, {"--log-level", "debug"});
+    ASSERT_TRUE(selectsMaximum());
+    for (const char* line : {"Command: select", "Fans: 100%", "The state was posted.",
+                             "The guard goes on duty.", "Selection: 100%"})
+        EXPECT_TRUE(eventually([&] { return agent.errors().contains(line); })) << line;
+    QElapsedTimer waited;
+    const QByteArray before = agent.errors();
+    waited.start();
+    EXPECT_TRUE(eventually([&] { return waited.elapsed() > 2500; }));
+    EXPECT_EQ(agent.errors(), before) << "nothing at rest";
+}
+
+TEST_F(AgentProgramTest, KeepsItsGuardAsQuietAsItself) {
+    const SimulatorProgram simulator(bus);
+    ChildProcess agent(TERVALE_AGENT, {"--log-level", "error"}, bus.environment());
+    ASSERT_TRUE(eventually([this] { return states > 0; }));
+    ASSERT_TRUE(selectsMaximum());
+    agent.send(SIGKILL);
+    ASSERT_TRUE(eventually([this] { return automatic(); }));
+    ASSERT_TRUE(agent.ends());
+    EXPECT_EQ(agent.errors(), "");
 }
 
 TEST_F(AgentProgramTest, StartsAnotherGuardWhenItsGuardIsKilled) {
@@ -168,10 +243,12 @@ TEST_F(AgentProgramTest, KeepsItsGuardThroughManyCommandsAtOnce) {
     const AgentProcess agent(bus);
     ASSERT_TRUE(selectsMaximum());
     const auto before = guard();
-    for (int i = 0; i < 200; ++i)
-        bridge.send(command::RequestState{});
-    const int wanted = states + 200;
-    ASSERT_TRUE(eventually([&] { return states >= wanted; }));
+    for (int i = 0; i < 2000; ++i)
+        bridge.send(command::SetLaunchAtLogin{i % 2 == 0});
+    bridge.send(command::StartTimer{maximum, 900});
+    const int statesBefore = states;
+    ASSERT_TRUE(eventually([&] { return state.timerAction == maximum; }));
+    EXPECT_LT(states - statesBefore, 1000) << "what arrives together is confirmed together";
     EXPECT_EQ(guard(), before);
     EXPECT_TRUE(manual());
 }
@@ -203,6 +280,73 @@ TEST_F(AgentProgramTest, HandsTheFansBackBeforeSleepAndTakesThemAfterIt) {
     emit manager.PrepareForSleep(false);
     EXPECT_TRUE(eventually([this] { return manual(); }));
     EXPECT_TRUE(eventually([&] { return manager.isDelayed(); }));
+}
+
+TEST_F(AgentProgramTest, HasTheMachineWaitForAControllerThatDoesNotAnswerBeforeSleep) {
+    FakeLoginManager manager(bus.connect());
+    QProcessEnvironment environment = bus.environment();
+    environment.insert("DBUS_SYSTEM_BUS_ADDRESS", bus.address());
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(environment);
+    ASSERT_TRUE(selectsMaximum());
+    ASSERT_TRUE(eventually([&] { return manager.isDelayed(); }));
+    simulator.send(SIGSTOP);
+    emit manager.PrepareForSleep(true);
+    QElapsedTimer waited;
+    waited.start();
+    ASSERT_TRUE(eventually([&] { return waited.elapsed() > 1800; }));
+    EXPECT_TRUE(manager.isDelayed());
+    simulator.send(SIGCONT);
+    ASSERT_TRUE(eventually([&] { return !manager.isDelayed(); }));
+    EXPECT_TRUE(automatic()) << "before the machine is let sleep";
+    emit manager.PrepareForSleep(false);
+    ASSERT_TRUE(eventually([this] { return manual(); }));
+    ASSERT_TRUE(eventually([&] { return manager.isDelayed(); }));
+    simulator.send(SIGSTOP);
+    waited.start();
+    emit manager.PrepareForSleep(true);
+    ASSERT_TRUE(eventually([&] { return !manager.isDelayed(); }));
+    EXPECT_GT(waited.elapsed(), 2500);
+    EXPECT_LT(waited.elapsed(), 6500) << "but not for ever";
+    EXPECT_TRUE(agent.errors().contains("could not be handed back before the sleep"));
+    simulator.send(SIGCONT);
+}
+
+TEST_F(AgentProgramTest, WarnsOnceWhereNothingTellsOfSleep) {
+    const SimulatorProgram simulator(bus);
+    QProcessEnvironment environment = bus.environment();
+    for (const QString& systemBus : {QString("unix:path=/absent"), bus.address()}) {
+        environment.insert("DBUS_SYSTEM_BUS_ADDRESS", systemBus);
+        AgentProcess agent(environment);
+        const auto warnings = [&] {
+            return agent.errors().count("does not tell of the machine's sleep");
+        };
+        ASSERT_TRUE(eventually([&] { return warnings() == 1; }));
+        ASSERT_TRUE(selectsMaximum());
+        EXPECT_EQ(warnings(), 1);
+    }
+}
+
+TEST_F(AgentProgramTest, EndsAtOnceWithoutItsBusWhereItsSessionIsOver) {
+    PrivateBus system;
+    FakeLoginManager manager(system.connect());
+    QProcessEnvironment environment = bus.environment();
+    environment.insert("DBUS_SYSTEM_BUS_ADDRESS", system.address());
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(environment);
+    ASSERT_TRUE(selectsMaximum());
+    ASSERT_TRUE(eventually([&] { return manager.sessionsAsked == 1; }));
+    bus.stop();
+    QElapsedTimer waited;
+    waited.start();
+    ASSERT_TRUE(eventually([&] { return waited.elapsed() > 1500; }));
+    EXPECT_TRUE(agent.runs()) << "the bus alone is not the session";
+    manager.session.state = "closing";
+    ASSERT_TRUE(agent.ends());
+    EXPECT_LT(waited.elapsed(), 6000);
+    EXPECT_EQ(agent.status(), 0);
+    EXPECT_TRUE(agent.errors().contains("The session is over."));
+    EXPECT_TRUE(automatic());
 }
 
 TEST_F(AgentProgramTest, AnswersACommandFromAnothersTool) {

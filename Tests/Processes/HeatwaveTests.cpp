@@ -23,9 +23,9 @@ class HeatwaveTest : public AgentSession {
         bridge.send(command::Select{action::Fixed{0}});
     }
 
-    void startMac() {
+    void startMac(const QString& speed = "30") {
         mac = std::make_unique<SimulatorProgram>(
-            bus, QStringList{"--scenario", "heatwave", "--speed", "30", "--sensors", "12"});
+            bus, QStringList{"--scenario", "heatwave", "--speed", speed, "--sensors", "12"});
     }
     void startAgent() { agent = std::make_unique<AgentProcess>(bus); }
     void kill(ChildProcess& process) {
@@ -38,14 +38,16 @@ class HeatwaveTest : public AgentSession {
         ::kill(static_cast<pid_t>(*process), SIGKILL);
     }
 
-    bool isTooHot() {
+    /// Whether a sensor of the CPU or the GPU has so many degrees.
+    bool isAsHotAs(double celsius) {
         if (sensors.empty())
             sensors = controller().temperatureSensors();
-        return std::ranges::any_of(sensors, [this](const TemperatureSensor& sensor) {
+        return std::ranges::any_of(sensors, [&](const TemperatureSensor& sensor) {
             return (sensor.group == SensorGroup::cpu || sensor.group == SensorGroup::gpu) &&
-                   controller().temperature(sensor).value_or(0) >= SafetyLatch::on;
+                   controller().temperature(sensor).value_or(0) >= celsius;
         });
     }
+    bool isTooHot() { return isAsHotAs(SafetyLatch::on); }
     bool isSafe() {
         const auto fans = controller().fans();
         return std::ranges::all_of(
@@ -141,5 +143,19 @@ TEST_F(HeatwaveTest, IsMetAgainOnceTheControllersSocketIsBack) {
     watchFor(1000);
     startMac();
     EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsLeftToTheFirmwareWhenTheAgentIsStoppedBeforeItIsTooHot) {
+    ASSERT_TRUE(eventually([this] { return manual() && isAsHotAs(SafetyLatch::on - 8); }));
+    ASSERT_FALSE(isSafe()) << "the fans are slow";
+    QElapsedTimer stopped;
+    stopped.start();
+    agent->send(SIGSTOP);
+    ASSERT_TRUE(watchUntil([this] { return wasTooHot && automatic(); }));
+    EXPECT_LT(longestDanger, tick);
+    RecordProperty("millisecondsUntilAutomatic", static_cast<int>(stopped.elapsed()));
+    EXPECT_LT(stopped.elapsed(), 9000) << "nobody waited until the agent counted as gone";
+    watchFor(1000);
     EXPECT_LT(longestDanger, tick);
 }
