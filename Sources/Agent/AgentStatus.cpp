@@ -98,7 +98,7 @@ std::optional<std::string> AgentStatus::mainText(const AgentNews& news) const {
 std::optional<std::string> AgentStatus::remarked(std::optional<std::string> text) const {
     if (writing == Writing::done)
         return text;
-    return text ? std::string(dryRun) + ' ' + *text : dryRun;
+    return text ? *text + ' ' + dryRun : dryRun;
 }
 
 } // namespace tervale

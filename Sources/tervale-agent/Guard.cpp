@@ -4,8 +4,8 @@
 #include "Agent/SafetySensors.h"
 #include "Base/Terminal.h"
 #include "Platform/GuardDuty.h"
+#include "Platform/GuardLock.h"
 #include "Platform/Platform.h"
-#include "Platform/RuntimeFolder.h"
 #include "Profiles/Clock.h"
 #include "Profiles/SafetyLatch.h"
 #include "SMC/SMC.h"
@@ -42,7 +42,7 @@ int guard(IORegistry& registry, AgentLog::Level most) {
             // Not to know is not to know that it is cool.
             return hottest && *hottest < SafetyLatch::on;
         };
-        const GuardDuty duty{.lock = runtimeFolder() / "guard.lock",
+        const GuardDuty duty{.lock = guardLock::defaultPath(),
                              .handBack = [&fans] { return !fans.handBack(); },
                              .isCool = isCool};
         log(AgentLog::Level::debug, "The guard goes on duty.");

@@ -215,10 +215,10 @@ TEST_F(FanPermissionTest, SaysInADryRunThatItIsOneWhateverElseThereIsToTell) {
     EXPECT_EQ(remarking.currentState().status, "Dry run: nothing is written to the controller.");
     Bridge(center).send(command::CheckForUpdates{});
     EXPECT_EQ(remarking.currentState().status,
-              "Dry run: nothing is written to the controller. Tervale is up to date.");
+              "Tervale is up to date. Dry run: nothing is written to the controller.");
     EXPECT_EQ(remarking.end(), std::nullopt);
     EXPECT_EQ(remarking.currentState().status,
-              "Dry run: nothing is written to the controller. The agent has ended.");
+              "The agent has ended. Dry run: nothing is written to the controller.");
 }
 
 } // namespace

@@ -141,7 +141,7 @@ TEST_F(AgentProgramTest, WritesNothingInADryRunAndSaysSo) {
     ASSERT_TRUE(agent.ends());
     EXPECT_TRUE(eventually([this] {
         return state.status ==
-               "Dry run: nothing is written to the controller. The agent has ended.";
+               "The agent has ended. Dry run: nothing is written to the controller.";
     }));
     EXPECT_FALSE(agent.errors().contains("fans are automatic"));
 }
