@@ -1,8 +1,11 @@
 #include "TervaleWindow/Appearance/TabularText.h"
 
 #include <QFontMetricsF>
+#include <QHash>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 #include <vector>
 
 namespace tervale {
@@ -30,11 +33,47 @@ struct Piece {
     qreal advance = 0;
 };
 
-qreal widestDigit(const QFontMetricsF& metrics) {
+/// Of the ten digits in one font.
+struct DigitWidths {
+    std::array<qreal, 10> each{};
     qreal widest = 0;
-    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
-        widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
-    return widest;
+
+    qreal of(QChar digit) const {
+        return each.at(static_cast<std::size_t>(digit.unicode() - u'0'));
+    }
+};
+
+DigitWidths measureDigits(const QFontMetricsF& metrics) {
+    DigitWidths widths;
+    for (std::size_t digit = 0; digit < widths.each.size(); ++digit) {
+        const qreal width = metrics.horizontalAdvance(QChar(u'0' + static_cast<char16_t>(digit)));
+        widths.each.at(digit) = width;
+        widths.widest = std::max(widths.widest, width);
+    }
+    return widths;
+}
+
+/// A font on what it is painted on; on nothing, it measures by its own resolution.
+struct Face {
+    explicit Face(const QFont& font) : font(font), metrics(font) {}
+    Face(const QFont& font, const QPaintDevice& device)
+        : font(font),
+          metrics(font, &device),
+          resolution(device.logicalDpiY()) {}
+
+    QFont font;
+    QFontMetricsF metrics;
+    int resolution = 0;
+};
+
+// Asking the text engine is slow, layouts ask often, and the window has few fonts.
+const DigitWidths& digitWidths(const Face& face) {
+    static QHash<std::pair<QString, int>, DigitWidths> known;
+    const std::pair key(face.font.key(), face.resolution);
+    auto found = known.constFind(key);
+    if (found == known.constEnd())
+        found = known.insert(key, measureDigits(face.metrics));
+    return *found;
 }
 
 qsizetype endOfRun(const QString& text, qsizetype start) {
@@ -42,20 +81,20 @@ qsizetype endOfRun(const QString& text, qsizetype start) {
     return found - text.begin();
 }
 
-std::vector<Piece> pieces(const QFontMetricsF& metrics, const QString& text) {
+std::vector<Piece> pieces(const Face& face, const QString& text) {
     if (needsTheTextEngine(text))
-        return {{text, 0, metrics.horizontalAdvance(text)}};
-    const qreal cell = widestDigit(metrics);
+        return {{text, 0, face.metrics.horizontalAdvance(text)}};
+    const DigitWidths& widths = digitWidths(face);
     std::vector<Piece> result;
     for (qsizetype start = 0; start < text.size();) {
         if (isPlainDigit(text[start])) {
             const QString digit = text.mid(start, 1);
-            result.push_back({digit, (cell - metrics.horizontalAdvance(digit)) / 2, cell});
+            result.push_back({digit, (widths.widest - widths.of(text[start])) / 2, widths.widest});
             ++start;
         } else {
             const qsizetype end = endOfRun(text, start);
             const QString run = text.mid(start, end - start);
-            result.push_back({run, 0, metrics.horizontalAdvance(run)});
+            result.push_back({run, 0, face.metrics.horizontalAdvance(run)});
             start = end;
         }
     }
@@ -88,15 +127,15 @@ qreal baseline(const QRectF& bounds, Qt::Alignment alignment, const QFontMetrics
 } // namespace
 
 qreal tabularTextWidth(const QFont& font, const QString& text) {
-    return totalAdvance(pieces(QFontMetricsF(font), text));
+    return totalAdvance(pieces(Face(font), text));
 }
 
 void paintTabularText(QPainter& painter, const QRectF& bounds, Qt::Alignment alignment,
                       const QFont& font, const QString& text) {
-    const QFontMetricsF metrics(font, painter.device());
-    const std::vector<Piece> line = pieces(metrics, text);
+    const Face face(font, *painter.device());
+    const std::vector<Piece> line = pieces(face, text);
     qreal x = leftEdge(bounds, alignment, totalAdvance(line));
-    const qreal y = baseline(bounds, alignment, metrics);
+    const qreal y = baseline(bounds, alignment, face.metrics);
     painter.save();
     painter.setFont(font);
     // The pieces are in their visual order; left to itself, each would turn for a script from the

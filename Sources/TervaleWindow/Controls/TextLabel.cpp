@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tervale {
@@ -76,15 +77,32 @@ bool TextLabel::hasHeightForWidth() const {
 int TextLabel::heightForWidth(int width) const {
     if (!hasHeightForWidth())
         return -1;
+    Measured& known = measured();
+    for (const auto& [asked, lines] : known.lines) {
+        if (asked == width)
+            return lines * setting.lineHeight;
+    }
     QTextLayout layout(text(), font());
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
-    return std::max(1, placeLines(layout, width, setting.lineHeight)) * setting.lineHeight;
+    const int lines = std::max(1, placeLines(layout, width, setting.lineHeight));
+    known.lines.at(known.next++ % known.lines.size()) = {width, lines};
+    return lines * setting.lineHeight;
 }
 
 int TextLabel::naturalWidth() const {
-    return fontMetrics().horizontalAdvance(text()) + 1;
+    Measured& known = measured();
+    if (!known.width)
+        known.width = fontMetrics().horizontalAdvance(text()) + 1;
+    return *known.width;
+}
+
+// A layout asks several times before it is done, and asking the text engine is slow.
+TextLabel::Measured& TextLabel::measured() const {
+    if (!lastMeasured || lastMeasured->text != text() || lastMeasured->font != font())
+        lastMeasured = Measured{text(), font()};
+    return *lastMeasured;
 }
 
 void TextLabel::paintEvent(QPaintEvent*) {

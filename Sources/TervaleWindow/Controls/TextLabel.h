@@ -4,6 +4,11 @@
 
 #include <QLabel>
 
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
 namespace tervale {
 
 /// Plain text in one of the window's text styles, in a colour that follows the palette.
@@ -27,11 +32,24 @@ class TextLabel : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    /// What is known of the size of a text in a font.
+    struct Measured {
+        QString text;
+        QFont font;
+        std::optional<int> width{};
+        /// The last widths that were asked for, and the lines that the text breaks into; a width of
+        /// -1 is none.
+        std::array<std::pair<int, int>, 4> lines{{{-1, 0}, {-1, 0}, {-1, 0}, {-1, 0}}};
+        std::size_t next = 0;
+    };
+
     int naturalWidth() const;
+    Measured& measured() const;
 
     TextStyle setting;
     Foreground foreground;
     Overflow whenTooWide = Overflow::demand;
+    mutable std::optional<Measured> lastMeasured;
 };
 
 } // namespace tervale

@@ -54,6 +54,19 @@ int startOfLastGlyph(const QString& text) {
 
 } // namespace
 
+TEST(TabularText, MeasuresEachFontForItself) {
+    const QString text = "1234";
+    const qreal small = tabularTextWidth(systemFont(10), text);
+    const qreal large = tabularTextWidth(systemFont(40), text);
+    const qreal heavy = tabularTextWidth(systemFont(40, QFont::Black), text);
+    EXPECT_GT(large, small);
+    EXPECT_NE(heavy, large);
+    // The other way round, and again.
+    EXPECT_EQ(tabularTextWidth(systemFont(40), text), large);
+    EXPECT_EQ(tabularTextWidth(systemFont(10), text), small);
+    EXPECT_EQ(tabularTextWidth(systemFont(40, QFont::Black), text), heavy);
+}
+
 TEST(TabularText, GivesEveryDigitTheWidthOfTheWidest) {
     qreal widest = 0;
     for (const QChar digit : QString("0123456789"))

@@ -74,6 +74,31 @@ TEST_F(LabelTest, ATextWrapsIntoAsManyLinesAsItNeeds) {
     EXPECT_GE(word.heightForWidth(100), 5 * 18);
 }
 
+TEST_F(LabelTest, ATextFollowsEveryChangeOfWhatItsSizeDependsOn) {
+    TextLabel label("One two three four five");
+    label.setOverflow(Overflow::wrap);
+    const auto height = [&](int width) { return label.heightForWidth(width); };
+    const QSize wide = label.sizeHint();
+    const int low = height(wide.width());
+    // More widths than are remembered, and the first again.
+    for (int width = 20; width <= 120; width += 10)
+        EXPECT_GE(height(width), height(width + 10)) << width;
+    EXPECT_EQ(height(wide.width()), low);
+    EXPECT_GT(height(wide.width() / 2), low);
+
+    label.setText("One two three four five six seven");
+    EXPECT_GT(label.sizeHint().width(), wide.width());
+    EXPECT_GT(height(wide.width()), low);
+
+    label.setText("One two three four five");
+    EXPECT_EQ(label.sizeHint(), wide);
+    QFont larger = label.font();
+    larger.setPixelSize(larger.pixelSize() * 2);
+    label.setFont(larger);
+    EXPECT_GT(label.sizeHint().width(), wide.width());
+    EXPECT_GT(height(wide.width()), low);
+}
+
 TEST_F(LabelTest, ATextTakesNothingForMarkup) {
     TextLabel plain("<b>Night</b>");
     EXPECT_GT(plain.sizeHint().width(), TextLabel("Night").sizeHint().width() + 20);
