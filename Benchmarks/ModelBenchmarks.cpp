@@ -1,3 +1,4 @@
+#include "CallsPerIteration.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/InProcessNotificationCenter.h"
 #include "Profiles/SensorSampler.h"

@@ -1,3 +1,4 @@
+#include "CallsPerIteration.h"
 #include "SMC/SMC.h"
 #include "SimulatedKeys.h"
 

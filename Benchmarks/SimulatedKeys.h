@@ -2,10 +2,7 @@
 
 #include "Simulation/SimulatedMac.h"
 
-#include <benchmark/benchmark.h>
-
 #include <cstddef>
-#include <optional>
 
 namespace tervale {
 
@@ -16,29 +13,5 @@ inline SimulatedMacOptions macOfKeys(std::size_t keys) {
     options.fillers = keys - SimulatedMac(options).keyCount();
     return options;
 }
-
-/// Reports how many calls the controller has for one iteration, which must be the same each time.
-class CallsPerIteration {
-  public:
-    explicit CallsPerIteration(SimulatedMac& mac) : mac(mac) { mac.resetCalls(); }
-
-    void iterationEnds(benchmark::State& state) {
-        if (calls && *calls != mac.calls())
-            state.SkipWithError("not every iteration makes the same calls");
-        calls = mac.calls();
-        mac.resetCalls();
-    }
-    void report(benchmark::State& state) const {
-        const SimulatedMac::CallCounts counts = calls.value_or(SimulatedMac::CallCounts{});
-        state.counters["calls"] = static_cast<double>(counts.total);
-        state.counters["reads"] = static_cast<double>(counts.reads);
-        state.counters["descriptions"] = static_cast<double>(counts.descriptions);
-        state.counters["keysByIndex"] = static_cast<double>(counts.keysByIndex);
-    }
-
-  private:
-    SimulatedMac& mac;
-    std::optional<SimulatedMac::CallCounts> calls;
-};
 
 } // namespace tervale

@@ -32,7 +32,7 @@ endforeach()
 set(may_TervaleWindow/Shell Model Appearance Style Controls Gauges Accessibility ${panes} Shell)
 
 # Folders of Tests that mirror none of Sources.
-set(tests_alone Faults Floors Packaging Processes Support fixtures TervaleWindow/Shots
+set(tests_alone Benchmarks Faults Floors Packaging Processes Support fixtures TervaleWindow/Shots
     TervaleWindow/Support)
 
 # Angle-bracket headers of an operating system, a toolkit or a library.

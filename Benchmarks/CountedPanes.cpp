@@ -1,0 +1,143 @@
+#include "Counted.h"
+#include "OpenProfilesPane.h"
+#include "TervaleWindow/Controls/SearchField.h"
+#include "TervaleWindow/Overview/OverviewView.h"
+#include "TervaleWindow/Sensors/SensorsView.h"
+#include "TervaleWindow/Shell/SystemAppearance.h"
+#include "WideController.h"
+
+#include <QAnimationDriver>
+#include <QKeyEvent>
+#include <QPauseAnimation>
+
+#include <array>
+#include <memory>
+
+namespace tervale {
+
+namespace {
+
+/// Time for the gauges' animations, which passes when it is told to.
+class VirtualFrames final : public QAnimationDriver {
+  public:
+    VirtualFrames() {
+        install();
+        // The toolkit loses count of the time whenever no animation is left.
+        endless.setLoopCount(-1);
+        endless.start();
+        QCoreApplication::processEvents();
+    }
+
+    qint64 elapsed() const override { return milliseconds; }
+    void pass(qint64 more) {
+        milliseconds += more;
+        advance();
+        QCoreApplication::processEvents();
+    }
+
+  private:
+    qint64 milliseconds = 0;
+    QPauseAnimation endless{1000};
+};
+
+/// What a pane is opened on. Nothing happens in it by itself.
+struct Room {
+    explicit Room(IORegistry& registry) : registry(registry) {
+        useSystemAppearance(*qobject_cast<QApplication*>(QCoreApplication::instance()));
+    }
+
+    template <class Pane, class... Arguments>
+    std::unique_ptr<Pane> open(Arguments&... arguments) {
+        auto pane = std::make_unique<Pane>(arguments...);
+        pane->resize(790, 680);
+        pane->show();
+        QCoreApplication::processEvents();
+        return pane;
+    }
+
+    IORegistry& registry;
+    InProcessNotificationCenter center;
+    Bridge bridge{center};
+    SimulatedClock clock;
+    AlwaysVisible visibility;
+    Model model{registry, bridge, clock, visibility, [](auto, auto, auto) { return nullptr; }};
+};
+
+/// A second each, in which the gauges move and are painted.
+void polls(std::size_t count) {
+    WideController wide(6, 30);
+    Room room(wide.controller);
+    VirtualFrames frames;
+    const auto pane = room.open<OverviewView>(room.model, room.bridge);
+    countedWork([&] {
+        for (std::size_t second = 0; second < count; ++second) {
+            wide.move();
+            room.clock.advance(1);
+            room.model.refresh();
+            for (int frame = 0; frame < 20; ++frame)
+                frames.pass(50);
+        }
+    });
+}
+
+void drag(std::size_t profiles) {
+    SimulatedMac mac(macOfKeys(200));
+    const Room room(mac);
+    OpenProfilesPane pane(profiles);
+    countedWork([&] { pane.drag(); });
+}
+
+void press(QWidget& widget, Qt::Key key, const QString& text) {
+    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(&widget, &down);
+    QCoreApplication::processEvents();
+}
+
+/// A filter typed letter by letter, and cleared.
+void filter(std::size_t sensors) {
+    WideController wide(4, sensors / 4);
+    Room room(wide.controller);
+    const auto pane = room.open<SensorsView>(room.model);
+    auto& field = *pane->findChild<SearchField*>();
+    countedWork([&] {
+        press(field, Qt::Key_C, "c");
+        press(field, Qt::Key_P, "p");
+        press(field, Qt::Key_U, "u");
+        press(field, Qt::Key_Escape, {});
+    });
+}
+
+/// Opened, and read and shown anew once.
+void sensorsPane(std::size_t sensors) {
+    WideController wide(4, sensors / 4);
+    Room room(wide.controller);
+    countedWork([&] {
+        const auto pane = room.open<SensorsView>(room.model);
+        wide.move();
+        room.model.readAllSensors();
+        QCoreApplication::processEvents();
+    });
+}
+
+void profilesPane(std::size_t profiles) {
+    SimulatedMac mac(macOfKeys(200));
+    Room room(mac);
+    room.bridge.publish(stateOfProfiles(profiles));
+    countedWork([&] { room.open<ProfilesView>(room.model, room.bridge); });
+}
+
+constexpr std::array tasks{
+    CountedTask{"polls", 60, polls},
+    CountedTask{"drag", 40, drag},
+    CountedTask{"filter", 1000, filter},
+    CountedTask{"sensors-pane", 1000, sensorsPane},
+    CountedTask{"profiles-pane", 40, profilesPane},
+};
+
+} // namespace
+
+std::span<const CountedTask> countedPanes() {
+    return tasks;
+}
+
+} // namespace tervale
