@@ -1,3 +1,6 @@
+import os
+import threading
+import time
 import unittest
 
 import benchmarks  # noqa: F401, so that the modules are found
@@ -12,8 +15,13 @@ Pss_Anon:           8000 kB
 
 
 class Arithmetic(unittest.TestCase):
-    def test_adds_up_the_threads(self):
-        self.assertAlmostEqual(windowcost.seconds_of(["1500000000 7 3\n", "500000000 1 1\n", ""]), 2)
+    def test_takes_the_time_of_a_process_with_its_threads_that_have_ended(self):
+        before = windowcost.processor_seconds(os.getpid())
+        thread = threading.Thread(target=lambda: sum(range(1_000_000)))
+        thread.start()
+        thread.join()
+        self.assertGreater(windowcost.processor_seconds(os.getpid()), before)
+        self.assertAlmostEqual(windowcost.processor_seconds(os.getpid()), time.process_time(), delta=0.05)
 
     def test_comes_to_a_minute(self):
         self.assertAlmostEqual(windowcost.a_minute(0.1, 30), 0.2)
