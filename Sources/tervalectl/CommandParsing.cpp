@@ -1,5 +1,6 @@
 #include "tervalectl/CommandParsing.h"
 
+#include "tervalectl/ChartFile.h"
 #include "tervalectl/NumberParsing.h"
 
 #include <string>
@@ -49,6 +50,19 @@ ActionArgument takeAction(std::string_view command, Arguments& arguments) {
     return *action;
 }
 
+std::optional<std::string> takeChart(const Arguments& arguments) {
+    if (!arguments.has("chart"))
+        return std::nullopt;
+    std::string file = arguments.path("chart");
+    const ChartKind kind = chartKind(file);
+    if (kind == ChartKind::unknown)
+        throw misuse("--chart takes a file that ends in .svg or .png, or '-', not '" +
+                     arguments.value("chart") + "'.");
+    if (kind == ChartKind::text && arguments.has("json"))
+        throw misuse("--json and --chart - cannot both go to standard output.");
+    return file;
+}
+
 std::string groupNames() {
     std::string names;
     for (const SensorGroup group : SensorGroup::allCases)
@@ -87,6 +101,7 @@ Monitor parseMonitor(Arguments& arguments) {
     if (monitor.interval < shortestInterval)
         throw misuse("--interval takes no less than 0.01 seconds.");
     monitor.count = takeCount(arguments);
+    monitor.chart = takeChart(arguments);
     return monitor;
 }
 
@@ -153,9 +168,10 @@ Replay parseReplay(Arguments& arguments) {
     if (!selection)
         throw misuse("'" + arguments.value("selection") +
                      "' is no action: automatic, max, N%, 'profile NAME' in quotes, or JSON.");
-    Replay replay{arguments.path("profiles"), *selection};
+    Replay replay{.profiles = arguments.path("profiles"), .selection = *selection};
     if (!arguments.isEmpty())
         replay.trace = takeFile("replay", arguments);
+    replay.chart = takeChart(arguments);
     if (replay.profiles == "-" && replay.trace == "-")
         throw misuse("Profiles and TRACE cannot both come from standard input.");
     return replay;

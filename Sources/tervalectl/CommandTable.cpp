@@ -21,12 +21,13 @@ using namespace std::string_view_literals;
 
 constexpr std::array machine{"json"sv, "simulate"sv, "socket"sv};
 constexpr std::array sensors{"group"sv, "json"sv, "simulate"sv, "socket"sv};
-constexpr std::array monitor{"interval"sv, "count"sv, "json"sv, "simulate"sv, "socket"sv};
+constexpr std::array monitor{"interval"sv, "count"sv,    "chart"sv,
+                             "json"sv,     "simulate"sv, "socket"sv};
 constexpr std::array agent{"json"sv, "timeout"sv, "simulate"sv, "socket"sv};
 constexpr std::array state{"follow"sv, "count"sv, "json"sv, "timeout"sv, "simulate"sv, "socket"sv};
 constexpr std::array import{"merge"sv, "json"sv, "timeout"sv, "simulate"sv, "socket"sv};
 constexpr std::array file{"json"sv};
-constexpr std::array replay{"profiles"sv, "selection"sv, "json"sv};
+constexpr std::array replay{"profiles"sv, "selection"sv, "chart"sv, "json"sv};
 
 /// The row of a command whose parameters `parseOwn` returns. The overload of `perform` for their
 /// type performs it.
@@ -54,7 +55,9 @@ constexpr std::array commands{
         "monitor", "", monitor, "show load, temperatures and fans, line by line",
         "With --json each line is an object with time (seconds since 1970), minute (of\n"
         "the day), load (percent), temperatures and fans, which 'replay' takes, and what\n"
-        "the agent last said: selection, timer, status and safety.\n"),
+        "the agent last said: selection, timer, status and safety.\n"
+        "With --chart a picture of it all is written when the command ends or is\n"
+        "interrupted; '-' draws it in the terminal, in place of the lines.\n"),
     command<parseNone<Doctor>>(
         "doctor", "", agent, "look for what keeps the fans from being driven",
         "A line each for the controller, its keys, fans and sensors, the session bus, the\n"
@@ -95,7 +98,8 @@ constexpr std::array commands{
         "as in --selection 'profile Quiet'.\n"
         "TRACE is a file that 'monitor --json' wrote; standard input if it is missing\n"
         "or '-'. Each line is one control tick; the speed that the fans would have is\n"
-        "printed for each.\n"),
+        "printed for each. With --chart readings, target and safety are drawn as well;\n"
+        "'-' draws them in the terminal, in place of the lines.\n"),
 };
 
 constexpr std::array options{
@@ -104,6 +108,7 @@ constexpr std::array options{
     Option{"count", "N", "end after this many lines"},
     Option{"follow", "", "show the state again whenever it changes"},
     Option{"merge", "", "keep the agent's other profiles"},
+    Option{"chart", "FILE", "draw a picture: a .svg or .png file, or '-' for the terminal"},
     Option{"profiles", "FILE", "the profiles to try; '-' is standard input"},
     Option{"selection", "ACTION", "the selection, as for 'select', or as JSON"},
     Option{"json", "", "write JSON"},

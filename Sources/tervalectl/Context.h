@@ -4,10 +4,12 @@
 #include "Profiles/Clock.h"
 #include "tervalectl/Failure.h"
 #include "tervalectl/Session.h"
+#include "tervalectl/TextStyle.h"
 
 #include <functional>
 #include <istream>
 #include <ostream>
+#include <string>
 
 namespace tervale {
 
@@ -24,6 +26,10 @@ struct Context {
     /// Makes the machine, for a command that needs one. Throws `NoSuchMachine`.
     std::function<Machine()> makeMachine;
     Session session;
+    /// What standard output can show.
+    TextStyle textStyle{};
+    /// Turns a document of SVG into a PNG file's text. Throws `Failure`.
+    std::function<std::string(const std::string& svg)> drawPNG{};
 };
 
 } // namespace tervale

@@ -1,11 +1,15 @@
 #include "tervalectl/Monitor.h"
 
+#include "Platform/TerminationSignals.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/DisplayText.h"
+#include "Profiles/SafetyLatch.h"
 #include "Profiles/SensorSampler.h"
 #include "SMC/SMC.h"
 #include "Simulation/SimulatedProcessor.h"
 #include "tervalectl/AgentConnection.h"
+#include "tervalectl/ChartFile.h"
+#include "tervalectl/ChartText.h"
 #include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"
 
@@ -16,8 +20,10 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace tervale {
 
@@ -28,11 +34,28 @@ using namespace std::chrono_literals;
 /// The load is that of the time since it was last read, and means nothing over a shorter one.
 constexpr auto firstLoad = 200ms;
 
-void wait(std::chrono::milliseconds time) {
+/// Whether nobody has asked the command to end, after that time.
+class Waiting {
+  public:
+    bool wait(std::chrono::milliseconds time) {
+        if (!ended) {
+            QTimer timer;
+            timer.setTimerType(Qt::PreciseTimer);
+            QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+            timer.start(time);
+            loop.exec();
+        }
+        return !ended;
+    }
+    void end() {
+        ended = true;
+        loop.quit();
+    }
+
+  private:
     QEventLoop loop;
-    QTimer::singleShot(time, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
-}
+    bool ended = false;
+};
 
 /// The controller, what it has, and what remembers its readings.
 struct Sensing {
@@ -190,6 +213,44 @@ void printLine(const MachineReading& reading, const std::optional<BridgeState>& 
     context.out.flush();
 }
 
+/// The chart of what is read, which is written when the command ends, or drawn over and over in a
+/// terminal.
+class Picture {
+  public:
+    Picture(std::string file, Context& context) : file(std::move(file)), context(context) {}
+
+    bool isText() const { return chartKind(file) == ChartKind::text; }
+    void add(const MachineReading& reading) {
+        ChartSample sample = sampleOf(reading);
+        sample.target = targetOf(reading.fans);
+        // The agent's latch, as it stands with these readings.
+        sample.safety = latch.update(std::max(sample.cpu, sample.gpu));
+        chart.add(sample);
+        if (isText() && context.textStyle.live)
+            draw();
+    }
+    void end() {
+        if (!isText() || !context.textStyle.live)
+            writeChart(chart, file, context);
+    }
+
+  private:
+    void draw() {
+        if (lines > 0)
+            context.out << "\x1b[" << lines << "A\x1b[J";
+        const std::string text = chartText(chart, context.textStyle);
+        lines = std::ranges::count(text, '\n');
+        context.out << text << std::flush;
+    }
+
+    std::string file;
+    Context& context;
+    Chart chart{"Monitor"};
+    SafetyLatch latch;
+    /// How many of the terminal's lines hold the last drawing.
+    std::ptrdiff_t lines = 0;
+};
+
 /// Until the next whole interval since the start.
 std::chrono::milliseconds untilNext(const QElapsedTimer& start, double interval) {
     const double elapsed = static_cast<double>(start.nsecsElapsed()) / 1e9;
@@ -205,22 +266,37 @@ ExitStatus perform(const ctl::Monitor& command, Context& context) {
     const Overheard agent(machine);
     if (command.count == 0)
         return ExitStatus::done;
-    wait(firstLoad);
+    Waiting waiting;
+    std::optional<Picture> picture;
+    std::optional<TerminationSignals> interruption;
+    if (command.chart) {
+        picture.emplace(*command.chart, context);
+        // Whoever interrupts it wants the picture.
+        interruption.emplace([&waiting] { waiting.end(); });
+    }
+    const bool printed = !picture || !picture->isText();
+    waiting.wait(firstLoad);
     QElapsedTimer start;
     start.start();
     MachineReading reading = source.read();
     std::optional<Lines> lines;
-    if (!context.json) {
+    if (!context.json && printed) {
         lines.emplace(source, reading);
         lines->printTitles(context.out);
     }
-    for (std::int64_t printed = 1;; ++printed) {
-        printLine(reading, agent.state(), lines, context);
-        if (!context.out || printed == command.count)
-            return ExitStatus::done;
-        wait(untilNext(start, command.interval));
+    for (std::int64_t count = 1;; ++count) {
+        if (picture)
+            picture->add(reading);
+        if (printed)
+            printLine(reading, agent.state(), lines, context);
+        if (!context.out || count == command.count ||
+            !waiting.wait(untilNext(start, command.interval)))
+            break;
         reading = source.read();
     }
+    if (picture)
+        picture->end();
+    return ExitStatus::done;
 }
 
 } // namespace tervale

@@ -25,6 +25,8 @@ struct Monitor {
     double interval = 1;
     /// How many lines; without end if there is none.
     std::optional<std::int64_t> count{};
+    /// The file of a chart, if one is wanted.
+    std::optional<std::string> chart{};
     bool operator==(const Monitor&) const = default;
 };
 struct Doctor {
@@ -89,6 +91,8 @@ struct Replay {
     std::string profiles;
     ActionArgument selection;
     std::string trace = "-";
+    /// As for `Monitor`.
+    std::optional<std::string> chart{};
     bool operator==(const Replay&) const = default;
 };
 

@@ -133,7 +133,7 @@ ExitStatus perform(const ctl::ShowProfile& command, Context& context) {
     if (context.json)
         printJSON(context.out, encode(profile));
     else
-        printProfile(context.out, profile, state.profiles);
+        printProfile(context.out, profile, state.profiles, context.textStyle);
     return ExitStatus::done;
 }
 

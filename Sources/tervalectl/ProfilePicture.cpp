@@ -2,6 +2,7 @@
 
 #include "Base/Overloaded.h"
 #include "Profiles/DisplayText.h"
+#include "tervalectl/CurveText.h"
 #include "tervalectl/Formatting.h"
 
 #include <algorithm>
@@ -38,7 +39,12 @@ std::vector<double> places(const Curve& curve) {
     return places;
 }
 
-void print(std::ostream& out, const Curve& curve, const char* title, const char* unit) {
+void print(std::ostream& out, const Curve& curve, CurveAxis axis, const TextStyle& style) {
+    const bool isLoad = axis == CurveAxis::load;
+    const char* title = isLoad ? "LOAD" : "TEMPERATURE";
+    const char* unit = isLoad ? "%" : " °C";
+    if (const std::string drawing = curveText(curve, axis, style); !drawing.empty())
+        out << drawing << '\n';
     constexpr auto right = Table::Alignment::right;
     Table table(
         {{title, right}, {"SPEED", right}, {"FANS", Table::Alignment::left, barLength}, {"POINT"}});
@@ -82,18 +88,20 @@ std::string kindText(const Profile& profile) {
                       profile.kind);
 }
 
-void printProfile(std::ostream& out, const Profile& profile, std::span<const Profile> profiles) {
+void printProfile(std::ostream& out, const Profile& profile, std::span<const Profile> profiles,
+                  const TextStyle& style) {
     Table heading({{"PROFILE"}, {"KIND"}, {"ID"}});
     heading.add({profile.name, kindText(profile), profile.id.text()});
     heading.print(out);
     out << '\n';
-    std::visit(
-        overloaded{
-            [&](const kind::Temperature& kind) { print(out, kind.curve, "TEMPERATURE", " °C"); },
-            [&](const kind::Load& kind) { print(out, kind.curve, "LOAD", "%"); },
-            [&](const kind::Schedule& schedule) { print(out, schedule, profiles); },
-        },
-        profile.kind);
+    std::visit(overloaded{
+                   [&](const kind::Temperature& kind) {
+                       print(out, kind.curve, CurveAxis::temperature, style);
+                   },
+                   [&](const kind::Load& kind) { print(out, kind.curve, CurveAxis::load, style); },
+                   [&](const kind::Schedule& schedule) { print(out, schedule, profiles); },
+               },
+               profile.kind);
 }
 
 } // namespace tervale

@@ -4,6 +4,7 @@
 #include "JSON/JSON.h"
 #include "Profiles/Controller.h"
 #include "Profiles/DisplayText.h"
+#include "tervalectl/ChartFile.h"
 #include "tervalectl/Files.h"
 #include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <optional>
 
 namespace tervale {
 
@@ -82,6 +84,14 @@ class DryRun {
             resolved.value);
     }
 
+    /// The temperature that drives the fans, if one does.
+    std::optional<TemperatureInput> input(const MachineReading& reading) const {
+        const auto resolved =
+            Controller::resolve(selection, profiles, static_cast<int>(reading.minute), 0);
+        const auto* temperature = std::get_if<Controller::Resolved::Temperature>(&resolved.value);
+        return temperature ? std::optional(temperature->input) : std::nullopt;
+    }
+
     /// Of the trace, from 1.
     std::int64_t line = 0;
 
@@ -129,7 +139,22 @@ MachineReading readingIn(const std::string& line) {
     return std::get<MachineReading>(std::move(decoded));
 }
 
-void replay(std::istream& trace, DryRun& run, Context& context) {
+ChartSample sampleOf(const MachineReading& reading, const Outcome& outcome, const DryRun& run) {
+    ChartSample sample = sampleOf(reading);
+    sample.input = run.input(reading);
+    if (sample.input)
+        sample.driving = reading.temperatures.at(*sample.input);
+    if (!outcome.needs.load)
+        sample.load.reset();
+    if (const auto* speed = std::get_if<target::Speed>(&outcome.target))
+        sample.target = speed->fraction;
+    // What the fans did was another profile's doing.
+    sample.speed.reset();
+    sample.safety = outcome.safety;
+    return sample;
+}
+
+void replay(std::istream& trace, DryRun& run, Chart* chart, bool printed, Context& context) {
     while (context.out) {
         ++run.line;
         const auto line = files::readLine(trace);
@@ -138,7 +163,11 @@ void replay(std::istream& trace, DryRun& run, Context& context) {
         if (line->find_first_not_of(" \t\r") == std::string::npos)
             continue;
         const MachineReading reading = readingIn(*line);
-        print(run.advance(reading), reading, run, context);
+        const Outcome outcome = run.advance(reading);
+        if (chart)
+            chart->add(sampleOf(reading, outcome, run));
+        if (printed)
+            print(outcome, reading, run, context);
     }
 }
 
@@ -147,17 +176,23 @@ void replay(std::istream& trace, DryRun& run, Context& context) {
 ExitStatus perform(const ctl::Replay& command, Context& context) {
     std::vector<Profile> profiles = files::readProfiles(command.profiles, context);
     const Action selection = resolve(command.selection, profiles);
+    std::optional<Chart> chart;
+    if (command.chart)
+        chart.emplace(displayText::nameOf(selection, profiles) + ", dry run");
+    const bool printed = !command.chart || chartKind(*command.chart) != ChartKind::text;
     DryRun run(selection, std::move(profiles));
     std::ifstream file;
     std::istream& trace = files::open(command.trace, file, context);
-    if (!context.json)
+    if (!context.json && printed)
         table().printTitles(context.out);
     try {
-        replay(trace, run, context);
+        replay(trace, run, chart ? &*chart : nullptr, printed, context);
     } catch (const Failure& failure) {
         throw refusal(files::nameOf(command.trace) + ", line " + std::to_string(run.line) + ": " +
                       failure.line);
     }
+    if (chart)
+        writeChart(*chart, *command.chart, context);
     return ExitStatus::done;
 }
 

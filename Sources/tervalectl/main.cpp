@@ -1,6 +1,7 @@
 #include "Base/Overloaded.h"
 #include "Base/Terminal.h"
 #include "Platform/Platform.h"
+#include "tervalectl/ChartFile.h"
 #include "tervalectl/CommandLine.h"
 #include "tervalectl/Run.h"
 
@@ -23,7 +24,12 @@ int run(const ctl::CommandLine::Run& run) {
                     run.json,
                     run.timeout,
                     [&run] { return makeMachine(run.machine); },
-                    sessionOf(run.machine)};
+                    sessionOf(run.machine),
+                    textStyle(),
+                    [](const std::string& svg) {
+                        return drawByWindow(svg,
+                                            QCoreApplication::applicationDirPath().toStdString());
+                    }};
     return static_cast<int>(perform(run, context, std::cerr));
 }
 

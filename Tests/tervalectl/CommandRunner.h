@@ -23,8 +23,9 @@ class CommandRunner {
         std::ostringstream err;
         const auto request = ctl::CommandLine::parse(QStringList{"tervalectl"} + arguments);
         const auto& chosen = std::get<ctl::CommandLine::Run>(request);
-        Context context{in,       out, clock, chosen.json, timeout, [this] { return machine(); },
-                        session()};
+        Context context{in,          out,       clock,
+                        chosen.json, timeout,   [this] { return machine(); },
+                        session(),   textStyle, drawPNG};
         const ExitStatus status = perform(chosen, context, err);
         output = out.str();
         errors = err.str();
@@ -60,6 +61,8 @@ class CommandRunner {
     std::optional<AgentLock::Holder> agentProcess;
     /// The process that stands guard.
     std::optional<std::int64_t> guard = 1235;
+    TextStyle textStyle;
+    std::function<std::string(const std::string&)> drawPNG;
     bool hasChannel = true;
     InMemoryPreferences preferences;
     /// Asked in place of those, if there are any.

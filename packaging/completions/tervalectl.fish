@@ -17,7 +17,7 @@ function __tervalectl_words
             continue
         end
         switch $token
-            case --group --profiles --socket --selection --interval --count --timeout
+            case --group --profiles --socket --chart --selection --interval --count --timeout
                 set skip yes
             case '-*'
             case '*'
@@ -80,6 +80,7 @@ complete -c tervalectl -n '__tervalectl_at' -l version -d 'show the version'
 complete -c tervalectl -n '__tervalectl_in sensors' -l group -x -a 'cpu gpu memory ssd power other' -d 'only this group'
 complete -c tervalectl -n '__tervalectl_in monitor' -l interval -x -d 'seconds between two lines'
 complete -c tervalectl -n '__tervalectl_in monitor state' -l count -x -d 'end after this many lines'
+complete -c tervalectl -n '__tervalectl_in monitor replay' -l chart -r -F -d 'draw a picture'
 complete -c tervalectl -n '__tervalectl_in state' -l follow -d 'show the state again whenever it changes'
 complete -c tervalectl -n '__tervalectl_in "profiles import"' -l merge -d "keep the agent's other profiles"
 complete -c tervalectl -n '__tervalectl_in replay' -l profiles -r -F -d 'the profiles to try'

@@ -2,6 +2,7 @@
 #include "Base/Terminal.h"
 #include "TervaleWindow/Shell/ApplicationIcon.h"
 #include "TervaleWindow/Shell/CommandLine.h"
+#include "TervaleWindow/Shell/PictureDrawing.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
 #include "TervaleWindow/Shell/TervaleWindowApp.h"
 
@@ -10,6 +11,7 @@
 
 #include <clocale>
 #include <string>
+#include <string_view>
 #include <tervale/Version.h>
 #include <variant>
 
@@ -60,6 +62,8 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
 } // namespace
 
 int main(int count, char** arguments) {
+    if (count == 2 && std::string_view(arguments[1]) == drawPictureArgument)
+        return drawPicture(count, arguments);
     return std::visit(
         overloaded{
             [&](const CommandLine::OpenWindow& request) { return openWindow(request, arguments); },

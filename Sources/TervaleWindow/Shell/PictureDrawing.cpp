@@ -1,0 +1,57 @@
+#include "TervaleWindow/Shell/PictureDrawing.h"
+
+#include "Base/Terminal.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QOperatingSystemVersion>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <cstdio>
+
+namespace tervale {
+
+namespace {
+
+constexpr int scale = 2;
+/// No picture that is drawn for people is larger, in pixels a side.
+constexpr int largestSide = 8192;
+
+} // namespace
+
+QByteArray pngOf(const QByteArray& svg) {
+    QSvgRenderer renderer(svg);
+    const QSize size = renderer.defaultSize() * scale;
+    if (!renderer.isValid() || size.isEmpty() || size.width() > largestSide ||
+        size.height() > largestSide)
+        return {};
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    return image.save(&buffer, "PNG") ? png : QByteArray();
+}
+
+int drawPicture(int count, char** arguments) {
+    // Nothing is shown, so that no display is needed.
+    if (QOperatingSystemVersion::currentType() != QOperatingSystemVersion::MacOS)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(count, arguments);
+    QFile in;
+    QFile out;
+    if (!in.open(stdin, QIODevice::ReadOnly) || !out.open(stdout, QIODevice::WriteOnly))
+        return exitStatus::failure;
+    const QByteArray png = pngOf(in.readAll());
+    if (png.isEmpty() || out.write(png) != png.size() || !out.flush())
+        return exitStatus::failure;
+    return exitStatus::done;
+}
+
+} // namespace tervale

@@ -1,0 +1,78 @@
+#include "tervalectl/CurveText.h"
+
+#include "Base/ClosedRange.h"
+#include "Base/ThemeColors.h"
+#include "tervalectl/TextCanvas.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace tervale {
+
+namespace {
+
+constexpr int gutter = 7;
+constexpr int rows = 9;
+constexpr int mostColumns = 60;
+
+/// Those of the window's editor.
+ClosedRange rangeOf(CurveAxis axis) {
+    return axis == CurveAxis::temperature ? ClosedRange{20, 100} : ClosedRange{0, 100};
+}
+
+bool canBeDrawn(const Curve& curve, ClosedRange range) {
+    return !curve.points.empty() && std::ranges::all_of(curve.points, [&](const CurvePoint& point) {
+        return range.contains(point.x) && point.speed >= 0 && point.speed <= 1;
+    });
+}
+
+int rounded(double value) {
+    return static_cast<int>(std::lround(value));
+}
+
+} // namespace
+
+std::string curveText(const Curve& curve, CurveAxis axis, const TextStyle& style) {
+    const ClosedRange range = rangeOf(axis);
+    if (!canBeDrawn(curve, range))
+        return {};
+    const int columns = std::min(style.columns - gutter - 2, mostColumns);
+    TextCanvas canvas(columns, rows, style);
+    const double across = canvas.dotsAcross() - 1;
+    const double down = canvas.dotsDown() - 1;
+    const auto colorAt = [&](double x) -> std::optional<SRGB> {
+        return axis == CurveAxis::temperature ? themeColors::thermal(x) : themeColors::accent;
+    };
+    const auto heightAt = [&](double x) { return rounded((1 - curve.speed(x)) * down); };
+    int last = heightAt(range.lower);
+    for (int dot = 0; dot <= rounded(across); ++dot) {
+        const double x = range.lower + dot / across * range.span();
+        const int height = heightAt(x);
+        canvas.line(dot, last, dot, height, [&](int) { return colorAt(x); });
+        last = height;
+    }
+    for (const CurvePoint& point : curve.points) {
+        const double column = (point.x - range.lower) / range.span() * (columns - 1);
+        canvas.write(rounded(column), rounded((1 - point.speed) * (rows - 1)),
+                     style.unicode ? "●" : "O", colorAt(point.x));
+    }
+    std::string text;
+    int row = 0;
+    for (const std::string& line : canvas.lines()) {
+        const std::string label = row % 4 == 0 ? std::to_string(100 - 25 * row / 2) + '%' : "";
+        text += std::string(gutter - 1 - label.size(), ' ') + label +
+                (style.unicode ? " │" : " |") + line + '\n';
+        ++row;
+    }
+    TextCanvas labels(style.columns, 1, style);
+    for (double x = range.lower; x <= range.upper; x += 20) {
+        const std::string label = std::to_string(rounded(x));
+        const int middle = gutter + 1 + rounded((x - range.lower) / range.span() * (columns - 1));
+        labels.write(middle - static_cast<int>(label.size()) / 2, 0, label);
+    }
+    const char* unit = axis == CurveAxis::load ? "  %" : style.unicode ? "  °C" : "  C";
+    return text + labels.lines().front() + unit + '\n';
+}
+
+} // namespace tervale
