@@ -12,6 +12,7 @@
 #include "tervalectl/ChartText.h"
 #include "tervalectl/Formatting.h"
 #include "tervalectl/MachineReading.h"
+#include "tervalectl/StatusJudgement.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -220,11 +221,13 @@ class Picture {
     Picture(std::string file, Context& context) : file(std::move(file)), context(context) {}
 
     bool isText() const { return chartKind(file) == ChartKind::text; }
-    void add(const MachineReading& reading) {
+    /// `state` is what the agent last said, if it has.
+    void add(const MachineReading& reading, const std::optional<BridgeState>& state) {
         ChartSample sample = sampleOf(reading);
         sample.target = targetOf(reading.fans);
-        // The agent's latch, as it stands with these readings.
-        sample.safety = latch.update(std::max(sample.cpu, sample.gpu));
+        // Without an agent, what its latch would do with these readings.
+        const bool engaged = latch.update(std::max(sample.cpu, sample.gpu));
+        sample.safety = state ? tellsSafety(*state) : engaged;
         chart.add(sample);
         if (isText() && context.textStyle.live)
             draw();
@@ -286,7 +289,7 @@ ExitStatus perform(const ctl::Monitor& command, Context& context) {
     }
     for (std::int64_t count = 1;; ++count) {
         if (picture)
-            picture->add(reading);
+            picture->add(reading, agent.state());
         if (printed)
             printLine(reading, agent.state(), lines, context);
         if (!context.out || count == command.count ||
