@@ -13,6 +13,8 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::string_view tooHot = "Too hot: ";
+/// Stands behind whatever else there is to tell.
+constexpr std::string_view dryRun = "Dry run: ";
 
 /// What the agent says once it has done, or refused, what somebody asked for. Nothing of it keeps
 /// the fans from being driven.
@@ -29,7 +31,7 @@ bool tellsThatAllIsWell(const BridgeState& state) {
     if (!state.status || state.status->empty())
         return true;
     const auto begins = [&](std::string_view text) { return state.status->starts_with(text); };
-    return !tellsStoringFailure(state) &&
+    return !tellsStoringFailure(state) && state.status->find(dryRun) == std::string::npos &&
            (tellsSafety(state) || std::ranges::any_of(answers, begins));
 }
 

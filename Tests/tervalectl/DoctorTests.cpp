@@ -74,7 +74,7 @@ class Doctor : public DoctorTest {
 /// On an agent as it is, which is told something, or whose machine fails.
 class DoctorOnARealAgent : public DoctorTest {
   protected:
-    void start(std::optional<std::string> remark = {}) {
+    void start(AgentStatus::Writing writing = AgentStatus::Writing::done) {
         smc.emplace(mac);
         agent.emplace(Agent::Seams{.smc = *smc,
                                    .center = center,
@@ -82,7 +82,7 @@ class DoctorOnARealAgent : public DoctorTest {
                                    .clock = clock,
                                    .load = nullptr,
                                    .guard = [this] { return hasGuard; },
-                                   .remark = std::move(remark)});
+                                   .writing = writing});
     }
     void send(const BridgeCommand& command) { bridge.send(command); }
     /// What the doctor says of the agent, such as "good" and the agent's status.
@@ -264,8 +264,11 @@ TEST_F(DoctorOnARealAgent, TellsWhatKeepsTheFansAutomatic) {
 }
 
 TEST_F(DoctorOnARealAgent, TellsThatNothingIsWrittenInADryRun) {
-    start("Dry run: nothing is written to the controller.");
+    start(AgentStatus::Writing::pretended);
     EXPECT_EQ(judgement(), "wrong Dry run: nothing is written to the controller.");
+    send(command::CheckForUpdates{});
+    EXPECT_EQ(judgement(),
+              "wrong Tervale is up to date. Dry run: nothing is written to the controller.");
 }
 
 TEST_F(DoctorOnARealAgent, TellsWhatTheControllerRefuses) {
