@@ -101,6 +101,11 @@ void ProfileEditor::display() {
     showProblems();
 }
 
+void ProfileEditor::editName() {
+    name->setFocus(Qt::OtherFocusReason);
+    name->selectAll();
+}
+
 void ProfileEditor::retire() {
     retired = true;
     content->retire();

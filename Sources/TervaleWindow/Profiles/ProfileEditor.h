@@ -29,6 +29,8 @@ class ProfileEditor final : public QWidget {
     static int marginAt(int width, const QStyle& style);
     /// Shows the profile anew.
     void display();
+    /// Brings the focus to the name, which the user's typing replaces.
+    void editName();
     /// The profile is no longer selected; the form edits nothing from now on.
     void retire();
 

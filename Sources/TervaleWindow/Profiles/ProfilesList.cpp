@@ -74,8 +74,10 @@ QWidget* ProfilesList::makeToolbar() {
     auto* menu = new QMenu(addButton);
     const auto offer = [this, menu](const QString& title, const QString& name,
                                     const ProfileKind& kind) {
-        connect(menu->addAction(title), &QAction::triggered, this,
-                [this, name, kind] { draft.add(name.toStdString(), kind); });
+        connect(menu->addAction(title), &QAction::triggered, this, [this, name, kind] {
+            draft.add(name.toStdString(), kind);
+            emit added();
+        });
     };
     offer(tr("Temperature curve"), tr("Temperature"),
           kind::Temperature{TemperatureInput::hottestOf(SensorGroup::cpu),

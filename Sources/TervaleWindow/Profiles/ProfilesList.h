@@ -25,6 +25,10 @@ class ProfilesList final : public QWidget {
     /// What takes the focus of this column: the list, or without profiles what adds one.
     QWidget& focusTarget();
 
+  signals:
+    /// The user added a profile, which is selected now.
+    void added();
+
   private:
     void makeList();
     QWidget* makeToolbar();

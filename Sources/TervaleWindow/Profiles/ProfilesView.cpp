@@ -50,6 +50,7 @@ ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent,
     connect(&draft, &DraftOwner::listChanged, this, &ProfilesView::showEditor);
     connect(&draft, &DraftOwner::selectionChanged, this, &ProfilesView::showEditor);
     connect(&draft, &DraftOwner::changed, this, &ProfilesView::showButtons);
+    connect(list, &ProfilesList::added, this, [this] { editor->editName(); });
     connect(revertButton, &QPushButton::clicked, this, &ProfilesView::revert);
     connect(saveButton, &QPushButton::clicked, this, &ProfilesView::save);
     auto* saveShortcut = new QShortcut(QKeySequence::Save, this);

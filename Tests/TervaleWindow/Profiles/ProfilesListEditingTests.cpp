@@ -33,6 +33,21 @@ TEST_F(ProfilesListEditing, AddsEveryKindOfProfile) {
     EXPECT_EQ(saved[2].kind, ProfileKind(kind::Schedule{ProfileDefaults::schedule()}));
 }
 
+TEST_F(ProfilesListEditing, TypesTheNameOfAProfileThatWasAdded) {
+    openWith(threeProfiles);
+    add("Load curve");
+    view->activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return nameField()->hasFocus(); }));
+    EXPECT_EQ(nameField()->selectedText().toStdString(), "Load");
+    QTest::keyClicks(QApplication::focusWidget(), "Compiling");
+    EXPECT_EQ(names(), (QStringList{"Warm", "Busy", "Night", "Compiling"}));
+    EXPECT_EQ(view->history().undoText().toStdString(), "Rename Profile");
+    view->undo();
+    EXPECT_EQ(nameField()->text().toStdString(), "Load");
+    view->undo();
+    EXPECT_EQ(names(), (QStringList{"Warm", "Busy", "Night"}));
+}
+
 TEST_F(ProfilesListEditing, OffersItsMenuInOrder) {
     openWith({});
     QStringList titles;
