@@ -121,6 +121,10 @@ void CurveCanvas::beginGesture(QMouseEvent& event, Press press) {
     gesture = Gesture{event.position(), press};
     dragTo(event.position());
     hover(event.position());
+    // Here and at the release, before which the toolkit hides it: a tip that is shown when it is
+    // told to hide would go a moment later, even if it is shown once more.
+    if (!editing.dragging && editing.full())
+        showFull(event.position());
 }
 
 void CurveCanvas::mouseMoveEvent(QMouseEvent* event) {
@@ -184,8 +188,6 @@ void CurveCanvas::dragTo(QPointF location) {
     });
     if (editing.dragging)
         showPosition();
-    else if (editing.full())
-        showFull(gesture->start);
 }
 
 void CurveCanvas::endGesture() {

@@ -169,6 +169,8 @@ TEST_F(FullCurveCanvas, SaysWhyAClickAddsNoPoint) {
     EXPECT_EQ(points().size(), 8U);
     EXPECT_TRUE(QToolTip::isVisible());
     EXPECT_EQ(QToolTip::text().toStdString(), reason);
+    // The toolkit takes a moment to hide a tip.
+    EXPECT_FALSE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 500));
     // No longer than until something is done.
     press(at(25, 0.5));
     moveTo(at(26, 0.6));
