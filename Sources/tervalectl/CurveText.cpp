@@ -18,7 +18,7 @@ constexpr int mostColumns = 60;
 
 /// Those of the window's editor.
 ClosedRange rangeOf(CurveAxis axis) {
-    return axis == CurveAxis::temperature ? ClosedRange{20, 100} : ClosedRange{0, 100};
+    return axis == CurveAxis::temperature ? ClosedRange{20, 110} : ClosedRange{0, 100};
 }
 
 bool canBeDrawn(const Curve& curve, ClosedRange range) {

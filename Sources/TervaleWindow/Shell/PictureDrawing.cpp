@@ -4,10 +4,13 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QFont>
 #include <QGuiApplication>
 #include <QImage>
 #include <QOperatingSystemVersion>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QStringList>
 #include <QSvgRenderer>
 
 #include <cstdio>
@@ -20,9 +23,23 @@ constexpr int scale = 2;
 /// No picture that is drawn for people is larger, in pixels a side.
 constexpr int largestSide = 8192;
 
+/// The toolkit takes a document's list of families for the name of one.
+void knowFamiliesOf(const QByteArray& svg) {
+    static const QRegularExpression lists(QStringLiteral("font-family=\"([^\"]+)\""));
+    auto found = lists.globalMatch(QString::fromUtf8(svg));
+    while (found.hasNext()) {
+        const QString list = found.next().captured(1);
+        QStringList families = list.split(QLatin1Char(','));
+        for (QString& family : families)
+            family = family.remove(QLatin1Char('\'')).trimmed();
+        QFont::insertSubstitutions(list, families);
+    }
+}
+
 } // namespace
 
 QByteArray pngOf(const QByteArray& svg) {
+    knowFamiliesOf(svg);
     QSvgRenderer renderer(svg);
     const QSize size = renderer.defaultSize() * scale;
     if (!renderer.isValid() || size.isEmpty() || size.width() > largestSide ||
