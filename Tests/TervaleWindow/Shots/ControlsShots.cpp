@@ -1,4 +1,4 @@
-#include "ControlsShots.h"
+#include "TervaleWindow/Shots/ControlsShots.h"
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Controls/Card.h"
@@ -14,6 +14,7 @@
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
+#include "TervaleWindow/Shots/Scenes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -180,13 +181,12 @@ QWidget* scrollingList() {
     return area;
 }
 
-void save(QWidget& widget, const QString& path) {
-    widget.grab().save(path);
-}
-
 } // namespace
 
-void drawControls(const std::function<QString(const QString&)>& pathOf) {
+void drawControls(const std::function<void(const QString&, const QImage&)>& take) {
+    const auto save = [&take](QWidget& widget, const QString& name) {
+        take(name, widget.grab().toImage());
+    };
     QWidget window;
     auto* rows = new QVBoxLayout(&window);
     rows->setContentsMargins(20, 20, 20, 20);
@@ -199,26 +199,26 @@ void drawControls(const std::function<QString(const QString&)>& pathOf) {
     window.resize(700, 760);
     window.show();
     window.activateWindow();
-    QApplication::processEvents();
+    settle(window);
     window.findChildren<ModeButton*>().at(1)->setFocus(Qt::TabFocusReason);
-    QApplication::processEvents();
-    save(window, pathOf("controls"));
+    settle(window);
+    save(window, "controls");
     window.findChildren<FractionSlider*>().at(0)->setFocus(Qt::TabFocusReason);
-    QApplication::processEvents();
-    save(window, pathOf("controls-slider-focus"));
+    settle(window);
+    save(window, "controls-slider-focus");
     auto* popUpButton = window.findChildren<PopUpButton*>().at(0);
     for (int extra = 0; extra < 20; ++extra)
         popUpButton->addItem(QString("A profile with a rather long name, number %1").arg(extra));
     popUpButton->insertSeparator(1);
     popUpButton->showPopup();
-    QApplication::processEvents();
-    save(*popUpButton->view()->window(), pathOf("controls-list"));
+    settle(window);
+    save(*popUpButton->view()->window(), "controls-list");
     popUpButton->hidePopup();
     auto* timer = window.findChild<MenuButton*>()->menu();
     timer->popup(QPoint(0, 0));
     timer->setActiveAction(timer->actions().first());
-    QApplication::processEvents();
-    save(*timer, pathOf("controls-menu"));
+    settle(window);
+    save(*timer, "controls-menu");
     timer->hide();
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <QImage>
 #include <QString>
 
 #include <functional>
 
 namespace tervale {
 
-/// Draws every control, with and without the focus, an open list and an open menu, into the files
-/// that `pathOf` gives for their names.
-void drawControls(const std::function<QString(const QString& name)>& pathOf);
+/// Draws every control, with and without the focus, an open list and an open menu, and hands out
+/// the pictures with their names.
+void drawControls(const std::function<void(const QString& name, const QImage& image)>& take);
 
 } // namespace tervale
