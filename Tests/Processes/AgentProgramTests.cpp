@@ -210,17 +210,6 @@ TEST_F(AgentProgramTest, LogsWhatItDecidesAndPostsAtTheLevelDebugAndSoDoesItsGua
     EXPECT_EQ(agent.errors(), before) << "nothing at rest";
 }
 
-TEST_F(AgentProgramTest, KeepsItsGuardAsQuietAsItself) {
-    const SimulatorProgram simulator(bus);
-    ChildProcess agent(TERVALE_AGENT, {"--log-level", "error"}, bus.environment());
-    ASSERT_TRUE(eventually([this] { return states > 0; }));
-    ASSERT_TRUE(selectsMaximum());
-    agent.send(SIGKILL);
-    ASSERT_TRUE(eventually([this] { return automatic(); }));
-    ASSERT_TRUE(agent.ends());
-    EXPECT_EQ(agent.errors(), "");
-}
-
 TEST_F(AgentProgramTest, StartsAnotherGuardWhenItsGuardIsKilled) {
     const SimulatorProgram simulator(bus);
     AgentProcess agent(bus);
