@@ -1,14 +1,13 @@
 #include "Counted.h"
 #include "OpenProfilesPane.h"
 #include "TervaleWindow/Controls/SearchField.h"
+#include "TervaleWindow/Gauges/GaugeAnimation.h"
 #include "TervaleWindow/Overview/OverviewView.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
 #include "WideController.h"
 
-#include <QAnimationDriver>
 #include <QKeyEvent>
-#include <QPauseAnimation>
 
 #include <array>
 #include <memory>
@@ -17,28 +16,19 @@ namespace tervale {
 
 namespace {
 
-/// Time for the gauges' animations, which passes when it is told to.
-class VirtualFrames final : public QAnimationDriver {
-  public:
-    VirtualFrames() {
-        install();
-        // The toolkit loses count of the time whenever no animation is left.
-        endless.setLoopCount(-1);
-        endless.start();
-        QCoreApplication::processEvents();
+/// The frames of a second that show something new, each at its refresh. The animations' own timers,
+/// which go by real time, never fire, since only posted events are handled.
+void passASecond(const QWidget& pane) {
+    const auto animations = pane.findChildren<GaugeAnimation*>();
+    for (int refresh = 1; refresh <= 60; ++refresh) {
+        const double now = refresh * 1000.0 / 60;
+        for (GaugeAnimation* animation : animations) {
+            if (animation->isRunning() && animation->nextFrame() <= now)
+                animation->advanceTo(now);
+        }
+        QCoreApplication::sendPostedEvents();
     }
-
-    qint64 elapsed() const override { return milliseconds; }
-    void pass(qint64 more) {
-        milliseconds += more;
-        advance();
-        QCoreApplication::processEvents();
-    }
-
-  private:
-    qint64 milliseconds = 0;
-    QPauseAnimation endless{1000};
-};
+}
 
 /// What a pane is opened on. Nothing happens in it by itself.
 struct Room {
@@ -60,22 +50,20 @@ struct Room {
     Bridge bridge{center};
     SimulatedClock clock;
     AlwaysVisible visibility;
-    Model model{registry, bridge, clock, visibility, [](auto, auto, auto) { return nullptr; }};
+    Model model{registry, bridge, clock, visibility, [](auto&&...) { return nullptr; }};
 };
 
 /// A second each, in which the gauges move and are painted.
 void polls(std::size_t count) {
     WideController wide(6, 30);
     Room room(wide.controller);
-    VirtualFrames frames;
     const auto pane = room.open<OverviewView>(room.model, room.bridge);
     countedWork([&] {
         for (std::size_t second = 0; second < count; ++second) {
             wide.move();
             room.clock.advance(1);
             room.model.refresh();
-            for (int frame = 0; frame < 20; ++frame)
-                frames.pass(50);
+            passASecond(*pane);
         }
     });
 }

@@ -24,7 +24,7 @@ void poll(std::size_t groups) {
     Bridge bridge(center);
     SimulatedClock clock;
     const AlwaysVisible visibility;
-    const TimerFactory noTimer = [](auto, auto, auto) { return nullptr; };
+    const TimerFactory noTimer = [](auto&&...) { return nullptr; };
     Model model(wide.controller, bridge, clock, visibility, noTimer);
     countedWork([&] {
         for (int second = 0; second < 60; ++second) {

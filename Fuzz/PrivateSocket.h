@@ -29,8 +29,9 @@ class PrivateSocket {
     FileDescriptor connected() const {
         FileDescriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
         const auto address = controllerSocket::address(path());
-        precondition(::connect(socket.number(), reinterpret_cast<const sockaddr*>(&*address),
-                               sizeof *address) == 0,
+        precondition(socket.number() >= 0 &&
+                         ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&*address),
+                                   sizeof *address) == 0,
                      "nobody serves");
         return socket;
     }
@@ -38,8 +39,9 @@ class PrivateSocket {
         FileDescriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
         const auto address = controllerSocket::address(path());
         std::filesystem::remove(path());
-        precondition(::bind(socket.number(), reinterpret_cast<const sockaddr*>(&*address),
-                            sizeof *address) == 0 &&
+        precondition(socket.number() >= 0 &&
+                         ::bind(socket.number(), reinterpret_cast<const sockaddr*>(&*address),
+                                sizeof *address) == 0 &&
                          ::listen(socket.number(), 16) == 0,
                      "the fuzzer cannot serve");
         return socket;

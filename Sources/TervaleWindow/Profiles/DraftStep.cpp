@@ -103,8 +103,7 @@ std::optional<EditTarget> targetOf(const ProfileEdit& edit, const Profile& edite
             [](const profileEdit::FollowInput&) -> Target { return std::nullopt; },
             [&edited](const CurveEdit& curveEdit) -> Target {
                 const Curve* curve = curveOf(edited);
-                precondition(curve != nullptr, "a profile without a curve has no points");
-                return targetOf(curveEdit, *curve);
+                return curve ? targetOf(curveEdit, *curve) : Target();
             },
             [](const WindowEdit& windowEdit) -> Target { return targetOf(windowEdit); },
         },

@@ -31,14 +31,6 @@ QString tools() {
            roundedFont(13, QFont::Normal).family() + '\n';
 }
 
-/// Every scene is kept at 1x; the main ones also at 2x, and those with the finest lines at 1.5x.
-bool isKept(const QString& name, const QString& scale) {
-    static const QSet<QString> main{"overview", "sensors",           "profiles",         "settings",
-                                    "controls", "profiles-dragging", "profiles-schedule"};
-    static const QSet<QString> fine{"overview", "profiles", "controls"};
-    return scale == "1" || (scale == "2" ? main : fine).contains(name);
-}
-
 class Gallery {
   public:
     Gallery(QString scale, const QString& kept, const QString& failed, bool rebaseline)
@@ -48,8 +40,6 @@ class Gallery {
           rebaseline(rebaseline) {}
 
     void take(const QString& name, const QImage& image) {
-        if (!isKept(name, scale))
-            return;
         const QString file = name + suffix + '@' + scale + "x.png";
         taken.insert(file);
         rebaseline ? keep(file, image) : check(file, image);
@@ -58,10 +48,8 @@ class Gallery {
         for (const bool dark : {false, true}) {
             const QPalette palette = dark ? darkLook() : lightLook();
             suffix = dark ? "-dark" : "-light";
-            for (const Scene& scene : allScenes()) {
-                if (isKept(scene.name, scale))
-                    take(scene.name, draw(scene, palette, dark));
-            }
+            for (const Scene& scene : allScenes())
+                take(scene.name, draw(scene, palette, dark));
             QApplication::setPalette(palette);
             drawControls([this](const QString& name, const QImage& image) { take(name, image); });
         }
