@@ -6,6 +6,7 @@
 #include "tervalectl/ChartLayout.h"
 
 #include <cmath>
+#include <concepts>
 #include <cstdio>
 #include <string_view>
 
@@ -56,8 +57,10 @@ std::string attribute(std::string_view name, const std::string& value) {
     return ' ' + std::string(name) + "=\"" + value + '"';
 }
 
-std::string opacity(std::string_view name, double value) {
-    return attribute(name, "0." + std::to_string(std::lround(value * 1000) + 1000).substr(1));
+std::string opacity(std::string_view name, std::floating_point auto value) {
+    return attribute(
+        name,
+        "0." + std::to_string(std::lround(static_cast<double>(value) * 1000) + 1000).substr(1));
 }
 
 std::string fill(std::string_view role, std::uint32_t color) {

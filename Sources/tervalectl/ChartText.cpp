@@ -94,7 +94,8 @@ class Writer {
             const std::string words = label(row++);
             const std::size_t width = words.size() - (words.find("°") == std::string::npos ? 0 : 1);
             const std::string border = style.unicode ? "│" : "|";
-            all += std::string(gutter - 1 - width, ' ') + words + ' ' + border + line + '\n';
+            all.append(gutter - 1 - width, ' ');
+            all.append(words).append(" ").append(border).append(line).append("\n");
         }
     }
     std::string celsiusLabel(int row) const {

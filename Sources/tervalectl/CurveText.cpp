@@ -61,8 +61,8 @@ std::string curveText(const Curve& curve, CurveAxis axis, const TextStyle& style
     int row = 0;
     for (const std::string& line : canvas.lines()) {
         const std::string label = row % 4 == 0 ? std::to_string(100 - 25 * row / 2) + '%' : "";
-        text += std::string(gutter - 1 - label.size(), ' ') + label +
-                (style.unicode ? " │" : " |") + line + '\n';
+        text.append(gutter - 1 - label.size(), ' ');
+        text.append(label).append(style.unicode ? " │" : " |").append(line).append("\n");
         ++row;
     }
     TextCanvas labels(style.columns, 1, style);

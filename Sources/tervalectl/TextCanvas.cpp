@@ -66,7 +66,7 @@ TextCanvas::TextCanvas(int columns, int rows, const TextStyle& style)
 TextCanvas::Cell* TextCanvas::cell(int column, int row) {
     if (column < 0 || row < 0 || column >= columns || row >= rows)
         return nullptr;
-    return &cells[static_cast<std::size_t>(row * columns + column)];
+    return &cells[indexOf(column, row)];
 }
 
 void TextCanvas::dot(int x, int y, std::optional<SRGB> color, char ascii) {
@@ -100,7 +100,7 @@ std::vector<std::string> TextCanvas::lines() const {
         std::string blanks;
         std::optional<SRGB> current;
         for (int column = 0; column < columns; ++column) {
-            const Cell& shown = cells[static_cast<std::size_t>(row * columns + column)];
+            const Cell& shown = cells[indexOf(column, row)];
             if (shown.dots == 0 && (shown.text.empty() || shown.text == " ")) {
                 blanks += ' ';
                 continue;

@@ -4,6 +4,7 @@
 #include "tervalectl/TextStyle.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
@@ -40,6 +41,10 @@ class TextCanvas {
         std::string text{};
         std::optional<SRGB> color{};
     };
+    std::size_t indexOf(int column, int row) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
+               static_cast<std::size_t>(column);
+    }
     Cell* cell(int column, int row);
 
     int columns;

@@ -13,6 +13,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -138,8 +139,8 @@ struct SlowDraft {
     static void perform(const WindowEdit& edit, Profile& profile) {
         std::vector<Window>& windows = std::get<kind::Schedule>(profile.kind).windows;
         if (std::holds_alternative<windowEdit::Add>(edit)) {
-            const std::int64_t start = windows.empty() ? 9 * 60 : windows.back().end;
-            windows.push_back({start, (start + 60) % (24 * 60), action::Automatic{}});
+            const std::int64_t start = windows.empty() ? std::int64_t{9} * 60 : windows.back().end;
+            windows.push_back({start, (start + 60) % (std::int64_t{24} * 60), action::Automatic{}});
         } else if (const auto* speed = std::get_if<windowEdit::SetSpeed>(&edit)) {
             windows[speed->index].action = action::Fixed{std::round(speed->fraction * 100) / 100};
         } else if (const auto* remove = std::get_if<windowEdit::Remove>(&edit)) {
@@ -147,7 +148,7 @@ struct SlowDraft {
             for (std::size_t i = 0; i < windows.size(); ++i)
                 if (i != remove->index)
                     left.push_back(windows[i]);
-            windows = left;
+            windows = std::move(left);
         }
     }
 };
