@@ -17,7 +17,7 @@ class AgentLogTest : public testing::Test {
         return {file.get(), most, form};
     }
     std::string text() const {
-        std::rewind(file.get());
+        EXPECT_EQ(std::fseek(file.get(), 0, SEEK_SET), 0);
         std::string all;
         for (int character = std::fgetc(file.get()); character != EOF;
              character = std::fgetc(file.get()))

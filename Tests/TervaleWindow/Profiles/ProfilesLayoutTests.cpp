@@ -63,7 +63,7 @@ TEST_F(ProfilesLayout, StaysUsableAtItsLargest) {
     for (int number = 1; number <= 200; ++number)
         profiles.push_back(loadProfile(number, std::string(200, 'W')));
     std::vector<Window> windows;
-    for (int number = 0; number < 30; ++number)
+    for (std::int64_t number = 0; number < 30; ++number)
         windows.push_back({number * 48, number * 48 + 40, action::Profile{idOf(1)}});
     profiles.push_back({idOf(300), "ليلة 🌙", kind::Schedule{windows}});
     openWith(profiles);
