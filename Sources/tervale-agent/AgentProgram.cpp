@@ -109,7 +109,7 @@ int AgentProgram::end(std::string_view reason) {
     if (const std::optional<std::string> error = agent->end()) {
         // The guard goes on trying.
         log(Level::error, "The fans could not be handed back: " + *error);
-        return exitStatus::failure;
+        return notHandedBack;
     }
     if (guard)
         guard->dismiss();

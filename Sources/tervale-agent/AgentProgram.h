@@ -34,6 +34,8 @@ class AgentProgram {
     /// How long a machine that is about to sleep is kept waiting for fans that cannot be handed
     /// back at once.
     static constexpr std::chrono::seconds sleepPatience{3};
+    /// The exit status that leaves fans as they were: another agent is to set them right.
+    static constexpr int notHandedBack = 3;
 
     /// Throws `AgentLock::Refused` where another agent runs, and `NoSuchMachine`. `center` outlives
     /// the object. `finish` is called with the exit status when the agent ends by itself.

@@ -9,6 +9,8 @@ from pathlib import Path
 from project import LINUX, PROGRAMS, SOURCES
 
 UNIT = LINUX / "tervale-agent.service"
+MANUAL = SOURCES / "packaging/man/tervale-agent.1.in"
+SAFETY = SOURCES / "docs/SAFETY.md"
 SECTION = re.compile(r"\[(\w+)\]")
 
 
@@ -30,6 +32,12 @@ def seconds_in(header, name):
     kind, name_and_value = re.search(rf"std::chrono::(\w+) ({name}{{[0-9']+}})", text).groups()
     value = int(re.search(r"{([0-9']+)}", name_and_value)[1].replace("'", ""))
     return value / {"seconds": 1, "milliseconds": 1000}[kind]
+
+
+def status_in(header, name):
+    """An exit status that a header of the project gives."""
+    text = (SOURCES / "Sources" / header).read_text("utf-8")
+    return re.search(rf"int {name} = ([0-9]+);", text)[1]
 
 
 class Service(unittest.TestCase):
@@ -62,9 +70,24 @@ class Service(unittest.TestCase):
 
     def test_leaves_alone_what_another_start_would_not_mend(self):
         # Another agent that runs, and a wrong command line.
-        header = (SOURCES / "Sources/Base/Terminal.h").read_text("utf-8")
-        final = [re.search(rf"int {name} = ([0-9]+);", header)[1] for name in ("failure", "wrongUsage")]
+        final = [status_in("Base/Terminal.h", name) for name in ("failure", "wrongUsage")]
         self.assertEqual(self.value("RestartPreventExitStatus").split(), final)
+
+    def test_starts_the_agent_again_where_fans_were_left(self):
+        left = status_in("tervale-agent/AgentProgram.h", "notHandedBack")
+        self.assertNotIn(left, self.value("RestartPreventExitStatus").split())
+        for name in ("RestartForceExitStatus", "SuccessExitStatus"):
+            self.assertNotIn(("Service", name), self.settings)
+
+    def test_ends_as_the_manual_page_says(self):
+        page = MANUAL.read_text("utf-8").split(".SH EXIT STATUS\n")[1].split(".SH ")[0]
+        told = dict(re.findall(r"^\.TP\n\.B ([0-9]+)\n(.*)$", page, re.MULTILINE))
+        left = status_in("tervale-agent/AgentProgram.h", "notHandedBack")
+        statuses = [status_in("Base/Terminal.h", name) for name in ("done", "failure", "wrongUsage")]
+        self.assertEqual(list(told), [*statuses, left])
+        self.assertEqual([status for status in told if "could not be handed back" in told[status]], [left])
+        safety = SAFETY.read_text("utf-8")
+        self.assertIn(f"with status {left}: the guard tries on", " ".join(safety.split()))
 
     def test_is_a_whole_unit_to_the_service_manager(self):
         if not shutil.which("systemd-analyze"):
