@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 #include <utility>
 
@@ -63,6 +64,16 @@ TerminationSignals::TerminationSignals(std::function<void()> handler) {
 TerminationSignals::~TerminationSignals() {
     handleAllWith(SIG_DFL);
     signalled = -1;
+}
+
+bool TerminationSignals::arriveWithin(std::chrono::milliseconds time) const {
+    pollfd note{.fd = readingEnd.number(), .events = POLLIN, .revents = 0};
+    int ready = 0;
+    // The signal itself interrupts the wait, and its note is there then.
+    do
+        ready = ::poll(&note, 1, static_cast<int>(time.count()));
+    while (ready < 0 && errno == EINTR);
+    return ready > 0;
 }
 
 } // namespace tervale

@@ -4,6 +4,7 @@
 
 #include <QSocketNotifier>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -18,6 +19,10 @@ class TerminationSignals {
     ~TerminationSignals();
     TerminationSignals(const TerminationSignals&) = delete;
     TerminationSignals& operator=(const TerminationSignals&) = delete;
+
+    /// For who keeps the event loop waiting: waits so long for a signal whose handler has not been
+    /// called. Whether there is one; the event loop still calls the handler.
+    bool arriveWithin(std::chrono::milliseconds time) const;
 
   private:
     FileDescriptor readingEnd;

@@ -10,7 +10,6 @@
 
 #include <chrono>
 #include <tervale/Version.h>
-#include <thread>
 #include <utility>
 
 namespace tervale {
@@ -28,10 +27,10 @@ const char* preferencesDomain(const MachineChoice& machine) {
 } // namespace
 
 AgentProgram::AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& notificationCenter,
-                           std::function<void(int)> whenEnded)
+                           Ending given)
     : messages(AgentLog::standard(run.logLevel)),
       center(notificationCenter),
-      finish(std::move(whenEnded)),
+      ending(std::move(given)),
       writing(run.dryRun ? AgentStatus::Writing::pretended : AgentStatus::Writing::done),
       machine(run.machine,
               run.dryRun ? AgentMachine::Writing::pretended : AgentMachine::Writing::allowed),
@@ -82,8 +81,9 @@ void AgentProgram::sleep() {
     constexpr auto pause = 200ms;
     const auto deadline = std::chrono::steady_clock::now() + sleepPatience;
     bool done = agent->sleep();
-    for (; !done && std::chrono::steady_clock::now() < deadline; done = agent->sleep())
-        std::this_thread::sleep_for(pause);
+    // Who is told to end meanwhile does so at once, and tries once more in the end.
+    while (!done && std::chrono::steady_clock::now() < deadline && !ending.toldWithin(pause))
+        done = agent->sleep();
     if (!done)
         log(Level::error, "The fans could not be handed back before the sleep.");
 }
@@ -127,7 +127,7 @@ bool AgentProgram::keepLock() {
         // The other agent speaks for the fans from now on, and the guard goes on where this fails.
         if (!agent->giveWay() && guard)
             guard->dismiss();
-        finish(Terminal("tervale-agent").complain(refusal.what(), exitStatus::failure));
+        ending.finish(Terminal("tervale-agent").complain(refusal.what(), exitStatus::failure));
         return false;
     }
 }

@@ -37,10 +37,16 @@ class AgentProgram {
     /// The exit status that leaves fans as they were: another agent is to set them right.
     static constexpr int notHandedBack = 3;
 
+    struct Ending {
+        /// Called with the exit status when the agent ends by itself.
+        std::function<void(int)> finish;
+        /// Waits so long to be told to end; whether that is so. `end` is called afterwards.
+        std::function<bool(std::chrono::milliseconds)> toldWithin;
+    };
+
     /// Throws `AgentLock::Refused` where another agent runs, and `NoSuchMachine`. `center` outlives
-    /// the object. `finish` is called with the exit status when the agent ends by itself.
-    AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& center,
-                 std::function<void(int)> finish);
+    /// the object.
+    AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& center, Ending ending);
     ~AgentProgram();
     AgentProgram(const AgentProgram&) = delete;
     AgentProgram& operator=(const AgentProgram&) = delete;
@@ -68,7 +74,7 @@ class AgentProgram {
     AgentLock lock;
     AgentLog messages;
     NotificationCenter& center;
-    std::function<void(int)> finish;
+    Ending ending;
     AgentStatus::Writing writing;
     AgentMachine machine;
     LateRegistry controller{machine.registry()};

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 
+#include <chrono>
 #include <clocale>
 #include <optional>
 #include <string>
@@ -33,7 +34,12 @@ int runAgent(const AgentCommandLine::Run& run) {
     const TerminationSignals ending(
         [&program] { QCoreApplication::exit(program->end("Told to end.")); });
     try {
-        program.emplace(run, *center, &QCoreApplication::exit);
+        program.emplace(
+            run, *center,
+            AgentProgram::Ending{.finish = &QCoreApplication::exit,
+                                 .toldWithin = [&ending](std::chrono::milliseconds time) {
+                                     return ending.arriveWithin(time);
+                                 }});
         const SessionEnd sessionEnd(
             *center, [&program] { QCoreApplication::exit(program->end("The session is over.")); });
         const auto sleep =

@@ -301,6 +301,27 @@ TEST_F(AgentProgramTest, HasTheMachineWaitForAControllerThatDoesNotAnswerBeforeS
     simulator.send(SIGCONT);
 }
 
+TEST_F(AgentProgramTest, EndsWithinTwoSecondsWhileItTriesToHandBackBeforeSleep) {
+    FakeLoginManager manager(bus.connect());
+    QProcessEnvironment environment = bus.environment();
+    environment.insert("DBUS_SYSTEM_BUS_ADDRESS", bus.address());
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(environment);
+    ASSERT_TRUE(selectsMaximum());
+    ASSERT_TRUE(eventually([&] { return manager.isDelayed(); }));
+    simulator.send(SIGSTOP);
+    emit manager.PrepareForSleep(true);
+    ASSERT_TRUE(eventually([&] { return agent.errors().contains("The machine goes to sleep."); }));
+    QElapsedTimer asked;
+    asked.start();
+    agent.send(SIGTERM);
+    ASSERT_TRUE(agent.ends());
+    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_EQ(agent.status(), 3);
+    simulator.send(SIGCONT);
+    EXPECT_TRUE(eventually([this] { return automatic(); })) << "the guard goes on trying";
+}
+
 TEST_F(AgentProgramTest, WarnsOnceWhereNothingTellsOfSleep) {
     const SimulatorProgram simulator(bus);
     QProcessEnvironment environment = bus.environment();
