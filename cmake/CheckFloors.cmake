@@ -36,7 +36,7 @@ set(tests_alone Benchmarks Faults Floors Packaging Processes Support fixtures Te
     TervaleWindow/Support)
 
 # Angle-bracket headers of an operating system, a toolkit or a library.
-set(foreign "^(sys/|unistd\\.h|fcntl\\.h|poll\\.h|signal\\.h|netinet/|arpa/|mach/|IOKit/|CoreFoundation/|CoreGraphics/|Foundation/|AppKit/|objc/|dbus/|systemd/)")
+set(foreign "^(sys/|unistd\\.h|fcntl\\.h|poll\\.h|signal\\.h|netinet/|arpa/|mach/|IOKit/|CoreFoundation/|CoreGraphics/|Foundation/|AppKit/|ServiceManagement/|objc/|dbus/|systemd/)")
 set(toolkit "^Q[A-Z]")
 set(toolkit_users TervaleWindow tervale-agent tervale-simulator tervalectl Machine Platform)
 set(json "^nlohmann/")

@@ -161,10 +161,7 @@ void Agent::perform(const BridgeCommand& command) {
                    },
                    [this](const command::StartTimer& timer) { startTimer(timer); },
                    [this](const command::SaveProfiles& save) { saveProfiles(save.profiles); },
-                   [this](const command::SetLaunchAtLogin& set) {
-                       state.launchAtLogin = set.enabled;
-                       preferences.changeLaunchAtLogin();
-                   },
+                   [this](const command::SetLaunchAtLogin& set) { setLaunchAtLogin(set.enabled); },
                    [this](const command::CancelTimer&) { endTimer(); },
                    [this](const command::CheckForUpdates&) { notify(upToDate); },
                    [](const command::RequestState&) {}},
@@ -188,6 +185,17 @@ void Agent::saveProfiles(const std::vector<Profile>& profiles) {
     }
     state.profiles = profiles;
     preferences.changeProfiles();
+}
+
+void Agent::setLaunchAtLogin(bool enabled) {
+    const auto refusal = seams.loginItem ? seams.loginItem(enabled) : std::nullopt;
+    if (refusal) {
+        notify(std::string("Starting at login could not be turned ") +
+               (enabled ? "on: " : "off: ") + *refusal);
+        return;
+    }
+    state.launchAtLogin = enabled;
+    preferences.changeLaunchAtLogin();
 }
 
 void Agent::startTimer(const command::StartTimer& timer) {

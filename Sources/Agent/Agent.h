@@ -44,6 +44,9 @@ class Agent {
         /// Runs the task once what has arrived by now is received. Null: at once, so that each
         /// command has a state of its own.
         std::function<void(std::function<void()>)> later{};
+        /// Has the system start the agent at login, or no longer: why it cannot, nothing if all is
+        /// well. Null where only the flag is kept.
+        std::function<std::optional<std::string>(bool)> loginItem{};
         /// Hears, a line each, what the agent decides and posts. May be null.
         std::function<void(const std::string&)> trace{};
     };
@@ -81,6 +84,7 @@ class Agent {
     void receive(const BridgeCommand& command);
     void perform(const BridgeCommand& command);
     void saveProfiles(const std::vector<Profile>& profiles);
+    void setLaunchAtLogin(bool enabled);
     void startTimer(const command::StartTimer& timer);
     void endTimer();
     /// Stores, drives and confirms what has arrived.

@@ -7,6 +7,7 @@
 #include "Platform/macOS/DistributedNotificationCenter.h"
 #include "Platform/macOS/IOKitRegistry.h"
 #include "Platform/macOS/IncreasedContrast.h"
+#include "Platform/macOS/LoginItem.h"
 #include "Platform/macOS/OpenMenus.h"
 #include "Platform/macOS/PowerNotifications.h"
 #include "Platform/macOS/ReducedMotion.h"
@@ -81,6 +82,10 @@ std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers) {
     return powerNotifications(std::move(handlers));
 }
 
+std::function<std::optional<std::string>(bool)> makeLoginItem() {
+    return &setLoginItem;
+}
+
 // launchd ends the processes of a session that is over.
 // NOLINTNEXTLINE(performance-unnecessary-value-param): that of Linux keeps it
 std::unique_ptr<SessionWatch> makeSessionWatch(std::function<void()>) {
@@ -146,6 +151,10 @@ std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers) {
     if (!bus.isConnected())
         return nullptr;
     return std::make_shared<LoginManager>(bus, std::move(handlers));
+}
+
+std::function<std::optional<std::string>(bool)> makeLoginItem() {
+    return nullptr;
 }
 
 std::unique_ptr<SessionWatch> makeSessionWatch(std::function<void()> over) {

@@ -67,6 +67,10 @@ std::function<bool()> makeIncreasedContrast();
 /// tell. Quick. Needs an application object of the toolkit.
 std::function<bool()> makeReducedMotion();
 
+/// Has the system start the agent of the program's bundle at login, or no longer: why it refuses,
+/// nothing if all is well. Null for a system where the person says so to the service manager.
+std::function<std::optional<std::string>(bool enabled)> makeLoginItem();
+
 /// Calls the handlers around each sleep of the machine for as long as what it returns lives. Null
 /// where the system does not tell.
 std::shared_ptr<void> makeSleepWatch(SleepHandlers handlers);

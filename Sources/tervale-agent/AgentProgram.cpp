@@ -11,6 +11,7 @@
 #include <chrono>
 #include <tervale/Version.h>
 #include <utility>
+#include <variant>
 
 namespace tervale {
 
@@ -37,6 +38,9 @@ AgentProgram::AgentProgram(const AgentCommandLine::Run& run, NotificationCenter&
       preferences(makePreferences(preferencesDomain(run.machine))) {
     if (machine.outlivesProcess() && !run.dryRun)
         guard = std::make_unique<GuardProcess>(guardArguments(run.machine, run.logLevel));
+    // Nobody wants an agent at login on account of a simulated machine.
+    if (std::holds_alternative<machineChoice::System>(run.machine))
+        loginItem = makeLoginItem();
     log(Level::info, std::string("Version ") + version::text + (run.dryRun ? ", dry run" : ""));
     QObject::connect(&timer, &QTimer::timeout, &timer, [this] { tick(); });
     timer.start(1s);
@@ -62,6 +66,7 @@ void AgentProgram::begin() {
             [this](std::function<void()> task) {
                 QMetaObject::invokeMethod(&timer, std::move(task), Qt::QueuedConnection);
             },
+        .loginItem = loginItem,
         .trace = [this](const std::string& line) { log(Level::debug, line); }});
     logState();
 }

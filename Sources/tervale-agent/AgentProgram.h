@@ -85,6 +85,8 @@ class AgentProgram {
     StateLog stateLog;
     /// Why the controller could not be reached.
     std::optional<std::string> missed;
+    /// Null where only the flag is kept.
+    std::function<std::optional<std::string>(bool)> loginItem;
     /// From `begin` on.
     std::optional<Agent> agent;
     QElapsedTimer sinceTick;

@@ -25,6 +25,10 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 - (NSData*)dataUsingEncoding:(NSStringEncoding)encoding allowLossyConversion:(BOOL)lossy;
 @end
 
+@interface NSError : NSObject
+@property(readonly, copy) NSString* localizedDescription;
+@end
+
 @interface NSMutableString : NSString
 - (void)appendString:(NSString*)text;
 @end
