@@ -26,10 +26,10 @@ Target targetOf(const CurveEdit& edit, const Curve& edited) {
         overloaded{
             // A press that adds a point goes on to move it.
             [&edited](const curveEdit::Add& add) -> Target {
-                const auto upTo = std::count_if(
+                const auto noFarther = std::count_if(
                     edited.points.begin(), edited.points.end(),
                     [&add](const CurvePoint& point) { return point.x <= add.point.x; });
-                return EditTarget{EditTarget::Part::point, static_cast<std::size_t>(upTo) - 1};
+                return EditTarget{EditTarget::Part::point, static_cast<std::size_t>(noFarther) - 1};
             },
             [](const curveEdit::Move& move) -> Target {
                 return EditTarget{EditTarget::Part::point, move.index};

@@ -247,26 +247,27 @@ TEST_F(DraftHistory, IgnoresWhatAControlTellsWhileItIsTakenBack) {
 /// Whatever a person may do, and in any order.
 class RandomEdits : public DraftHistory, public testing::WithParamInterface<unsigned> {
   protected:
-    int upTo(std::size_t most) {
+    int numberUpTo(std::size_t most) {
         return std::uniform_int_distribution<int>(0, static_cast<int>(most))(random);
     }
-    std::size_t indexIn(std::size_t size) { return static_cast<std::size_t>(upTo(size - 1)); }
-    double fraction() { return upTo(100) / 100.0; }
+    std::size_t indexIn(std::size_t size) { return static_cast<std::size_t>(numberUpTo(size - 1)); }
+    double fraction() { return numberUpTo(100) / 100.0; }
 
     ProfileEdit curveEditOf(const Curve& curve) {
-        if (curve.points.size() < 2 || upTo(3) == 0)
-            return CurveEdit(curveEdit::Add{{20.0 + upTo(90), fraction()}});
+        if (curve.points.size() < 2 || numberUpTo(3) == 0)
+            return CurveEdit(curveEdit::Add{{20.0 + numberUpTo(90), fraction()}});
         const std::size_t index = indexIn(curve.points.size());
-        if (upTo(4) == 0)
+        if (numberUpTo(4) == 0)
             return CurveEdit(curveEdit::Remove{index});
         return CurveEdit(curveEdit::Move{index, {curve.points[index].x, fraction()}});
     }
     ProfileEdit windowEditOf(const std::vector<Window>& windows) {
-        if (windows.empty() || upTo(3) == 0)
+        if (windows.empty() || numberUpTo(3) == 0)
             return WindowEdit(windowEdit::Add{});
         const std::size_t index = indexIn(windows.size());
-        const auto edge = upTo(1) == 0 ? ScheduleEditing::Edge::start : ScheduleEditing::Edge::end;
-        switch (upTo(4)) {
+        const auto edge =
+            numberUpTo(1) == 0 ? ScheduleEditing::Edge::start : ScheduleEditing::Edge::end;
+        switch (numberUpTo(4)) {
         case 0:
             return WindowEdit(windowEdit::Remove{index});
         case 1:
@@ -274,21 +275,21 @@ class RandomEdits : public DraftHistory, public testing::WithParamInterface<unsi
         case 2:
             return WindowEdit(windowEdit::SetSpeed{index, fraction()});
         default:
-            return WindowEdit(windowEdit::SetTime{index, edge, {upTo(23), upTo(59)}});
+            return WindowEdit(windowEdit::SetTime{index, edge, {numberUpTo(23), numberUpTo(59)}});
         }
     }
     ProfileEdit anyEdit(const Profile& profile) {
-        if (upTo(5) == 0)
-            return profileEdit::Rename{std::string(static_cast<std::size_t>(upTo(3)), 'n')};
+        if (numberUpTo(5) == 0)
+            return profileEdit::Rename{std::string(static_cast<std::size_t>(numberUpTo(3)), 'n')};
         if (const Curve* curve = curveOf(profile)) {
-            if (std::holds_alternative<kind::Temperature>(profile.kind) && upTo(5) == 0)
-                return profileEdit::FollowInput{{SensorGroup::gpu, upTo(1) == 0}};
+            if (std::holds_alternative<kind::Temperature>(profile.kind) && numberUpTo(5) == 0)
+                return profileEdit::FollowInput{{SensorGroup::gpu, numberUpTo(1) == 0}};
             return curveEditOf(*curve);
         }
         return windowEditOf(std::get<kind::Schedule>(profile.kind).windows);
     }
     void act() {
-        switch (upTo(15)) {
+        switch (numberUpTo(15)) {
         case 0:
             return draft.add("Load", kind::Load{ProfileDefaults::loadCurve()});
         case 1:
@@ -304,9 +305,9 @@ class RandomEdits : public DraftHistory, public testing::WithParamInterface<unsi
                 draft.select(draft.profiles()[indexIn(draft.profiles().size())].id);
             return;
         case 6:
-            return upTo(5) == 0 ? draft.revert() : draft.settle();
+            return numberUpTo(5) == 0 ? draft.revert() : draft.settle();
         case 7:
-            return upTo(5) == 0 ? confirm() : draft.undo();
+            return numberUpTo(5) == 0 ? confirm() : draft.undo();
         case 8:
             return draft.redo();
         default:
