@@ -53,8 +53,11 @@ std::optional<CurveEdit> someCurveEdit(CurveEditing& editing, FuzzedBytes& input
 }
 
 void editCurve(FuzzedBytes& input) {
-    CurveEditing editing{
-        .curve = {{{30, 0.2}, {80, 0.9}}}, .range = range, .dragging = {}, .chosen = {}};
+    CurveEditing editing{.curve = {{{30, 0.2}, {80, 0.9}}},
+                         .range = range,
+                         .dragging = {},
+                         .chosen = {},
+                         .hovered = {}};
     while (!input.empty()) {
         if (const auto edit = someCurveEdit(editing, input)) {
             Curve curve = editing.curve;
