@@ -116,8 +116,9 @@ TEST(Packaging, CompletesEveryCommandAndOptionInFish) {
         const std::string word(command.name.substr(group.empty() ? 0 : space + 1));
         const std::string place =
             group.empty() ? "'__tervalectl_at'" : "'__tervalectl_at " + group + "'";
-        EXPECT_NE(text.find("-n " + place + " -a " + word + " "), std::string::npos)
-            << command.name;
+        std::string offer = "-n ";
+        offer.append(place).append(" -a ").append(word).append(" ");
+        EXPECT_NE(text.find(offer), std::string::npos) << command.name;
     }
     for (const ctl::Option& option : ctl::allOptions()) {
         EXPECT_NE(text.find(" -l " + std::string(option.name) + " "), std::string::npos)
