@@ -13,11 +13,13 @@
 #include <QStringList>
 #include <QSvgRenderer>
 
-#include <cstdio>
-
 namespace tervale {
 
 namespace {
+
+// By number: the C library's streams are of a type that each system names otherwise.
+constexpr int standardInput = 0;
+constexpr int standardOutput = 1;
 
 constexpr int scale = 2;
 /// No picture that is drawn for people is larger, in pixels a side.
@@ -63,7 +65,8 @@ int drawPicture(int count, char** arguments) {
     const QGuiApplication application(count, arguments);
     QFile in;
     QFile out;
-    if (!in.open(stdin, QIODevice::ReadOnly) || !out.open(stdout, QIODevice::WriteOnly))
+    if (!in.open(standardInput, QIODevice::ReadOnly) ||
+        !out.open(standardOutput, QIODevice::WriteOnly))
         return exitStatus::failure;
     const QByteArray png = pngOf(in.readAll());
     if (png.isEmpty() || out.write(png) != png.size() || !out.flush())
