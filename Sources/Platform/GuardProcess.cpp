@@ -93,6 +93,7 @@ void GuardProcess::start() {
     if (!makePair(ends))
         return;
     std::vector<char*> all;
+    all.reserve(arguments.size() + 1);
     for (std::string& argument : arguments)
         all.push_back(argument.data());
     all.push_back(nullptr);

@@ -49,9 +49,10 @@ Fan SMC::fan(std::int64_t index) {
 std::vector<Fan> SMC::fans() {
     const std::int64_t count = fanCount();
     requireCount(count);
+    // No room is reserved: the count is whatever the controller says.
     std::vector<Fan> all;
-    for (std::int64_t index = 0; index < count; ++index)
-        all.push_back(fan(index));
+    while (std::ssize(all) < count)
+        all.push_back(fan(std::ssize(all)));
     return all;
 }
 

@@ -172,8 +172,9 @@ class Writer {
         }
     }
     void axes() {
-        for (double celsius = layout.celsius.lower; celsius <= layout.celsius.upper; celsius += 20)
-            grid(layout.yOfCelsius(celsius), std::to_string(std::lround(celsius)) + " °C");
+        for (int celsius = static_cast<int>(std::lround(layout.celsius.lower));
+             celsius <= layout.celsius.upper; celsius += 20)
+            grid(layout.yOfCelsius(celsius), std::to_string(celsius) + " °C");
         for (const int percent : {0, 50, 100})
             grid(layout.yOfFraction(percent / 100.0), std::to_string(percent) + "%");
         text += "<path" +

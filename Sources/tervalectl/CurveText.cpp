@@ -66,8 +66,8 @@ std::string curveText(const Curve& curve, CurveAxis axis, const TextStyle& style
         ++row;
     }
     TextCanvas labels(style.columns, 1, style);
-    for (double x = range.lower; x <= range.upper; x += 20) {
-        const std::string label = std::to_string(rounded(x));
+    for (int x = rounded(range.lower); x <= range.upper; x += 20) {
+        const std::string label = std::to_string(x);
         const int middle = gutter + 1 + rounded((x - range.lower) / range.span() * (columns - 1));
         labels.write(middle - static_cast<int>(label.size()) / 2, 0, label);
     }

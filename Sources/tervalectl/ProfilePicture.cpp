@@ -24,14 +24,14 @@ std::string wholeNumber(double value, const char* unit) {
 
 /// Where the curve is drawn: at its points and at each multiple of 5 between them.
 std::vector<double> places(const Curve& curve) {
-    constexpr double step = 5;
+    constexpr int step = 5;
     std::vector<double> places;
     for (const CurvePoint& point : curve.points)
         places.push_back(point.x);
     std::ranges::sort(places);
     if (!places.empty() && std::max(std::abs(places.front()), std::abs(places.back())) <= 1000) {
         const double last = places.back();
-        for (double x = std::ceil(places.front() / step) * step; x < last; x += step)
+        for (int x = static_cast<int>(std::ceil(places.front() / step)) * step; x < last; x += step)
             places.push_back(x);
     }
     std::ranges::sort(places);

@@ -110,9 +110,8 @@ class ControllerModel : public testing::TestWithParam<std::uint64_t> {
   protected:
     Curve curve() {
         Curve made;
-        for (double x = static_cast<double>(values.below(40)); made.points.size() < 5;
-             x += 1 + static_cast<double>(values.below(25)))
-            made.points.push_back({x, values.fraction()});
+        for (auto x = values.below(40); made.points.size() < 5; x += 1 + values.below(25))
+            made.points.push_back({static_cast<double>(x), values.fraction()});
         return made;
     }
     Action action(const std::vector<Profile>& profiles) {

@@ -140,8 +140,11 @@ TEST(Curve, StaysBetweenTheSpeedsOfValidPoints) {
     for (std::size_t round = 0; round < 2000; ++round) {
         Curve curve;
         const std::size_t count = 2 + round % 7;
-        for (double at = x(random) / 10; curve.points.size() < count; at += 0.01 + x(random) / 10)
+        double at = x(random) / 10;
+        while (curve.points.size() < count) {
             curve.points.push_back({at, speed(random)});
+            at += 0.01 + x(random) / 10;
+        }
         const double result = curve.speed(x(random));
         EXPECT_GE(result, 0.0);
         EXPECT_LE(result, 1.0);

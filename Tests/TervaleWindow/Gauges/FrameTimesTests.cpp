@@ -30,10 +30,10 @@ double easedByBisection(double time) {
 std::vector<double> framesOf(double distance, double rate, double firstRefresh = 5) {
     const FrameTimes frames{distance, firstRefresh, 1000 / rate};
     std::vector<double> times;
-    for (double time = frames.after(0); time < gaugeDuration; time = frames.after(time)) {
+    double time = frames.after(0);
+    while (time < gaugeDuration && times.size() <= 1000) {
         times.push_back(time);
-        if (times.size() > 1000)
-            break;
+        time = frames.after(time);
     }
     times.push_back(gaugeDuration);
     return times;
