@@ -110,8 +110,9 @@ void Table::print(std::ostream& out, const Row& row) const {
 
 std::vector<std::size_t> Table::leastWidths() const {
     std::vector<std::size_t> widths;
-    for (const Column& column : columns)
-        widths.push_back(std::max(column.leastWidth, width(column.title)));
+    std::ranges::transform(columns, std::back_inserter(widths), [](const Column& column) {
+        return std::max(column.leastWidth, width(column.title));
+    });
     return widths;
 }
 

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 namespace tervale {
@@ -26,8 +27,7 @@ std::string wholeNumber(double value, const char* unit) {
 std::vector<double> places(const Curve& curve) {
     constexpr int step = 5;
     std::vector<double> places;
-    for (const CurvePoint& point : curve.points)
-        places.push_back(point.x);
+    std::ranges::transform(curve.points, std::back_inserter(places), &CurvePoint::x);
     std::ranges::sort(places);
     if (!places.empty() && std::max(std::abs(places.front()), std::abs(places.back())) <= 1000) {
         const double last = places.back();
