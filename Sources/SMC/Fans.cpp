@@ -31,6 +31,15 @@ std::string SMC::modeKey(std::int64_t index) {
     return exists(preferred) ? preferred : fanKey(index, "Md");
 }
 
+std::optional<std::string> SMC::knownModeKey(std::int64_t index) {
+    for (const char* const suffix : {"md", "Md"}) {
+        std::string key = fanKey(index, suffix);
+        if (has(key))
+            return key;
+    }
+    return std::nullopt;
+}
+
 Fan SMC::fan(std::int64_t index) {
     Fan fan;
     fan.index = index;

@@ -19,11 +19,22 @@ std::string hexadecimal(IORegistry::Status status) {
     return text;
 }
 
+/// The controller's result for a key that it does not have.
+constexpr std::uint8_t unknownKey = 132;
+
 SMCStructure requestOf(SMCCommand command, std::uint32_t key) {
     SMCStructure request;
     request.key = key;
     request.command = static_cast<std::uint8_t>(command);
     return request;
+}
+
+SMCStructure descriptionRequest(const std::string& key) {
+    return requestOf(SMCCommand::keyInformation, SMCCodec::fourCC(key));
+}
+
+SMCError refusal(const std::string& key, std::uint8_t result) {
+    return SMCError(key + ": SMC error " + std::to_string(result));
 }
 
 } // namespace
@@ -36,23 +47,30 @@ SMC::~SMC() {
     registry.close(conn);
 }
 
-SMCStructure SMC::call(const std::string& key, const SMCStructure& request) {
+std::optional<SMCStructure> SMC::ask(const std::string& key, const SMCStructure& request) {
     IORegistry::Structure response{};
     const IORegistry::Status status =
         registry.callStruct(conn, smcExchangeSelector, request.toBytes(), response);
     if (status != 0)
         throw SMCError(key + ": IOKit error 0x" + hexadecimal(status));
     const auto answer = SMCStructure::fromBytes(response);
+    if (answer.result == unknownKey)
+        return std::nullopt;
     if (answer.result != 0)
-        throw SMCError(key + ": SMC error " + std::to_string(answer.result));
+        throw refusal(key, answer.result);
     return answer;
+}
+
+SMCStructure SMC::call(const std::string& key, const SMCStructure& request) {
+    if (const auto answer = ask(key, request))
+        return *answer;
+    throw refusal(key, unknownKey);
 }
 
 SMC::Info SMC::info(const std::string& key) {
     if (const auto known = infoCache.find(key); known != infoCache.end())
         return known->second;
-    const SMCStructure answer =
-        call(key, requestOf(SMCCommand::keyInformation, SMCCodec::fourCC(key)));
+    const SMCStructure answer = call(key, descriptionRequest(key));
     if (answer.dataSize > answer.bytes.size())
         throw SMCError(key + ": size " + std::to_string(answer.dataSize) + " too large");
     return infoCache.emplace(key, Info{answer.dataSize, SMCCodec::fourCCString(answer.dataType)})
@@ -66,6 +84,10 @@ bool SMC::exists(const std::string& key) {
     } catch (const SMCError&) {
         return false;
     }
+}
+
+bool SMC::has(const std::string& key) {
+    return infoCache.contains(key) || ask(key, descriptionRequest(key)).has_value();
 }
 
 double SMC::read(const std::string& key) {

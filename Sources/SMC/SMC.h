@@ -52,6 +52,9 @@ class SMC {
 
     Info info(const std::string& key);
     bool exists(const std::string& key);
+    /// Whether the controller has the key, by its own word: throws where it could not be asked,
+    /// which `exists` takes for no.
+    bool has(const std::string& key);
     double read(const std::string& key);
     void write(const std::string& key, double value);
 
@@ -62,6 +65,9 @@ class SMC {
 
     /// The name of a fan's mode key in the spelling that this controller uses.
     std::string modeKey(std::int64_t index);
+    /// The same by the controller's own word: nothing if the fan has no mode. Throws where it could
+    /// not be asked.
+    std::optional<std::string> knownModeKey(std::int64_t index);
     Fan fan(std::int64_t index);
     /// All fans in index order, or the error of the first that fails.
     std::vector<Fan> fans();
@@ -81,6 +87,8 @@ class SMC {
   private:
     /// One exchange; `key` begins the error's message.
     SMCStructure call(const std::string& key, const SMCStructure& request);
+    /// The same; nothing if the controller answers that it has no such key.
+    std::optional<SMCStructure> ask(const std::string& key, const SMCStructure& request);
 
     IORegistry& registry;
     IORegistry::Connection conn = 0;

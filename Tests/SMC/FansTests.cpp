@@ -76,6 +76,18 @@ TEST_F(Fans, HaveAModeKeyEvenWhenEveryCallFails) {
     EXPECT_EQ(smc.modeKey(11), "F11Md");
 }
 
+TEST_F(Fans, HaveNoModeOnlyByTheControllersWord) {
+    EXPECT_EQ(smc.knownModeKey(0), "F0md");
+    addFan("F1", "Md");
+    registry.fail("F1md", ScriptedRegistry::keyInformation, {-1, 0});
+    EXPECT_EQ(errorOf([&] { smc.knownModeKey(1); }), "F1md: IOKit error 0xffffffff");
+    registry.remove("F1md");
+    registry.succeed("F1md", ScriptedRegistry::keyInformation);
+    EXPECT_EQ(smc.knownModeKey(1), "F1Md");
+    registry.remove("F1Md");
+    EXPECT_EQ(smc.knownModeKey(1), std::nullopt);
+}
+
 TEST_F(Fans, WithoutAModeAreNotManual) {
     registry.remove("F0md");
     EXPECT_FALSE(smc.fan(0).manual);

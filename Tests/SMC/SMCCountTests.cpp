@@ -1,3 +1,4 @@
+#include "SMC/Believable.h"
 #include "SMC/ErrorOf.h"
 #include "SMC/SMC.h"
 #include "SMC/ScriptedRegistry.h"
@@ -52,6 +53,24 @@ TEST_F(Counts, StopTheProcessWhenTheyAreNoInteger) {
         EXPECT_DEATH(smc.keyCount(), "no 64-bit integer") << value;
         EXPECT_DEATH(smc.fanCount(), "no 64-bit integer") << value;
     }
+}
+
+TEST_F(Counts, AreErrorsForWhoDoesNotBelieveThem) {
+    for (const float value : {std::numeric_limits<float>::quiet_NaN(),
+                              std::numeric_limits<float>::infinity(), 1e19F, -1e19F, -1.0F}) {
+        registry.setFloat("#KEY", value);
+        registry.setFloat("FNum", value);
+        EXPECT_EQ(errorOf([&] { believable::keyCount(smc); }), "#KEY: no number of keys") << value;
+        EXPECT_EQ(errorOf([&] { believable::fanCount(smc); }), "FNum: no number of fans") << value;
+    }
+    registry.setFloat("#KEY", 65537);
+    registry.setFloat("FNum", 101);
+    EXPECT_EQ(errorOf([&] { believable::keyCount(smc); }), "#KEY: 65537 keys");
+    EXPECT_EQ(errorOf([&] { believable::fanCount(smc); }), "FNum: 101 fans");
+    registry.setFloat("#KEY", 65536);
+    registry.setFloat("FNum", -0.5F);
+    EXPECT_EQ(believable::keyCount(smc), 65536);
+    EXPECT_EQ(believable::fanCount(smc), 0);
 }
 
 TEST_F(Counts, OfKeysBoundTheIndicesThatHaveNames) {

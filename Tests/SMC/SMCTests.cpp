@@ -166,6 +166,21 @@ TEST_F(Keys, ExistWhenTheyCanBeDescribed) {
     EXPECT_EQ(registry.takeRequests(), (Lines{"info Ftst", "info big0", "info F0Md", "info F0Md"}));
 }
 
+TEST_F(Keys, AreMissingOnlyByTheControllersWord) {
+    EXPECT_FALSE(smc.has("Ftst"));
+    registry.setByte("Ftst", 0);
+    registry.fail("Ftst", ScriptedRegistry::keyInformation, {notPrivileged, 0});
+    EXPECT_EQ(errorOf([&] { smc.has("Ftst"); }), "Ftst: IOKit error 0xe00002c2");
+    registry.fail("Ftst", ScriptedRegistry::keyInformation, {0, 133});
+    EXPECT_EQ(errorOf([&] { smc.has("Ftst"); }), "Ftst: SMC error 133");
+    registry.succeed("Ftst", ScriptedRegistry::keyInformation);
+    EXPECT_TRUE(smc.has("Ftst"));
+    smc.info("Ftst");
+    registry.takeRequests();
+    EXPECT_TRUE(smc.has("Ftst"));
+    EXPECT_TRUE(registry.log.empty()) << "a description is kept";
+}
+
 TEST_F(Keys, AppearOnceTheControllerKnowsThem) {
     EXPECT_FALSE(smc.exists("Ftst"));
     registry.setByte("Ftst", 0);
