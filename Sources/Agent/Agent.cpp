@@ -53,7 +53,7 @@ Agent::Agent(Seams given)
     : seams(std::move(given)),
       bridge(seams.center),
       preferences(seams.preferences, seams.clock),
-      fans(seams.smc),
+      fans(seams.smc, seams.writing),
       permission(seams.guard),
       status(seams.writing) {
     preferences.takeUp(state);

@@ -1,6 +1,7 @@
 #include "Agent/FanDriver.h"
 
 #include "Base/Overloaded.h"
+#include "SMC/Believable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,14 +12,6 @@ namespace {
 
 /// A difference in target that nobody hears, in revolutions per minute.
 constexpr double inaudible = 10.0;
-
-/// No fan turns faster, in revolutions per minute; limits beyond are not to be believed.
-constexpr double fastest = 16000.0;
-
-bool areLimits(double min, double max) {
-    // Not a number is refused as well.
-    return min >= 0 && min <= max && max <= fastest;
-}
 
 constexpr const char* lockKey = "Ftst";
 
@@ -38,8 +31,10 @@ std::optional<std::string> errorOf(Attempt attempt) {
 void FanDriver::prepare() {
     const std::int64_t count = fanCount();
     for (std::int64_t fan = 0; fan < count; ++fan)
-        smc.exists(smc.modeKey(fan));
-    smc.exists(lockKey);
+        if (const auto key = smc.knownModeKey(fan))
+            smc.info(*key);
+    if (smc.has(lockKey))
+        smc.info(lockKey);
 }
 
 std::optional<std::string> FanDriver::apply(const Target& target) {
@@ -59,19 +54,24 @@ FanDriver::Error FanDriver::driveAll(double fraction) {
         for (std::int64_t fan = 0; fan < count; ++fan) {
             const Error error = errorOf([&] { drive(fan, std::clamp(fraction, 0.0, 1.0)); });
             // One that cannot be driven must not stay at whatever speed it was given before.
-            if (error && holding)
+            if (error && !isAutomatic(fan)) {
+                holding = true;
                 giveBack(fan);
+            }
             first = first ? first : error;
         }
     });
-    if (counting && holding)
-        giveBackEach();
+    // Where they were never counted, nobody knows who holds them.
+    if (counting && (holding || !lastCount))
+        handBack();
     return first ? first : counting;
 }
 
 void FanDriver::drive(std::int64_t index, double fraction) {
     const Fan fan = smc.fan(index);
-    if (!areLimits(fan.min, fan.max))
+    // Whoever took it left it to this object.
+    holding = holding || fan.manual;
+    if (!believable::hasLimits(fan))
         throw SMCError("fan " + std::to_string(index) + " has no limits");
     // Rounding must not carry the speed past a limit.
     const double rpm =
@@ -79,21 +79,21 @@ void FanDriver::drive(std::int64_t index, double fraction) {
     const bool atLimit = rpm == fan.min || rpm == fan.max;
     if (fan.manual && std::abs(fan.target - rpm) < (atLimit ? 0.5 : inaudible))
         return;
-    // A fan without a mode can never be taken, and so need not be given back.
-    holding = holding || smc.exists(smc.modeKey(index));
+    // Before it is: what fails half-way may have taken it, or have unlocked the fans.
+    holding = true;
     smc.setSpeed(index, rpm);
 }
 
 FanDriver::Error FanDriver::releaseAll() {
-    bool taken = holding;
-    Error error = errorOf([&] { taken = taken || anyTaken(); });
+    const Error error = errorOf([this] { holding = holding || anyTaken(); });
     if (error)
         return error;
-    return taken ? handBack() : std::nullopt;
+    return holding ? handBack() : std::nullopt;
 }
 
 FanDriver::Error FanDriver::handBack() {
-    Error error = errorOf([this] {
+    holding = true;
+    const Error error = errorOf([this] {
         // A count that no machine has would keep the controller busy for ever.
         fanCount();
         smc.setAuto();
@@ -101,9 +101,11 @@ FanDriver::Error FanDriver::handBack() {
     // A single failure keeps all that follows it from being written.
     if (error)
         giveBackEach();
-    // Who may not write to the controller has taken nothing either.
-    if (error && !(modes() == Modes{.allTold = true, .anyManual = false} && isLocked()))
-        return error;
+    // What the controller says now counts: a write that fails may have had nothing to change, as
+    // where nobody may write, and one that succeeds may have changed nothing.
+    const bool readsBack = lastCount && writing == AgentStatus::Writing::done;
+    if (const Error left = readsBack ? notHandedBack() : error)
+        return error ? error : left;
     holding = false;
     lockKnown = true;
     return std::nullopt;
@@ -115,52 +117,21 @@ void FanDriver::giveBack(std::int64_t index) {
 }
 
 void FanDriver::giveBackEach() {
-    for (std::int64_t fan = 0; fan < lastCount.value_or(mostFans); ++fan) {
+    for (std::int64_t fan = 0; fan < lastCount.value_or(believable::mostFans); ++fan) {
         // The fans of a controller that never counted them end where it knows no more modes.
         if (!lastCount && !smc.exists(smc.modeKey(fan)))
             break;
         giveBack(fan);
     }
-    // One fan that refuses for good does not leave the others unlocked.
-    if (!modes().anyManual && smc.exists(lockKey))
-        errorOf([this] { smc.write(lockKey, 0.0); });
-}
-
-FanDriver::Modes FanDriver::modes() {
-    const bool counted = !errorOf([this] { fanCount(); });
-    Modes modes{.allTold = lastCount.has_value(), .anyManual = false};
+    // A fan that says it is manual needs the lock open to be handed back. One that says nothing
+    // does not leave the others unlocked.
     for (std::int64_t fan = 0; fan < lastCount.value_or(0); ++fan) {
-        const std::string key = smc.modeKey(fan);
-        if (!smc.exists(key)) {
-            // A controller that does not even count may have modes of which it says nothing.
-            modes.allTold = modes.allTold && counted;
-            continue;
-        }
-        double mode = 0;
-        if (errorOf([&] { mode = smc.read(key); }))
-            modes.allTold = false;
-        modes.anyManual = modes.anyManual || mode != 0.0;
+        double told = 0;
+        errorOf([&] { told = mode(fan); });
+        if (told != 0.0)
+            return;
     }
-    return modes;
-}
-
-bool FanDriver::isLocked() {
-    double unlocked = 1;
-    // A controller without a lock has none to turn.
-    return !smc.exists(lockKey) ||
-           (!errorOf([&] { unlocked = smc.read(lockKey); }) && unlocked == 0.0);
-}
-
-std::int64_t FanDriver::fanCount() {
-    // What is no whole number would stop the process if it were taken for one.
-    const double told = smc.read("FNum");
-    if (!(told > -1 && told < 1e15))
-        throw SMCError("FNum: no number of fans");
-    const auto count = static_cast<std::int64_t>(told);
-    if (count > mostFans)
-        throw SMCError("FNum: " + std::to_string(count) + " fans");
-    lastCount = count;
-    return count;
+    errorOf([this] { smc.write(lockKey, 0.0); });
 }
 
 bool FanDriver::anyTaken() {
@@ -172,14 +143,41 @@ bool FanDriver::anyTaken() {
         if (unlocked != 0.0)
             return true;
     }
-    for (std::int64_t fan = 0; fan < count; ++fan) {
-        double mode = 0;
-        // A fan without a mode is never manual.
-        errorOf([&] { mode = smc.read(smc.modeKey(fan)); });
-        if (mode != 0.0)
+    for (std::int64_t fan = 0; fan < count; ++fan)
+        if (!isAutomatic(fan))
             return true;
-    }
     return false;
+}
+
+FanDriver::Error FanDriver::notHandedBack() {
+    return errorOf([this] {
+        for (std::int64_t fan = 0; fan < lastCount.value_or(0); ++fan)
+            if (mode(fan) != 0.0)
+                throw SMCError("fan " + std::to_string(fan) + " is still manual");
+        if (smc.has(lockKey) && smc.read(lockKey) != 0.0)
+            throw SMCError("the fans are still unlocked");
+    });
+}
+
+double FanDriver::mode(std::int64_t index) {
+    const auto key = smc.knownModeKey(index);
+    return key ? smc.read(*key) : 0.0;
+}
+
+bool FanDriver::isAutomatic(std::int64_t index) {
+    bool automatic = false;
+    errorOf([&] { automatic = mode(index) == 0.0; });
+    return automatic;
+}
+
+std::int64_t FanDriver::fanCount() {
+    const std::int64_t count = believable::fanCount(smc);
+    // A fan that is held is not gone because it is not counted.
+    if (holding && lastCount && count < *lastCount)
+        throw SMCError("FNum: " + std::to_string(count) + " of " + std::to_string(*lastCount) +
+                       " fans");
+    lastCount = count;
+    return count;
 }
 
 } // namespace tervale

@@ -46,6 +46,21 @@ TEST_F(AgentTest, TellsThatTheFansCouldNotBeHandedBackBeforeSleepUntilTheyAre) {
     EXPECT_TRUE(simulation->agent()->sleep()) << "it holds no fan";
 }
 
+TEST_F(AgentTest, TellsThatAFanThatItFoundManualCouldNotBeHandedBackBeforeSleep) {
+    SimulatedMac mac({.scenario = Scenario::idle, .fillers = 0});
+    SMC smc(mac);
+    SimulatedClock clock;
+    ProfileStore(preferences).setSelection(action::Fixed{0.5});
+    // As an agent leaves it that is killed together with its guard.
+    FanDriver(smc).apply(target::Speed{0.5});
+    Agent agent({smc, center, preferences, clock, {}});
+    mac.inject("F0md", fault::RefusedValue{133});
+    EXPECT_FALSE(agent.sleep());
+    mac.heal("F0md");
+    EXPECT_TRUE(agent.sleep());
+    EXPECT_FALSE(smc.fan(0).manual || smc.fan(1).manual);
+}
+
 TEST_F(AgentTest, GivesWayToAnotherAgentWithoutAWord) {
     send(command::Select{action::Fixed{1}});
     const std::size_t before = heard.size();

@@ -1,4 +1,5 @@
 #include "Agent/FanDriver.h"
+#include "SMC/ReadOnlyRegistry.h"
 #include "SMC/ScriptedRegistry.h"
 #include "Simulation/SimulatedMac.h"
 
@@ -179,6 +180,83 @@ TEST_F(FanDriving, LooksAgainWhetherTheFansAreUnlockedWhenItCouldNotAtFirst) {
     EXPECT_EQ(smc.read("Ftst"), 0);
 }
 
+TEST_F(FanDriving, HoldsAFanThatItFindsManualAtItsTarget) {
+    FanDriver(smc).apply(target::Speed{0.5});
+    const std::size_t before = mac.calls().writes;
+    EXPECT_EQ(driver.apply(target::Speed{0.5}), std::nullopt);
+    EXPECT_EQ(mac.calls().writes, before) << "nothing needed to be written";
+    EXPECT_TRUE(driver.holds());
+    mac.inject("F0md", fault::RefusedValue{133});
+    EXPECT_NE(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_TRUE(driver.holds());
+    mac.heal("F0md");
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_FALSE(driver.holds());
+}
+
+TEST_F(FanDriving, HoldsAFanThatItFindsManualWhenItShouldBeAutomatic) {
+    FanDriver(smc).apply(target::Speed{0});
+    mac.inject("F1md", fault::Stuck{});
+    EXPECT_EQ(driver.apply(target::Automatic{}), "fan 1 is still manual");
+    EXPECT_TRUE(driver.holds());
+}
+
+TEST_F(FanDriving, HandsAFanBackThatItFindsManualAndCannotDrive) {
+    FanDriver(smc).apply(target::Speed{0});
+    for (const char* const limit : {"F0Mn", "F1Ac"})
+        mac.inject(limit, fault::KernelError{static_cast<IORegistry::Status>(0xe00002d8)});
+    EXPECT_EQ(driver.apply(target::Speed{0}), "F0Mn: IOKit error 0xe00002d8");
+    EXPECT_EQ(smc.read("F0md"), 0);
+    EXPECT_EQ(smc.read("F1md"), 0);
+    EXPECT_TRUE(driver.holds()) << "they are unlocked";
+}
+
+TEST_F(FanDriving, WritesNothingToAnAutomaticFanThatItCannotDrive) {
+    mac.inject("F0Mn", fault::RefusedValue{133});
+    mac.inject("F1Mn", fault::RefusedValue{133});
+    EXPECT_EQ(driver.apply(target::Speed{0}), "F0Mn: SMC error 133");
+    EXPECT_EQ(mac.calls().writes, 0U);
+}
+
+TEST_F(FanDriving, TakesNoWriteThatSucceedsForAHandBack) {
+    driver.apply(target::Speed{1});
+    for (const auto& [key, told] :
+         {std::pair("F0md", "fan 0 is still manual"), std::pair("F1md", "fan 1 is still manual"),
+          std::pair("Ftst", "the fans are still unlocked")}) {
+        smc.setSpeed(0, 3000);
+        smc.setSpeed(1, 3000);
+        mac.inject(key, fault::Stuck{});
+        EXPECT_EQ(driver.handBack(), told);
+        EXPECT_EQ(driver.apply(target::Automatic{}), told) << "it is tried again";
+        EXPECT_TRUE(driver.holds());
+        mac.heal(key);
+        EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+        EXPECT_FALSE(driver.holds());
+    }
+}
+
+TEST_F(FanDriving, TakesAFanWhoseModeCannotBeToldForManual) {
+    mac.inject("F1md", fault::KernelError{static_cast<IORegistry::Status>(0xe00002d8)});
+    EXPECT_NE(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_TRUE(driver.holds());
+    mac.heal("F1md");
+    EXPECT_EQ(driver.apply(target::Automatic{}), std::nullopt);
+    EXPECT_FALSE(driver.holds());
+}
+
+TEST_F(FanDriving, IsContentInADryRunWithWhatItPretends) {
+    FanDriver(smc).apply(target::Speed{1});
+    ReadOnlyRegistry readOnly(mac);
+    SMC looking(readOnly);
+    FanDriver pretending(looking, AgentStatus::Writing::pretended);
+    EXPECT_EQ(pretending.apply(target::Automatic{}), std::nullopt);
+    EXPECT_EQ(pretending.handBack(), std::nullopt);
+    EXPECT_FALSE(pretending.holds());
+    EXPECT_TRUE(smc.fan(0).manual);
+    mac.failEveryCall(static_cast<IORegistry::Status>(0xe00002d8));
+    EXPECT_NE(pretending.handBack(), std::nullopt);
+}
+
 TEST_F(FanDriving, NeedsTheFansUnlocked) {
     mac.inject("Ftst", fault::Refused{132});
     EXPECT_EQ(driver.apply(target::Speed{1}), "F0md: SMC error 134");
@@ -223,6 +301,66 @@ TEST_F(OddController, IsLockedBesideAFanThatRefusesForGood) {
     registry.setByte("F0md", 0);
     EXPECT_EQ(driver.handBack(), std::nullopt) << "no fan that has a mode is manual";
     EXPECT_EQ(smc.read("Ftst"), 0);
+}
+
+TEST_F(OddController, HasNotHandedBackWhatItCouldNotBeAskedFor) {
+    constexpr auto deviceError = static_cast<IORegistry::Status>(0xe00002ca);
+    registry.setByte("F0md", 1);
+    registry.setByte("Ftst", 1);
+    for (const char* const key : {"F0md", "F0Md", "Ftst"}) {
+        registry.fail(key, test::ScriptedRegistry::keyInformation, {deviceError, 0});
+        // What was described once is not asked for again, so each is a connection of its own.
+        SMC fresh(registry);
+        FanDriver other(fresh);
+        const bool matters = key != std::string("F0Md");
+        EXPECT_EQ(other.handBack().has_value(), matters) << key;
+        EXPECT_EQ(other.holds(), matters) << key;
+        registry.succeed(key, test::ScriptedRegistry::keyInformation);
+        EXPECT_EQ(other.handBack(), std::nullopt) << key;
+        EXPECT_EQ(fresh.read("F0md"), 0) << key;
+        EXPECT_EQ(fresh.read("Ftst"), 0) << key;
+        registry.setByte("F0md", 1);
+        registry.setByte("Ftst", 1);
+    }
+}
+
+TEST_F(OddController, IsNotPreparedForUntilItDescribesWhatItHas) {
+    registry.setByte("F0md", 1);
+    for (const char* const key : {"F0md", "Ftst"}) {
+        registry.fail(key, test::ScriptedRegistry::keyInformation, {0, 133});
+        SMC fresh(registry);
+        EXPECT_THROW(FanDriver(fresh).prepare(), SMCError) << key;
+        registry.succeed(key, test::ScriptedRegistry::keyInformation);
+        FanDriver(fresh).prepare();
+    }
+    driver.prepare();
+    registry.takeRequests();
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+    EXPECT_EQ(registry.takeRequests(),
+              (std::vector<std::string>{"read FNum", "read FNum", "write F0md 00", "write Ftst 00",
+                                        "read F0md", "read Ftst"}));
+}
+
+TEST_F(OddController, MayHaveNeitherModesNorALock) {
+    registry.remove("Ftst");
+    driver.prepare();
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+}
+
+TEST_F(OddController, LosesNoFanByNotCountingIt) {
+    registry.setByte("FNum", 2);
+    registry.setByte("F0md", 1);
+    registry.setByte("F1md", 1);
+    driver.prepare();
+    registry.setByte("FNum", 1);
+    EXPECT_EQ(driver.handBack(), std::nullopt);
+    EXPECT_EQ(smc.read("F0md"), 0);
+    EXPECT_EQ(smc.read("F1md"), 0);
+    EXPECT_EQ(driver.apply(target::Speed{0.5}), std::nullopt) << "then there is one fan";
+    registry.setByte("FNum", 0);
+    EXPECT_EQ(driver.apply(target::Speed{0.5}), "FNum: 0 of 1 fans");
+    EXPECT_EQ(smc.read("F0md"), 0);
+    EXPECT_FALSE(driver.holds());
 }
 
 TEST_F(OddController, HasNoSpeedBetweenLimitsThatAreReversedOrNone) {
