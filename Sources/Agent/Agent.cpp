@@ -1,6 +1,5 @@
 #include "Agent/Agent.h"
 
-#include "Agent/SafetySensors.h"
 #include "Base/Overloaded.h"
 
 #include <algorithm>
@@ -53,6 +52,7 @@ Agent::Agent(Seams given)
     : seams(std::move(given)),
       bridge(seams.center),
       preferences(seams.preferences, seams.clock),
+      search(seams.smc),
       fans(seams.smc, seams.writing),
       permission(seams.guard),
       status(seams.writing) {
@@ -271,12 +271,9 @@ Target Agent::evaluate() {
 }
 
 void Agent::takeUpSensors() {
-    if (sampler)
-        return;
-    const auto sensors = findSensors(seams.smc);
-    // A controller that answers for none of its keys may do so at the next tick.
-    if (!sensors.empty())
-        sampler.emplace(sensors, [this](const TemperatureSensor& sensor) {
+    // A sampler's list is fixed; a new one reads all of its sensors first.
+    if (search.turn())
+        sampler.emplace(search.sensors(), [this](const TemperatureSensor& sensor) {
             return seams.smc.temperature(sensor);
         });
 }

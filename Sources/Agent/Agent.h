@@ -4,6 +4,7 @@
 #include "Agent/AgentStatus.h"
 #include "Agent/FanDriver.h"
 #include "Agent/FanPermission.h"
+#include "Agent/SensorSearch.h"
 #include "Profiles/Bridge.h"
 #include "Profiles/Clock.h"
 #include "Profiles/Controller.h"
@@ -103,7 +104,8 @@ class Agent {
     Bridge bridge;
     AgentPreferences preferences;
     Controller controller;
-    /// Nothing until the sensors could be listed.
+    SensorSearch search;
+    /// Of the sensors found so far; nothing until there are some.
     std::optional<SensorSampler> sampler;
     FanDriver fans;
     FanPermission permission;

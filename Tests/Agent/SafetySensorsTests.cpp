@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
 namespace tervale {
 namespace {
 
@@ -48,12 +44,22 @@ TEST_F(SafetySensorsTest, AreLookedForUntilThereAreSome) {
     EXPECT_EQ(sensors.hottest(), 70);
 }
 
-TEST_F(SafetySensorsTest, AreNotLookedForAmongKeysThatCannotBeCounted) {
-    for (const float count : {std::nanf(""), 3e38F, -2.0F, 1e9F}) {
-        registry.setFloat("#KEY", count);
-        SMC fresh(registry);
-        EXPECT_TRUE(findSensors(fresh).empty()) << count;
-    }
+TEST_F(SafetySensorsTest, AreLookedForAgainWhereOnlySomeCouldBeAskedFor) {
+    registry.setFloat("Tp01", 96);
+    registry.fail("Tp01", test::ScriptedRegistry::keyInformation, {-536870184, 0});
+    EXPECT_EQ(sensors.hottest(), 70);
+    registry.succeed("Tp01", test::ScriptedRegistry::keyInformation);
+    EXPECT_EQ(sensors.hottest(), 96);
+}
+
+TEST_F(SafetySensorsTest, AreReadThoughTheyCouldNotBeReadWhenTheyWereFound) {
+    registry.fail("Tp01", test::ScriptedRegistry::read, {-536870184, 0});
+    registry.setFloat("Tg05", 0);
+    EXPECT_EQ(sensors.hottest(), std::nullopt);
+    registry.succeed("Tp01", test::ScriptedRegistry::read);
+    EXPECT_EQ(sensors.hottest(), 60);
+    registry.setFloat("Tg05", 97);
+    EXPECT_EQ(sensors.hottest(), 97);
 }
 
 } // namespace
