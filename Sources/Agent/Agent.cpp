@@ -261,8 +261,10 @@ Target Agent::evaluate() {
     inputs.minuteOfDay = seams.clock.minuteOfDay();
     const Needs needs = Controller::needs(action, state.profiles, inputs.minuteOfDay);
     takeUpSensors();
+    // By the steady clock: one that is set back would keep a sampler from reading all sensors for
+    // as long as that.
     if (sampler)
-        inputs.temperatures = sampler->sample(needs.temperatures, seams.clock.now());
+        inputs.temperatures = sampler->sample(needs.temperatures, Date{seams.clock.steady()});
     if (holdsSafetyReading(inputs.temperatures))
         permission.noteReading();
     if (needs.load && seams.load)

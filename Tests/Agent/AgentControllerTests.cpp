@@ -160,6 +160,29 @@ TEST_F(AgentTest, FindsTheSensorsLaterWhenItCouldNotAtFirst) {
     EXPECT_TRUE(smc.fan(0).manual);
 }
 
+TEST(AgentOnAnOddController, ReadsAllSensorsEachMinuteThoughTheClockIsSetBack) {
+    test::ScriptedRegistry registry;
+    registry.setByte("FNum", 0);
+    // More than are read between two scans, and one that is cooler than those.
+    for (const char* const key : {"Tp01", "Tp05", "Tp09", "Tp0D", "Tp0H"})
+        registry.setFloat(key, 60);
+    registry.setFloat("Tp0L", 50);
+    registry.setKeyCount();
+    SMC smc(registry);
+    InProcessNotificationCenter center;
+    InMemoryPreferences preferences;
+    SimulatedClock clock(Date{1e6});
+    Agent agent({smc, center, preferences, clock, {}});
+    clock.set(Date{0});
+    registry.setFloat("Tp0L", 97);
+    for (int second = 0; second < 61; ++second) {
+        clock.advance(1);
+        agent.tick();
+    }
+    EXPECT_EQ(agent.currentState().status,
+              "Too hot: Max until every CPU and GPU sensor is below 85 °C.");
+}
+
 class AgentInAHeatwave : public AgentTest {
   protected:
     AgentInAHeatwave() : AgentTest(Scenario::heatwave) {}
