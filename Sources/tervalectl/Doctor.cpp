@@ -3,6 +3,7 @@
 #include "JSON/JSON.h"
 #include "Profiles/ProfileStore.h"
 #include "Profiles/UUID.h"
+#include "SMC/Believable.h"
 #include "SMC/SMC.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Formatting.h"
@@ -49,17 +50,24 @@ Finding look(std::string check, const std::function<Finding()>& inspect) {
 }
 
 Finding inspectFans(SMC& smc) {
-    const std::vector<Fan> fans = smc.fans();
-    if (fans.empty())
+    const std::int64_t count = believable::fanCount(smc);
+    if (count == 0)
         return {{}, true, "none: this machine has nothing to drive"};
     std::string ranges;
-    for (const Fan& fan : fans)
+    std::string faults;
+    for (std::int64_t index = 0; index < count; ++index) {
+        const Fan fan = smc.fan(index);
         ranges += (ranges.empty() ? ": " : ", ") + rangeText(fan);
-    return {{}, true, std::to_string(fans.size()) + ranges};
+        if (!believable::hasLimits(fan))
+            faults += "; fan " + std::to_string(index) + " has no limits";
+    }
+    return {{}, faults.empty(), std::to_string(count) + ranges + faults};
 }
 
 /// Without a processor's temperature nothing would notice that the machine is too hot.
 Finding inspectSensors(SMC& smc) {
+    // What is no count of keys would end this program.
+    believable::keyCount(smc);
     std::array<std::size_t, SensorGroup::allCases.size()> counts{};
     for (const TemperatureSensor& sensor : smc.temperatureSensors())
         ++counts.at(sensor.group);
@@ -71,7 +79,7 @@ Finding inspectSensors(SMC& smc) {
 }
 
 Finding inspectKeys(SMC& smc) {
-    const std::int64_t count = smc.keyCount();
+    const std::int64_t count = believable::keyCount(smc);
     return {{}, count > 0, std::to_string(count)};
 }
 

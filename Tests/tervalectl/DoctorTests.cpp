@@ -1,10 +1,12 @@
 #include "Agent/Agent.h"
 #include "Profiles/ProfileStore.h"
 #include "SMC/SMC.h"
+#include "SMC/ScriptedRegistry.h"
 #include "tervalectl/CommandRunner.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <optional>
 #include <span>
 #include <string>
@@ -139,6 +141,45 @@ TEST_F(Doctor, GoesOnWithoutAController) {
     for (const std::string check : {"Keys", "Fans", "Sensors"})
         EXPECT_EQ(line(check), check + " wrong not known without a controller");
     EXPECT_TRUE(line("Agent").starts_with("Agent good")) << output;
+}
+
+TEST_F(Doctor, OutlivesAControllerThatCountsByWhatIsNoNumber) {
+    test::ScriptedRegistry rubbish;
+    registry = &rubbish;
+    for (const float count : {std::nanf(""), -3.0F, 3e38F}) {
+        rubbish.setFloat("#KEY", count);
+        rubbish.setFloat("FNum", count);
+        EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
+        EXPECT_EQ(line("Keys"), "Keys wrong #KEY: no number of keys") << count;
+        EXPECT_EQ(line("Fans"), "Fans wrong FNum: no number of fans") << count;
+        EXPECT_EQ(line("Sensors"), "Sensors wrong #KEY: no number of keys") << count;
+        EXPECT_TRUE(line("Agent").starts_with("Agent good")) << "the rest is looked at";
+    }
+}
+
+TEST_F(Doctor, DoesNotWaitForBillionsOfKeysAndFans) {
+    test::ScriptedRegistry rubbish;
+    registry = &rubbish;
+    rubbish.set("#KEY", {"ui32", test::bytesOf({255, 255, 255, 255}), {}});
+    rubbish.setFloat("FNum", 1e9F);
+    EXPECT_EQ(run({"doctor", "--json"}), ExitStatus::refused);
+    EXPECT_NE(output.find(R"("#KEY: 4294967295 keys")"), std::string::npos) << output;
+    EXPECT_NE(output.find(R"("FNum: 1000000000 fans")"), std::string::npos) << output;
+}
+
+TEST_F(Doctor, TellsOfLimitsThatKeepAFanFromBeingDriven) {
+    test::ScriptedRegistry rubbish;
+    registry = &rubbish;
+    rubbish.setByte("FNum", 2);
+    for (const std::string fan : {"F0", "F1"}) {
+        rubbish.setFloat(fan + "Ac", std::nanf(""));
+        rubbish.setFloat(fan + "Tg", -3e38F);
+        rubbish.setFloat(fan + "Mn", 1200);
+        rubbish.setFloat(fan + "Mx", 6000);
+    }
+    rubbish.setFloat("F1Mx", std::nanf(""));
+    EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
+    EXPECT_EQ(line("Fans"), "Fans wrong 2: 1200–6000 rpm, 1200–– rpm; fan 1 has no limits");
 }
 
 TEST_F(Doctor, MissesTheSensorsThatSafetyRestsOn) {
