@@ -20,7 +20,7 @@ machine() {
     mkdir -p "$work/bin" "$work/house"
     cp "$dev" "$work/house/dev"
     local name
-    for name in bash dirname cat grep sed mkdir chmod rm; do
+    for name in bash dirname cat env grep sed mkdir chmod rm touch; do
         ln -s "$(command -v $name)" "$work/bin/$name"
     done
     tool uname 'echo Linux'
@@ -61,6 +61,7 @@ expect() {
 }
 says() { [[ $said == *"$1"* ]]; }
 is_one_line() { [ "$(printf '%s\n' "$said" | wc -l)" -eq 1 ]; }
+one_line_after() { [[ ${said#*"$1"} != *$'\n'* ]]; }
 ends_with() { [ "${said##*$'\n'}" = "$1" ]; }
 
 machine
@@ -93,7 +94,24 @@ tool apt-get '[ "$1" = update ] && { echo "W: Failed to fetch"; exit 0; }; echo 
 try -- run
 expect "without a network it fails" [ "$status" -eq 1 ]
 expect "a sentence asks for the network" says "These packages could not be installed; is there a network? cmake"
+expect "the sentence comes last, after what the tool says" says $'E: Unable to fetch\nThese packages could not'
+expect "nothing comes after it" one_line_after "These packages could not be installed"
 expect "of the packages only the window's are wanted" [ "${said/clang-tidy/}" = "$said" ]
+
+machine
+tool dpkg-query 'exit 1'
+tool id 'echo 1000'
+# shellcheck disable=SC2016 # The same.
+tool apt-get 'touch "$0.ran"'
+try -- run
+expect "who is neither root nor has sudo can install nothing" [ "$status" -eq 1 ]
+expect "a sentence names what is missing" says "These packages are missing, and to install them you have to be root or to have sudo: cmake"
+expect "nothing comes after it either" one_line_after "These packages are missing"
+expect "it does not ask for the network" [ "${said/network/}" = "$said" ]
+expect "nothing is tried" [ ! -e "$work/bin/apt-get.ran" ]
+tool sudo 'echo "sudo $*"'
+try -- run
+expect "with sudo it installs" says "sudo env DEBIAN_FRONTEND=noninteractive apt-get install"
 
 machine
 rm "$work/bin/apt-get"
