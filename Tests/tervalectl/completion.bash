@@ -25,6 +25,18 @@ offers 'profiles import --m' '--merge'
 offers 'state --f' '--follow'
 offers 'profiles validate --' '--json --help'
 
+# The names come from the file that is tried, where it is known.
+folder=$(mktemp -d)
+trap 'rm -r "$folder"' EXIT
+echo '[ { "id": "D-4", "name": "New one" }, { "id": "E-5", "name": "b\"c" } ]' >"$folder/new.json"
+offers 'replay --selection ' 'automatic max profile\ Quiet profile\ Late\ at\ night'
+offers 'replay --selection m' 'max'
+offers 'replay --selection p' 'profile\ Quiet profile\ Late\ at\ night'
+offers "replay --selection 'prof" 'profile Quiet profile Late at night'
+offers "replay --profiles $folder/new.json --selection " 'automatic max profile\ New\ one'
+offers "replay --profiles '$folder/new.json' --selection p" 'profile\ New\ one'
+offers "replay --profiles $folder/none.json --selection " 'automatic max'
+
 # Every command, with all the options that it takes.
 names=$("$program" --help | sed -n 's/^  \([a-z-]*\( [a-z]*\)\{0,1\}\) .*/\1/p' | sed 's/ *$//')
 [[ $names == *'launch-at-login'* && $names == *'profiles import'* ]] || failures=$((failures + 1))

@@ -17,6 +17,14 @@ expect 'tervalectl launch-at-login o' 'off|on'
 expect 'tervalectl sensors --group g' gpu
 expect 'tervalectl monitor --i' --interval
 expect 'tervalectl state --f' --follow
+# The names come from the file that is tried, where it is known.
+set folder (mktemp -d)
+echo '[ { "id": "D-4", "name": "New one" }, { "id": "E-5", "name": "b\\"c" } ]' >$folder/new.json
+expect 'tervalectl replay --selection ' 'automatic|max|profile Late at night|profile Quiet'
+expect 'tervalectl replay --selection m' max
+expect "tervalectl replay --profiles $folder/new.json --selection " 'automatic|max|profile New one'
+expect "tervalectl replay --profiles $folder/none.json --selection " 'automatic|max'
+rm -r $folder
 expect 'tervalectl profiles import --m' --merge
 expect 'tervalectl profiles validate --' '--help|--json'
 expect 'tervalectl fans --' '--help|--json|--simulate|--socket'

@@ -7,6 +7,21 @@ function __tervalectl_names
         string replace -r '.*"name":"(.*)"' '$1'
 end
 
+# The selections of a dry run, with the names of the profiles in the file that it tries, or else of the
+# agent's.
+function __tervalectl_selections
+    printf '%s\n' automatic max
+    set -l tokens (commandline -opc)
+    set -l at (contains -i -- --profiles $tokens)
+    if test -n "$at"; and test (count $tokens) -gt $at
+        # As it is typed: a tilde stands for the home folder.
+        set -l file (string replace -r '^~/' "$HOME/" -- $tokens[(math $at + 1)])
+        test -r "$file"; and string match -ra '"name" *: *"[^"\\\\]*"' <$file | string replace -r '.*: *"(.*)"' 'profile $1'
+    else
+        __tervalectl_names | string replace -r '^' 'profile '
+    end
+end
+
 # The words before the cursor that are neither options nor their values.
 function __tervalectl_words
     set -l tokens (commandline -opc)
@@ -84,7 +99,7 @@ complete -c tervalectl -n '__tervalectl_in monitor replay' -l chart -r -F -d 'dr
 complete -c tervalectl -n '__tervalectl_in state' -l follow -d 'show the state again whenever it changes'
 complete -c tervalectl -n '__tervalectl_in "profiles import"' -l merge -d "keep the agent's other profiles"
 complete -c tervalectl -n '__tervalectl_in replay' -l profiles -r -F -d 'the profiles to try'
-complete -c tervalectl -n '__tervalectl_in replay' -l selection -x -a 'automatic max' -d 'the selection'
+complete -c tervalectl -n '__tervalectl_in replay' -l selection -x -a '(__tervalectl_selections)' -d 'the selection'
 set -l agent 'doctor agent state select timer cancel-timer launch-at-login check-for-updates "profiles list" "profiles export" "profiles import" "profiles show" "profiles remove"'
 complete -c tervalectl -n "__tervalectl_in fans sensors monitor replay 'profiles validate' $agent" -l json -d 'write JSON'
 complete -c tervalectl -n "__tervalectl_in $agent" -l timeout -x -d 'how long to wait for the agent'
