@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <deque>
 #include <poll.h>
 #include <sys/socket.h>
 #include <system_error>
@@ -40,14 +41,30 @@ bool waitForInput(int socket, Instant deadline) {
     }
 }
 
+/// Nothing for a name that is too long.
+std::optional<Request> findRequest(const std::string& className) {
+    Request request{.operation = Operation::find};
+    if (className.size() > request.structure.size())
+        return std::nullopt;
+    std::memcpy(request.structure.data(), className.data(), className.size());
+    return request;
+}
+
+Request openRequest(std::uint32_t type) {
+    return {.operation = Operation::open, .number = type};
+}
+
 } // namespace
 
 /// One connection to the other process.
 class SocketRegistry::Link {
   public:
-    Link(const std::filesystem::path& path, std::chrono::milliseconds patience)
+    /// `requests` come before all others, once `prepare` is called.
+    Link(const std::filesystem::path& path, std::chrono::milliseconds patience,
+         std::deque<Request> requests = {})
         : socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)),
-          patience(patience) {
+          patience(patience),
+          preparation(std::move(requests)) {
         const auto address = controllerSocket::address(path);
         if (socket && !(address && isPrivateFolder(path.parent_path()) &&
                         ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&*address),
@@ -56,20 +73,34 @@ class SocketRegistry::Link {
     }
 
     bool isLost() const { return !socket; }
+    bool isOverdue() const { return socket && overdue; }
+    void setPatience(std::chrono::milliseconds time) { patience = time; }
 
-    Status open(std::uint32_t type) {
-        Structure unused{};
-        return request({.operation = Operation::open, .number = type}, unused);
+    /// Whether every request of the preparation has succeeded. Who refuses one is left. While an
+    /// answer is overdue, this only looks whether it has come.
+    bool prepare() {
+        while (!preparation.empty()) {
+            Structure unused{};
+            Reply late;
+            const Status status =
+                overdue ? receiveOverdue(late) : request(preparation.front(), unused);
+            const Status answer = status == 0 ? late.status : status;
+            if (answer != 0) {
+                if (answer != timedOut)
+                    hangUp();
+                return false;
+            }
+            preparation.pop_front();
+        }
+        return !isLost();
     }
 
     Status request(const Request& request, Structure& response) {
         const Instant deadline = std::chrono::steady_clock::now() + patience;
         Reply reply;
-        if (overdue) {
-            if (const Status status = receive(reply, Instant()); status != 0)
+        if (overdue)
+            if (const Status status = receiveOverdue(reply); status != 0)
                 return status;
-            overdue = false;
-        }
         if (!socket)
             return notAttached;
         if (::send(socket.number(), &request, sizeof request, MSG_NOSIGNAL) !=
@@ -85,6 +116,12 @@ class SocketRegistry::Link {
     }
 
   private:
+    /// The answer to an earlier request, if it has come.
+    Status receiveOverdue(Reply& reply) {
+        const Status status = receive(reply, Instant());
+        overdue = overdue && status != 0;
+        return status;
+    }
     Status receive(Reply& reply, Instant deadline) {
         if (!socket)
             return notAttached;
@@ -101,6 +138,8 @@ class SocketRegistry::Link {
 
     FileDescriptor socket;
     std::chrono::milliseconds patience;
+    /// What is still to be asked before anything else.
+    std::deque<Request> preparation;
     /// The answer to an earlier request is still to come.
     bool overdue = false;
 };
@@ -116,13 +155,12 @@ SocketRegistry::SocketRegistry(const std::filesystem::path& socketPath,
 SocketRegistry::~SocketRegistry() = default;
 
 std::unique_ptr<SocketRegistry::Link> SocketRegistry::find(const std::string& className) const {
-    Request request{.operation = Operation::find};
-    if (className.size() > request.structure.size())
+    const auto request = findRequest(className);
+    if (!request)
         return nullptr;
-    std::memcpy(request.structure.data(), className.data(), className.size());
     auto link = std::make_unique<Link>(path, patience);
     Structure unused{};
-    return link->request(request, unused) == 0 ? std::move(link) : nullptr;
+    return link->request(*request, unused) == 0 ? std::move(link) : nullptr;
 }
 
 std::optional<IORegistry::Service> SocketRegistry::findService(const std::string& className) {
@@ -143,7 +181,8 @@ IORegistry::Status SocketRegistry::open(Service service, std::uint32_t type,
         link = find(found->second.className);
     if (!link)
         return notAttached;
-    const Status status = link->open(type);
+    Structure unused{};
+    const Status status = link->request(openRequest(type), unused);
     if (status != 0)
         return status;
     connections.emplace(++lastHandle,
@@ -153,15 +192,14 @@ IORegistry::Status SocketRegistry::open(Service service, std::uint32_t type,
 }
 
 void SocketRegistry::restore(OpenConnection& connection) {
-    // Otherwise every call would wait for an unresponsive server again.
-    constexpr int pause = 4;
-    if (std::chrono::steady_clock::now() < connection.nextAttempt)
+    const auto now = std::chrono::steady_clock::now();
+    const auto request = findRequest(connection.className);
+    if (now < connection.nextAttempt || !request)
         return;
-    std::unique_ptr<Link> link = find(connection.className);
-    if (link && link->open(connection.type) == 0)
-        connection.link = std::move(link);
-    else
-        connection.nextAttempt = std::chrono::steady_clock::now() + pause * patience;
+    connection.link = std::make_unique<Link>(
+        path, patience, std::deque<Request>{*request, openRequest(connection.type)});
+    connection.pause = std::clamp(2 * connection.pause, shortestPause, longestPause);
+    connection.nextAttempt = now + connection.pause;
 }
 
 void SocketRegistry::release(Service service) {
@@ -173,9 +211,18 @@ IORegistry::Status SocketRegistry::callStruct(Connection connection, std::uint32
     const auto found = connections.find(connection);
     if (found == connections.end())
         return notOpen;
-    if (found->second.link->isLost())
-        restore(found->second);
-    return found->second.link->request(
+    OpenConnection& opened = found->second;
+    if (opened.link->isLost())
+        restore(opened);
+    // A process that keeps one connection waiting is not waited for on another as well.
+    const bool isBusy = std::ranges::any_of(connections, [&](const auto& each) {
+        return &each.second != &opened && each.second.link->isOverdue();
+    });
+    opened.link->setPatience(isBusy ? std::chrono::milliseconds(0) : patience);
+    if (!opened.link->prepare())
+        return notAttached;
+    opened.pause = {};
+    return opened.link->request(
         {.operation = Operation::exchange, .number = selector, .structure = request}, response);
 }
 

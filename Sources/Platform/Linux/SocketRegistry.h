@@ -15,10 +15,14 @@ namespace tervale {
 ///
 /// A call waits for the other process only so long. While an answer is overdue, further calls fail
 /// at once; when it comes after all, they go on. Where the other process is gone, calls fail until
-/// one in its place serves the socket, and then go on too. One thread at a time.
+/// one in its place serves the socket, and then go on too: they look for it at once, and then less
+/// and less often. One thread at a time.
 class SocketRegistry final : public IORegistry {
   public:
     static constexpr std::chrono::milliseconds defaultPatience{1000};
+    /// Between two looks for a process in the place of one that is gone: at first, and in the end.
+    static constexpr std::chrono::milliseconds shortestPause{100};
+    static constexpr std::chrono::milliseconds longestPause{1000};
 
     explicit SocketRegistry(const std::filesystem::path& path,
                             std::chrono::milliseconds patience = defaultPatience);
@@ -45,6 +49,8 @@ class SocketRegistry final : public IORegistry {
         std::unique_ptr<Link> link;
         /// Before that, a link that is lost is not made anew.
         std::chrono::steady_clock::time_point nextAttempt{};
+        /// The last one, while there is no link.
+        std::chrono::milliseconds pause{};
     };
 
     /// A link to a service of the class; null if there is none.

@@ -38,25 +38,36 @@ class SocketRegistryTest : public testing::Test {
                   0);
         ASSERT_EQ(::listen(listener.number(), 8), 0);
     }
-    /// Serves one client, from another thread, until it hangs up.
-    void serve(Answer answer) {
+    /// Serves so many clients, each from a thread, until they hang up.
+    void serve(const Answer& answer, int clients = 1) {
         listen();
-        server = std::thread([this, answer = std::move(answer)] {
-            RawSocket client(FileDescriptor(::accept(listener.number(), nullptr, nullptr)));
-            while (client) {
-                client.waitForInput();
-                const Packet request = client.receive();
-                if (request.empty())
-                    return;
-                answer(client, request);
-            }
-        });
+        for (int number = 0; number < clients; ++number)
+            servers.emplace_back([this, answer] { serveOne(answer); });
+    }
+    void serveOne(const Answer& answer) {
+        FileDescriptor accepted(::accept(listener.number(), nullptr, nullptr));
+        served = accepted.number();
+        RawSocket client(std::move(accepted));
+        while (client) {
+            client.waitForInput();
+            const Packet request = client.receive();
+            if (request.empty())
+                return;
+            answer(client, request);
+        }
     }
     void stopServing() {
         ::shutdown(listener.number(), SHUT_RDWR);
-        if (server.joinable())
+        for (std::thread& server : servers)
             server.join();
+        servers.clear();
         listener.close();
+    }
+    /// Ends the process on the other side, as far as its clients see.
+    void hangUp() {
+        ::shutdown(served, SHUT_RDWR);
+        stopServing();
+        std::filesystem::remove(path);
     }
     /// A connection through the seam, or a failure of the test.
     static IORegistry::Connection open(IORegistry& registry) {
@@ -75,7 +86,9 @@ class SocketRegistryTest : public testing::Test {
 
   private:
     FileDescriptor listener;
-    std::thread server;
+    std::vector<std::thread> servers;
+    /// The socket of the client.
+    std::atomic<int> served = -1;
 };
 
 const Packet success = packetOf({0, 0, 0, 0});
@@ -222,6 +235,99 @@ TEST_F(SocketRegistryTest, StopsWaitingForASilentSideAndGoesOnWhenItAnswersAfter
         ASSERT_LT(std::chrono::steady_clock::now(), deadline);
     // The late answer was the first exchange's; this one is the second's.
     EXPECT_EQ(response, filledWith(2));
+}
+
+TEST_F(SocketRegistryTest, GoesOnSoonAfterAnotherServesTheSocket) {
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    SocketRegistry registry(path);
+    const auto connection = open(registry);
+    IORegistry::Structure response{};
+    ASSERT_EQ(registry.callStruct(connection, 2, {}, response), 0);
+    hangUp();
+    const auto calls = [&](std::chrono::milliseconds time) {
+        const auto deadline = std::chrono::steady_clock::now() + time;
+        IORegistry::Status status = 0;
+        do {
+            status = registry.callStruct(connection, 2, {}, response);
+            std::this_thread::sleep_for(5ms);
+        } while (status != 0 && std::chrono::steady_clock::now() < deadline);
+        return status;
+    };
+    // Long enough for the pauses to grow.
+    EXPECT_EQ(calls(1000ms), notAttached);
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    const auto began = std::chrono::steady_clock::now();
+    EXPECT_EQ(calls(20s), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 2s);
+    // From now on the pauses are short again.
+    hangUp();
+    EXPECT_EQ(calls(50ms), notAttached);
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    const auto again = std::chrono::steady_clock::now();
+    EXPECT_EQ(calls(20s), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - again, 900ms);
+}
+
+TEST_F(SocketRegistryTest, WaitsOnceForAnotherThatDoesNotAnswerAtFirst) {
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    SocketRegistry registry(path, 200ms);
+    const auto connection = open(registry);
+    hangUp();
+    std::atomic<bool> mayAnswer = false;
+    std::atomic<int> requests = 0;
+    serve([&](RawSocket& client, const Packet&) {
+        ++requests;
+        mayAnswer.wait(false);
+        client.send(success);
+    });
+    IORegistry::Structure response{};
+    const auto began = std::chrono::steady_clock::now();
+    for (int i = 0; i < 50; ++i)
+        EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 1s);
+    EXPECT_EQ(requests, 1);
+    mayAnswer = true;
+    mayAnswer.notify_all();
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    while (registry.callStruct(connection, 2, {}, response) != 0)
+        ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+    EXPECT_EQ(requests, 3) << "one to find, one to open, one to exchange";
+}
+
+TEST_F(SocketRegistryTest, WaitsForASilentSideOnOneOfItsConnectionsOnly) {
+    std::atomic<bool> mayAnswer = false;
+    serve(
+        [&](RawSocket& client, const Packet& request) {
+            if (request[0] == 3)
+                mayAnswer.wait(false);
+            client.send(success);
+        },
+        2);
+    SocketRegistry registry(path, 500ms);
+    const auto first = open(registry);
+    const auto second = open(registry);
+    IORegistry::Structure response{};
+    EXPECT_EQ(registry.callStruct(first, 2, {}, response), timedOut);
+    const auto began = std::chrono::steady_clock::now();
+    EXPECT_EQ(registry.callStruct(second, 2, {}, response), timedOut);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 400ms);
+    mayAnswer = true;
+    mayAnswer.notify_all();
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    for (const auto connection : {first, second})
+        while (registry.callStruct(connection, 2, {}, response) != 0)
+            ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+}
+
+TEST_F(SocketRegistryTest, LeavesAnotherThatLacksTheService) {
+    serve([](RawSocket& client, const Packet&) { client.send(success); });
+    SocketRegistry registry(path, 200ms);
+    const auto connection = open(registry);
+    hangUp();
+    serve([](RawSocket& client, const Packet&) { client.send(packetOf({0xf0, 2, 0, 0xe0})); });
+    IORegistry::Structure response{};
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
 }
 
 TEST_F(SocketRegistryTest, GivesEveryServiceAConnectionOfItsOwn) {
