@@ -7,8 +7,7 @@ namespace tervale {
 PrivateBus::PrivateBus() {
     std::filesystem::create_directory(runtimeFolder());
     std::filesystem::permissions(runtimeFolder(), std::filesystem::perms::owner_all);
-    busAddress =
-        QStringLiteral("unix:path=%1").arg(QString::fromStdString(folder.path / "bus.socket"));
+    busAddress = QStringLiteral("unix:path=%1").arg(QString::fromStdString(busSocket()));
     start();
 }
 

@@ -23,6 +23,10 @@ class PrivateBus {
     /// Ends the bus, and starts another one at the same address.
     void stop() { daemon.reset(); }
     void start();
+    /// To the bus.
+    void send(int signal) const { daemon->send(signal); }
+    /// The file of its socket.
+    std::filesystem::path busSocket() const { return folder.path / "bus.socket"; }
     /// A connection of its own to the bus.
     QDBusConnection connect();
     /// Returns once the bus has done what it was told through the connection.

@@ -1,5 +1,7 @@
 #include "Platform/Linux/DBusNotificationCenter.h"
 
+#include "Platform/Linux/BusProbe.h"
+
 #include <QFileInfo>
 #include <QPointer>
 
@@ -32,11 +34,21 @@ QDBusConnection newSessionConnection() {
                                          QStringLiteral("tervale-%1").arg(++number));
 }
 
+/// Where the session's own socket lies unless it is told.
+QString sessionSocket() {
+    return qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
+}
+
+std::string sessionAddress() {
+    const QByteArray told = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    return told.isEmpty() ? "unix:path=" + sessionSocket().toStdString() : told.toStdString();
+}
+
 } // namespace
 
 bool sessionBusIsThere() {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+           QFileInfo::exists(sessionSocket());
 }
 
 DBusObserver::DBusObserver(std::string name, NotificationCenter::Handler observing, QObject* parent)
@@ -63,21 +75,24 @@ void DBusObserver::receive(const QDBusMessage& message) {
 std::unique_ptr<DBusNotificationCenter> DBusNotificationCenter::onSessionBus() {
     if (!sessionBusIsThere())
         return nullptr;
-    auto center = std::make_unique<DBusNotificationCenter>(&newSessionConnection);
+    auto center = std::make_unique<DBusNotificationCenter>(&newSessionConnection, sessionAddress());
     return center->current().isConnected() ? std::move(center) : nullptr;
 }
 
-DBusNotificationCenter::DBusNotificationCenter(const Connector& connector)
-    : DBusNotificationCenter(connector, connector()) {}
+DBusNotificationCenter::DBusNotificationCenter(const Connector& connector,
+                                               const std::string& address)
+    : DBusNotificationCenter(connector, connector(), address) {}
 
 DBusNotificationCenter::DBusNotificationCenter(const QDBusConnection& bus)
-    : DBusNotificationCenter(nullptr, bus) {}
+    : DBusNotificationCenter(nullptr, bus, std::string()) {}
 
-DBusNotificationCenter::DBusNotificationCenter(Connector making, const QDBusConnection& bus)
+DBusNotificationCenter::DBusNotificationCenter(Connector making, const QDBusConnection& bus,
+                                               const std::string& address)
     : connector(std::move(making)),
+      socketName(busSocket(address)),
       connection(bus) {
     retry.setSingleShot(true);
-    QObject::connect(&retry, &QTimer::timeout, &retry, [this] { connectAgain(); });
+    QObject::connect(&retry, &QTimer::timeout, &retry, [this] { lookForBus(); });
     watch();
 }
 
@@ -108,12 +123,30 @@ void DBusNotificationCenter::lost() {
     tell(Channel::gone);
 }
 
+void DBusNotificationCenter::lookForBus() {
+    if (!socketName) {
+        connectAgain();
+        return;
+    }
+    const auto goOn = [this](bool answers) {
+        if (answers)
+            connectAgain();
+        else
+            tryLater();
+    };
+    probe = std::make_unique<BusProbe>(*socketName, goOn);
+}
+
+void DBusNotificationCenter::tryLater() {
+    wait = std::min(2 * wait, longestWait);
+    retry.start(wait);
+}
+
 void DBusNotificationCenter::connectAgain() {
     const QDBusConnection fresh = connector();
     if (!fresh.isConnected()) {
         QDBusConnection::disconnectFromBus(fresh.name());
-        wait = std::min(2 * wait, longestWait);
-        retry.start(wait);
+        tryLater();
         return;
     }
     QDBusConnection::disconnectFromBus(current().name());

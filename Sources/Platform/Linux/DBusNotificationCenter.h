@@ -13,6 +13,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 namespace tervale {
@@ -20,6 +21,7 @@ namespace tervale {
 /// Whether the session has a bus. To look for one that is not there could start it.
 bool sessionBusIsThere();
 
+class BusProbe;
 class DBusObserver;
 
 /// The notification center of a user's session: a notification is a broadcast signal on a D-Bus
@@ -34,8 +36,8 @@ class DBusObserver;
 /// | argument  | s: its string; left out when the notification carries none |
 ///
 /// A notification whose arguments are others counts as one without a string. When the bus is gone,
-/// the center looks for another at the same address, less and less often. Observed on the main
-/// thread, whose event loop delivers; posted from any.
+/// the center looks for another at the same address, less and less often. Nobody waits for one that
+/// does not answer. Observed on the main thread, whose event loop delivers; posted from any.
 class DBusNotificationCenter final : public NotificationCenter {
   public:
     /// Makes a connection, with a name of its own, to the bus that is there now.
@@ -48,7 +50,9 @@ class DBusNotificationCenter final : public NotificationCenter {
     /// On the session bus; null if there is none.
     static std::unique_ptr<DBusNotificationCenter> onSessionBus();
 
-    explicit DBusNotificationCenter(const Connector& connector);
+    /// Connects again only once somebody answers at the address of the bus; an empty one, or one
+    /// that is no Unix socket's, is not asked before.
+    explicit DBusNotificationCenter(const Connector& connector, const std::string& address = {});
     /// On this connection, for as long as it lasts.
     explicit DBusNotificationCenter(const QDBusConnection& connection);
     ~DBusNotificationCenter() override;
@@ -63,16 +67,21 @@ class DBusNotificationCenter final : public NotificationCenter {
         std::uint64_t next = 0;
     };
 
-    DBusNotificationCenter(Connector connector, const QDBusConnection& connection);
+    DBusNotificationCenter(Connector connector, const QDBusConnection& connection,
+                           const std::string& address);
 
     QDBusConnection current() const;
     void watch();
     void lost();
+    void lookForBus();
     void connectAgain();
+    void tryLater();
     void tell(Channel channel) const;
 
     /// Empty for a center that looks for no other bus.
     Connector connector;
+    /// Of the socket that is asked first.
+    std::optional<std::string> socketName;
     mutable std::mutex mutex;
     QDBusConnection connection;
     /// Owns the observers.
@@ -80,6 +89,8 @@ class DBusNotificationCenter final : public NotificationCenter {
     std::unique_ptr<DBusObserver> lossObserver;
     std::shared_ptr<ChannelObservers> channelObservers = std::make_shared<ChannelObservers>();
     QTimer retry;
+    /// The last one that asked.
+    std::unique_ptr<BusProbe> probe;
     std::chrono::milliseconds wait = shortestWait;
 };
 

@@ -1,13 +1,16 @@
 #include "Platform/Linux/DBusNotificationCenter.h"
 #include "Profiles/Bridge.h"
 #include "Support/PrivateBus.h"
+#include "Support/SilentSocket.h"
 
+#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <thread>
 
 using namespace tervale;
@@ -237,6 +240,37 @@ TEST_F(DBusNotificationCenterTest, LooksForABusLessAndLessOften) {
     // 250, 500 and 1000 ms, each of which the toolkit may shorten by a twentieth.
     EXPECT_GE(time.elapsed(), 1660);
     EXPECT_EQ(channels, std::vector{Channel::gone});
+}
+
+TEST_F(DBusNotificationCenterTest, KeepsNobodyWaitingForABusThatDoesNotAnswer) {
+    std::vector<Channel> channels;
+    int attempts = 0;
+    DBusNotificationCenter lasting(
+        [&] {
+            ++attempts;
+            return bus.connect();
+        },
+        bus.address().toStdString());
+    const ObserverToken token =
+        lasting.observeChannel([&](Channel channel) { channels.push_back(channel); });
+    bus.stop();
+    {
+        const SilentSocket silent(bus.busSocket());
+        QElapsedTimer time;
+        time.start();
+        qint64 longest = 0;
+        for (qint64 last = 0; last < 3000;) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+            longest = std::max(longest, time.elapsed() - last);
+            last = time.elapsed();
+        }
+        EXPECT_LT(longest, 500);
+        EXPECT_EQ(attempts, 1) << "that of the beginning";
+        EXPECT_EQ(channels, std::vector{Channel::gone});
+    }
+    bus.start();
+    EXPECT_TRUE(eventually([&] { return channels.size() == 2; }));
+    EXPECT_EQ(attempts, 2);
 }
 
 TEST_F(DBusNotificationCenterTest, UnderstandsAndIsUnderstoodByOthersTools) {
