@@ -1,5 +1,8 @@
 #include "Support/FakeLoginManager.h"
 
+#include <QDBusMessage>
+#include <QVariantMap>
+
 #include <fcntl.h>
 
 namespace tervale {
@@ -17,6 +20,15 @@ QDBusUnixFileDescriptor FakeLoginManager::Inhibit(const QString& what, const QSt
     QDBusUnixFileDescriptor writingEnd(ends[1]);
     ::close(ends[1]);
     return writingEnd;
+}
+
+void FakeLoginManager::tellOfSession() {
+    QDBusMessage news = QDBusMessage::createSignal(
+        QString::fromLatin1(sessionPath), QStringLiteral("org.freedesktop.DBus.Properties"),
+        QStringLiteral("PropertiesChanged"));
+    news << QStringLiteral("org.freedesktop.login1.Session")
+         << QVariantMap{{QStringLiteral("Active"), false}} << QStringList();
+    bus.send(news);
 }
 
 QDBusObjectPath FakeLoginManager::GetSessionByPID(uint) {

@@ -43,6 +43,8 @@ class FakeLoginManager : public QObject {
         bus.unregisterObject(QStringLiteral("/org/freedesktop/login1"));
         closeReadingEnd();
     }
+    /// Tells that something of the session is another now, but not what.
+    void tellOfSession();
     /// Has it know no session any more, without a word.
     void forgetSession() { bus.unregisterObject(QString::fromLatin1(sessionPath)); }
 

@@ -17,13 +17,17 @@ namespace {
 constexpr QLatin1String name("org.freedesktop.login1");
 constexpr QLatin1String path("/org/freedesktop/login1");
 constexpr QLatin1String interface("org.freedesktop.login1.Manager");
+constexpr QLatin1String propertiesInterface("org.freedesktop.DBus.Properties");
 constexpr QLatin1String sessionInterface("org.freedesktop.login1.Session");
 
 } // namespace
 
-LoginSession::LoginSession(const QDBusConnection& systemBus, std::function<void()> handler)
+LoginSession::LoginSession(const QDBusConnection& systemBus, std::function<void()> handler,
+                           const QString& sessionFiles)
     : bus(systemBus),
-      over(std::move(handler)) {
+      over(std::move(handler)),
+      files(sessionFiles) {
+    connect(&changes, &QFileSystemWatcher::directoryChanged, this, &LoginSession::look);
     // Without its type known, nothing would be connected.
     qDBusRegisterMetaType<QDBusObjectPath>();
     bus.connect(name, path, interface, QStringLiteral("SessionRemoved"), this,
@@ -39,9 +43,19 @@ void LoginSession::findSession() {
     connect(asking, &QDBusPendingCallWatcher::finished, this, [this, asking] {
         const QDBusPendingReply<QDBusObjectPath> answer = *asking;
         if (!answer.isError())
-            session = answer.value().path();
+            follow(answer.value().path());
         asking->deleteLater();
     });
+}
+
+void LoginSession::follow(const QString& found) {
+    session = found;
+    bus.connect(name, session, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
+                SLOT(look()));
+    // A system without the folder has no such manager.
+    changes.addPath(files);
+    // What happened before was nobody's news.
+    look();
 }
 
 void LoginSession::remove(const QString&, const QDBusObjectPath& removed) {
@@ -50,10 +64,10 @@ void LoginSession::remove(const QString&, const QDBusObjectPath& removed) {
 }
 
 void LoginSession::look() {
-    if (session.isEmpty())
+    if (session.isEmpty() || !over)
         return;
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        name, session, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(name, session, propertiesInterface, QStringLiteral("Get"));
     call << sessionInterface << QStringLiteral("State");
     auto* asking = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
     connect(asking, &QDBusPendingCallWatcher::finished, this, [this, asking] {

@@ -1,10 +1,14 @@
 #include "Platform/Linux/LoginSession.h"
 #include "Support/FakeLoginManager.h"
 #include "Support/PrivateBus.h"
+#include "Support/TemporaryFolder.h"
 
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
 
 using namespace tervale;
 
@@ -29,11 +33,17 @@ class LoginSessionTest : public testing::Test {
         });
     }
 
+    /// As the manager writes one.
+    void writeSessionFile() const { std::ofstream(files.path / "1") << ++writes; }
+
     PrivateBus bus;
+    TemporaryFolder files;
+    mutable int writes = 0;
     FakeLoginManager manager{bus.connect()};
     QDBusConnection connection = bus.connect();
     int ends = 0;
-    LoginSession session{connection, [this] { ++ends; }};
+    LoginSession session{connection, [this] { ++ends; },
+                         QString::fromStdString(files.path.string())};
 };
 
 } // namespace
@@ -58,6 +68,37 @@ TEST_F(LoginSessionTest, IsOverWhenItIsClosing) {
     EXPECT_EQ(ends, 0);
     manager.session.state = "closing";
     EXPECT_TRUE(endsOnceItLooks());
+}
+
+TEST_F(LoginSessionTest, IsLookedAtWheneverTheManagerTellsOfIt) {
+    manager.tellOfSession();
+    settle();
+    EXPECT_EQ(ends, 0);
+    manager.session.state = "closing";
+    // Nobody can tell when it has learned which session is its own.
+    EXPECT_TRUE(eventually([this] {
+        manager.tellOfSession();
+        return ends == 1;
+    }));
+}
+
+TEST_F(LoginSessionTest, IsLookedAtWheneverTheManagerWritesAFileOfItsSessions) {
+    writeSessionFile();
+    settle();
+    EXPECT_EQ(ends, 0);
+    manager.session.state = "closing";
+    EXPECT_TRUE(eventually([this] {
+        std::filesystem::remove(files.path / "1");
+        writeSessionFile();
+        return ends == 1;
+    }));
+}
+
+TEST_F(LoginSessionTest, IsOverWhenItIsClosingBeforeItIsKnown) {
+    manager.session.state = "closing";
+    int late = 0;
+    const LoginSession another(connection, [&] { ++late; });
+    EXPECT_TRUE(eventually([&] { return late == 1; }));
 }
 
 TEST_F(LoginSessionTest, IsOverWhenNobodyKnowsIt) {
