@@ -2,6 +2,7 @@
 
 #include "Platform/ProgramPath.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -54,20 +55,21 @@ GuardProcess::GuardProcess(std::vector<std::string> given) : arguments(std::move
 }
 
 bool GuardProcess::keep() {
-    bury();
-    if (child != 0 && greet())
-        return true;
     const auto now = std::chrono::steady_clock::now();
-    if (failed && now - *failed < pause)
-        return false;
-    dismiss();
-    start();
-    failed = child == 0 ? std::optional(now) : std::nullopt;
-    return child != 0;
+    bury();
+    await(std::chrono::milliseconds(0));
+    if (report == Report::made && !greet())
+        letGo();
+    if (child == 0 && !(failed && now - *failed < pause)) {
+        start();
+        await(promptness);
+        bury();
+    }
+    return report == Report::made;
 }
 
 std::optional<std::int64_t> GuardProcess::process() const {
-    return child == 0 ? std::nullopt : std::optional(child);
+    return report == Report::made ? std::optional(child) : std::nullopt;
 }
 
 bool GuardProcess::greet() {
@@ -90,6 +92,8 @@ bool GuardProcess::greet() {
 void GuardProcess::start() {
     std::array<FileDescriptor, 2> ends;
     const std::string program = programPath();
+    const auto now = std::chrono::steady_clock::now();
+    failed = now;
     if (!makePair(ends))
         return;
     std::vector<char*> all;
@@ -97,42 +101,62 @@ void GuardProcess::start() {
     for (std::string& argument : arguments)
         all.push_back(argument.data());
     all.push_back(nullptr);
-    const pid_t started = ::fork();
-    if (started == 0)
+    const pid_t process = ::fork();
+    if (process == 0)
         become(program.c_str(), all.data(), ends[1].number());
-    if (started < 0)
+    if (process < 0)
         return;
-    child = started;
+    failed.reset();
+    child = process;
     socket = std::move(ends[0]);
     // While the other end is open here too, a guard that fails would not be noticed.
     ends[1].close();
     unanswered = 0;
-    if (!reports())
-        dismiss();
+    report = Report::awaited;
+    started = now;
 }
 
-bool GuardProcess::reports() const {
-    const auto deadline = std::chrono::steady_clock::now() + patience;
-    for (;;) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-            deadline - std::chrono::steady_clock::now());
-        if (left.count() <= 0)
-            return false;
-        pollfd waiting{socket.number(), POLLIN, 0};
-        const int ready = ::poll(&waiting, 1, static_cast<int>(left.count()));
-        if (ready < 0 && errno == EINTR)
-            continue;
-        char report = 0;
-        return ready > 0 && ::recv(socket.number(), &report, sizeof report, 0) == sizeof report;
+void GuardProcess::await(std::chrono::milliseconds time) {
+    if (report != Report::awaited)
+        return;
+    report = nextReport(time);
+    const auto now = std::chrono::steady_clock::now();
+    if (report == Report::missing || (report == Report::awaited && now - started >= patience)) {
+        letGo();
+        failed = now;
     }
 }
 
-void GuardProcess::dismiss() {
+GuardProcess::Report GuardProcess::nextReport(std::chrono::milliseconds time) const {
+    const auto deadline = std::chrono::steady_clock::now() + time;
+    for (;;) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
+            deadline - std::chrono::steady_clock::now());
+        pollfd waiting{socket.number(), POLLIN, 0};
+        const int ready =
+            ::poll(&waiting, 1, static_cast<int>(std::max<std::int64_t>(left.count(), 0)));
+        if (ready < 0 && errno == EINTR)
+            continue;
+        if (ready == 0)
+            return Report::awaited;
+        char answer = 0;
+        return ready > 0 && ::recv(socket.number(), &answer, sizeof answer, 0) == sizeof answer
+                   ? Report::made
+                   : Report::missing;
+    }
+}
+
+void GuardProcess::letGo() {
+    report = Report::missing;
     if (child == 0)
         return;
     ::kill(static_cast<pid_t>(child), SIGKILL);
     socket.close();
     dying.push_back(std::exchange(child, 0));
+}
+
+void GuardProcess::dismiss() {
+    letGo();
     const auto deadline = std::chrono::steady_clock::now() + burialPatience;
     for (bury(); !dying.empty() && std::chrono::steady_clock::now() < deadline; bury())
         std::this_thread::sleep_for(std::chrono::milliseconds(2));

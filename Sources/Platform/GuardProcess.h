@@ -19,6 +19,8 @@ class GuardProcess {
   public:
     /// How long a guard has to report for duty.
     static constexpr std::chrono::milliseconds patience{2000};
+    /// How much of that is waited for on the spot, by who has fans to look after meanwhile.
+    static constexpr std::chrono::milliseconds promptness{250};
     /// A guard that leaves so many signs of life unanswered counts as gone.
     static constexpr int mostUnanswered = 2;
     /// How long one that was killed is waited for. The kernel may keep it for longer.
@@ -34,7 +36,8 @@ class GuardProcess {
     GuardProcess& operator=(const GuardProcess&) = delete;
 
     /// Gives the guard a sign of life, to be called once a second from the first time on; starts
-    /// one where none stands. Whether one stands.
+    /// one where none stands. Whether one stands. Takes no longer than `promptness`: one that needs
+    /// more time stands at a later call.
     bool keep();
     /// Nothing while none stands.
     std::optional<std::int64_t> process() const;
@@ -42,18 +45,25 @@ class GuardProcess {
     void dismiss();
 
   private:
+    enum class Report : unsigned char { made, awaited, missing };
+
     /// Whether it lives, and answers.
     bool greet();
     void start();
+    /// Waits so long for the guard's report, unless it was made before.
+    void await(std::chrono::milliseconds time);
+    Report nextReport(std::chrono::milliseconds time) const;
+    /// Kills the guard.
+    void letGo();
     /// Takes note of those that are gone by now.
     void bury();
-    /// Waits for the guard's report.
-    bool reports() const;
 
     std::vector<std::string> arguments;
     FileDescriptor socket;
     /// 0 while there is none.
     std::int64_t child = 0;
+    Report report = Report::missing;
+    std::chrono::steady_clock::time_point started{};
     /// Killed, but not gone yet.
     std::vector<std::int64_t> dying;
     int unanswered = 0;

@@ -5,12 +5,16 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <random>
 #include <string>
 #include <sys/ptrace.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <vector>
 
 using namespace tervale;
@@ -42,11 +46,45 @@ class NeverStuckTest : public AgentSession {
         EXPECT_TRUE(eventually([this] { return automatic(); }));
         return waited.elapsed();
     }
+    /// The lock without which no guard goes on duty, or none where another guard was faster.
+    std::optional<FileLock> killGuardAndKeepOthersAway() {
+        killed = guard().value_or(0);
+        killProcess(killed);
+        return FileLock::take(bus.runtimeFolder() / "tervale" / "guard.lock",
+                              std::chrono::milliseconds(500));
+    }
+    /// Whether the next guard that the agent starts could be stopped before it reports.
+    bool stopsNextGuard(const ChildProcess& agent) const {
+        pid_t child = 0;
+        return eventually([&] {
+                   child = childOf(static_cast<pid_t>(agent.id()));
+                   return child != 0;
+               }) &&
+               ::kill(child, SIGSTOP) == 0;
+    }
+    /// One that was not killed; 0 if there is none.
+    pid_t childOf(pid_t parent) const {
+        std::error_code error;
+        for (const auto& entry : std::filesystem::directory_iterator("/proc", error)) {
+            // "1234 (name) S 1233": its number, name, state and parent.
+            std::string text;
+            std::getline(std::ifstream(entry.path() / "stat"), text);
+            const std::size_t name = text.rfind(") ");
+            const auto process = static_cast<pid_t>(std::strtol(text.c_str(), nullptr, 10));
+            if (name != std::string::npos && process != killed &&
+                std::strtol(text.c_str() + name + 4, nullptr, 10) == parent)
+                return process;
+        }
+        return 0;
+    }
     /// "Max" for a while, which no agent remembers.
     bool startsTimer() {
         bridge.send(command::StartTimer{maximum, 900});
         return eventually([this] { return state.timerAction == maximum && manual(); });
     }
+
+    /// The guard that was.
+    std::int64_t killed = 0;
 };
 
 class NeverStuckAtAnyMomentTest : public NeverStuckTest, public testing::WithParamInterface<int> {
@@ -146,11 +184,43 @@ TEST_P(NeverStuckAtAnyMomentTest, HandsTheFansBackWithinASecondOfAKillDuringMax)
 
 TEST_P(NeverStuckAtAnyMomentTest, LeavesTheFansAutomaticWhenTheAgentIsKilledWhileItStarts) {
     storeMaximum();
-    for (int number = 0; number < 5; ++number) {
+    // How long a start takes here and now.
+    QElapsedTimer start;
+    start.start();
+    {
+        const auto agent = startAgent();
+        ASSERT_TRUE(eventually([this] { return manual(); }));
+        kill(*agent);
+    }
+    const auto usual = static_cast<unsigned>(start.elapsed());
+    // Before and after they take the fans, some of each.
+    int taken = 0;
+    int untaken = 0;
+    for (int number = 0; number < 60 && (number < 5 || taken < 2 || untaken < 2); ++number) {
         SCOPED_TRACE(number);
         const auto agent = startAgent();
-        sendFor(timeUpTo(200));
+        sendFor(timeUpTo(2 * usual));
+        ++(manual() ? taken : untaken);
         kill(*agent);
+    }
+    EXPECT_GE(taken, 2);
+    EXPECT_GE(untaken, 2);
+}
+
+TEST_F(NeverStuckTest, HandsTheFansBackWithinASecondOfACrash) {
+    const SimulatorProgram simulator(bus);
+    for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGKILL}) {
+        SCOPED_TRACE(signal);
+        AgentProcess agent(bus);
+        ASSERT_TRUE(selectsMaximum());
+        // A crash leaves no file behind.
+        const rlimit none{0, 0};
+        ASSERT_EQ(::prlimit(static_cast<pid_t>(agent.id()), RLIMIT_CORE, &none, nullptr), 0);
+        agent.send(signal);
+        EXPECT_LT(timeUntilAutomatic(), 1000);
+        ASSERT_TRUE(agent.ends());
+        EXPECT_NE(agent.status(), 0);
+        EXPECT_TRUE(automatic());
     }
 }
 
@@ -277,6 +347,64 @@ TEST_F(NeverStuckTest, ReplacesAGuardThatIsStoppedWithinThreeTicks) {
     EXPECT_TRUE(manual());
     agent.send(SIGKILL);
     EXPECT_LT(timeUntilAutomatic(), 1000);
+}
+
+TEST_F(NeverStuckTest, HandsTheFansBackAtTheTickThatFindsNoGuardAndNoOtherComes) {
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    QElapsedTimer sinceKill;
+    sinceKill.start();
+    auto held = killGuardAndKeepOthersAway();
+    ASSERT_TRUE(held);
+    ASSERT_TRUE(stopsNextGuard(agent));
+    ASSERT_TRUE(eventually([this] { return automatic(); }));
+    EXPECT_LT(sinceKill.elapsed(), 1900) << "a tick, and no wait for a guard that is stopped";
+    EXPECT_TRUE(eventually([this] {
+        return state.status ==
+               "The fans are automatic, since no guard could be started that hands them back.";
+    }));
+    EXPECT_EQ(state.selection, maximum);
+    held.reset();
+    EXPECT_TRUE(eventually([this] { return manual() && guard(); })) << "it goes on trying";
+    EXPECT_TRUE(eventually([this] { return !state.status; }));
+    agent.send(SIGKILL);
+    EXPECT_LT(timeUntilAutomatic(), 1000);
+}
+
+TEST_F(NeverStuckTest, EndsWithinTwoSecondsWhileItsNextGuardIsStopped) {
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    const auto held = killGuardAndKeepOthersAway();
+    ASSERT_TRUE(held);
+    ASSERT_TRUE(stopsNextGuard(agent));
+    QElapsedTimer asked;
+    asked.start();
+    agent.send(SIGTERM);
+    ASSERT_TRUE(agent.ends());
+    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_EQ(agent.status(), 0);
+    EXPECT_TRUE(automatic());
+}
+
+TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughItsGuardIsStopped) {
+    const SimulatorProgram simulator(bus);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        AgentProcess agent(bus);
+        ASSERT_TRUE(selectsMaximum());
+        const auto stopped = guard();
+        ASSERT_TRUE(stopped);
+        ASSERT_EQ(::kill(static_cast<pid_t>(*stopped), SIGSTOP), 0);
+        QElapsedTimer asked;
+        asked.start();
+        agent.send(signal);
+        ASSERT_TRUE(agent.ends());
+        EXPECT_LT(asked.elapsed(), 2000);
+        EXPECT_EQ(agent.status(), 0);
+        EXPECT_TRUE(automatic());
+        EXPECT_TRUE(eventually([&] { return ::kill(static_cast<pid_t>(*stopped), 0) != 0; }));
+    }
 }
 
 TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughItsGuardCannotBeBuried) {
