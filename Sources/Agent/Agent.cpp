@@ -238,9 +238,9 @@ void Agent::control() {
     if (notice && seams.clock.now() >= notice->until)
         notice.reset();
     state.status = status.text({.unreached = unreached,
-                                .tooHot = controller.safetyEngaged(),
                                 .error = error,
                                 .refusal = permission.refusal(),
+                                .tooHot = controller.safetyEngaged() && !permission.sleeps(),
                                 .notice = notice ? std::optional(notice->text) : std::nullopt,
                                 .notStored = preferences.failure()});
 }

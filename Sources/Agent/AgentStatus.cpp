@@ -19,6 +19,10 @@ struct Claim {
 constexpr Claim tooHot{
     "Too hot: Max until every CPU and GPU sensor is below 85 °C.",
     "Too hot: the fans would run at Max until every CPU and GPU sensor is below 85 °C."};
+/// Beside what keeps that from being so.
+constexpr Claim hotInVain{
+    "It is too hot: the fans should run at Max until every CPU and GPU sensor is below 85 °C.",
+    "It is too hot: the fans would run at Max until every CPU and GPU sensor is below 85 °C."};
 constexpr Claim unguarded{
     "The fans are automatic, since no guard could be started that hands them back.",
     "The fans would be automatic, since no guard could be started that hands them back."};
@@ -48,6 +52,32 @@ std::string unreachedForPeople(const std::string& reason) {
            reason;
 }
 
+std::string worded(const Claim& claim, AgentStatus::Writing writing) {
+    return writing == AgentStatus::Writing::done ? claim.done : claim.pretended;
+}
+
+/// Why the fans do not do what they should; nothing where they do.
+std::optional<std::string> failureText(const AgentNews& news, AgentStatus::Writing writing) {
+    if (news.unreached)
+        return unreachedForPeople(*news.unreached);
+    if (news.error)
+        return forPeople(*news.error);
+    switch (news.refusal) {
+    case FanPermission::Refusal::unguarded:
+        return worded(unguarded, writing);
+    case FanPermission::Refusal::blind:
+        return worded(blind, writing);
+    case FanPermission::Refusal::none:
+        break;
+    }
+    return std::nullopt;
+}
+
+/// One sentence behind the other.
+std::string joined(const std::string& first, const std::string& second) {
+    return first + (first.ends_with('.') ? " " : ". ") + second;
+}
+
 } // namespace
 
 std::optional<std::string> AgentStatus::text(const AgentNews& news) const {
@@ -59,10 +89,10 @@ std::optional<std::string> AgentStatus::text(const AgentNews& news) const {
 }
 
 std::string AgentStatus::farewell(Ending ending) const {
-    const char* text = nullptr;
+    std::string text;
     switch (ending) {
     case Ending::handedBack:
-        text = writing == Writing::done ? handedBack.done : handedBack.pretended;
+        text = worded(handedBack, writing);
         break;
     case Ending::failed:
         text = "The agent has ended. The fans could not be handed back.";
@@ -75,24 +105,10 @@ std::string AgentStatus::farewell(Ending ending) const {
 }
 
 std::optional<std::string> AgentStatus::mainText(const AgentNews& news) const {
-    const auto worded = [this](const Claim& claim) {
-        return writing == Writing::done ? claim.done : claim.pretended;
-    };
-    if (news.unreached)
-        return unreachedForPeople(*news.unreached);
-    if (news.tooHot)
-        return worded(tooHot);
-    if (news.error)
-        return forPeople(*news.error);
-    switch (news.refusal) {
-    case FanPermission::Refusal::unguarded:
-        return worded(unguarded);
-    case FanPermission::Refusal::blind:
-        return worded(blind);
-    case FanPermission::Refusal::none:
-        break;
-    }
-    return news.notice;
+    // That the fans run at full speed is said only where nothing keeps them from it.
+    if (const auto failure = failureText(news, writing))
+        return news.tooHot ? joined(*failure, worded(hotInVain, writing)) : failure;
+    return news.tooHot ? worded(tooHot, writing) : news.notice;
 }
 
 std::optional<std::string> AgentStatus::remarked(std::optional<std::string> text) const {

@@ -8,15 +8,16 @@
 
 namespace tervale {
 
-/// What the agent has to tell people. Of several things the first counts, in this order; that
-/// something is not stored is told beside whatever else there is.
+/// What the agent has to tell people. Of several things the first counts, in this order; that it is
+/// too hot, and that something is not stored, is told beside whatever else there is.
 struct AgentNews {
     /// Why the controller has never been reached.
     std::optional<std::string> unreached{};
-    bool tooHot = false;
     /// Of the controller.
     std::optional<std::string> error{};
     FanPermission::Refusal refusal = FanPermission::Refusal::none;
+    /// The fans are to run at full speed, and do unless one of the things above is told.
+    bool tooHot = false;
     std::optional<std::string> notice{};
     /// Why something is not stored.
     std::optional<std::string> notStored{};

@@ -17,7 +17,7 @@ Target FanPermission::grant(const Target& wanted, bool safetyEngaged) {
     const bool guarded = !guard || !guardNeeded || guard();
     const bool seeing = safetyEngaged || blindTicks < mostBlindTicks;
     why = Refusal::none;
-    if (!takes || ticksToSleep > 0)
+    if (!takes || sleeps())
         return target::Automatic{};
     if (guarded && seeing)
         return wanted;

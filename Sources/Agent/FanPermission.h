@@ -32,6 +32,7 @@ class FanPermission {
     void noteReading() { blindTicks = 0; }
     void sleep() { ticksToSleep = mostTicksToSleep; }
     void wake() { ticksToSleep = 0; }
+    bool sleeps() const { return ticksToSleep > 0; }
 
     /// The target, or automatic where it may not be had. While the safety latch is engaged a
     /// missing reading refuses nothing.

@@ -21,14 +21,38 @@ TEST(AgentStatus, IsNoneWhileThereIsNothingToTell) {
 
 TEST(AgentStatus, TellsWhatMattersMost) {
     const AgentStatus status(Writing::done);
-    AgentNews news{.tooHot = true, .error = "F0md: SMC error 133", .notice = "Hello."};
+    AgentNews news{.error = "F0md: SMC error 133", .tooHot = true, .notice = "Hello."};
+    EXPECT_EQ(status.text(news),
+              "F0md: SMC error 133. It is too hot: the fans should run at Max until every CPU and "
+              "GPU sensor is below 85 °C.");
+    news.error.reset();
     EXPECT_TRUE(status.text(news)->starts_with("Too hot: Max until"));
+    news.error = "F0md: SMC error 133";
     news.tooHot = false;
     EXPECT_EQ(status.text(news), "F0md: SMC error 133");
     news.error.reset();
     EXPECT_EQ(status.text(news), "Hello.");
     news.unreached = "AppleSMC not found";
     EXPECT_EQ(status.text(news), "The controller is out of reach. AppleSMC not found");
+}
+
+TEST(AgentStatus, ClaimsFullSpeedInTheHeatOnlyWhereNothingKeepsTheFansFromIt) {
+    const std::vector<AgentNews> failures{{.unreached = "AppleSMC not found", .tooHot = true},
+                                          {.error = "F0md: IOKit error 0xe00002c1", .tooHot = true},
+                                          {.refusal = Refusal::unguarded, .tooHot = true},
+                                          {.refusal = Refusal::blind, .tooHot = true}};
+    for (const Writing writing : {Writing::done, Writing::pretended})
+        for (const AgentNews& news : failures) {
+            const std::string text = AgentStatus(writing).text(news).value_or("");
+            AgentNews cool = news;
+            cool.tooHot = false;
+            const std::string failure = text.substr(0, text.find(" It is too hot: "));
+            EXPECT_TRUE(
+                AgentStatus(writing).text(cool)->starts_with(failure.substr(0, failure.size() - 1)))
+                << text;
+            EXPECT_NE(text.find("It is too hot: the fans "), std::string::npos) << text;
+            EXPECT_FALSE(text.starts_with("Too hot: ")) << text;
+        }
 }
 
 TEST(AgentStatus, SaysInPlainWordsThatARightIsMissing) {

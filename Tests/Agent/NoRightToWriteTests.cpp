@@ -29,7 +29,10 @@ class RootsRegistry final : public DelegatingRegistry {
 
 class NoRightToWrite : public testing::Test {
   protected:
-    SimulatedMac mac{{.scenario = Scenario::idle, .fillers = 0}};
+    explicit NoRightToWrite(Scenario scenario = Scenario::idle)
+        : mac({.scenario = scenario, .fillers = 0}) {}
+
+    SimulatedMac mac;
     RootsRegistry registry{mac};
     SMC smc{registry};
     InProcessNotificationCenter center;
@@ -63,6 +66,23 @@ TEST_F(NoRightToWrite, LeavesNothingToHandBack) {
     agent.tick();
     EXPECT_EQ(agent.currentState().status, std::nullopt);
     EXPECT_EQ(agent.end(), std::nullopt);
+}
+
+class NoRightToWriteInAHeatwave : public NoRightToWrite {
+  protected:
+    NoRightToWriteInAHeatwave() : NoRightToWrite(Scenario::heatwave) {}
+};
+
+TEST_F(NoRightToWriteInAHeatwave, LeavesNoClaimOfFullSpeed) {
+    for (int second = 0; second < 900 && !agent.currentState().status; ++second) {
+        mac.advance(1);
+        clock.advance(1);
+        agent.tick();
+    }
+    EXPECT_EQ(agent.currentState().status,
+              "This agent may not write to the controller. F0md: IOKit error 0xe00002c1. It is too "
+              "hot: the fans should run at Max until every CPU and GPU sensor is below 85 °C.");
+    EXPECT_FALSE(smc.fan(0).manual);
 }
 
 } // namespace

@@ -288,6 +288,21 @@ TEST_F(DoctorOnARealAgent, FindsNothingWrongWithFansAtFullSpeedInTheHeat) {
     EXPECT_TRUE(judgement().starts_with("good Too hot: ")) << output;
 }
 
+TEST_F(DoctorOnARealAgent, FindsItWrongThatTheFansAreNotAtFullSpeedInTheHeat) {
+    mac = SimulatedMac({.scenario = Scenario::heatwave, .fillers = 0});
+    hasGuard = false;
+    start();
+    const auto isTooHot = [this] { return agent->currentState().status.has_value(); };
+    for (int second = 0; second < 900 && !isTooHot(); ++second) {
+        mac.advance(1);
+        clock.advance(1);
+        agent->tick();
+    }
+    EXPECT_TRUE(judgement().starts_with("wrong The fans are automatic, since no guard ")) << output;
+    EXPECT_NE(output.find("It is too hot: the fans should run at Max "), std::string::npos)
+        << output;
+}
+
 TEST_F(DoctorOnARealAgent, TellsOfProfilesThatCannotBeReadUntilTheyAreReplaced) {
     preferences.setString(ProfileStore::profilesKey, "no data");
     start();
