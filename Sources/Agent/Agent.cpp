@@ -68,15 +68,14 @@ Agent::Agent(Seams given)
     if (seams.reach)
         unreached = seams.reach();
     control();
+    tellStatus();
     publish();
 }
 
 void Agent::tick() {
-    confirm();
-    const auto unreadable = preferences.unreadable();
-    preferences.tryAgain(state);
-    if (preferences.unreadable() != unreadable)
-        tellUnreadable();
+    if (over)
+        return;
+    confirming = false;
     // By the steady clock as well: a wall clock that is set back must not make a timer longer.
     if (state.timerEnds &&
         (seams.clock.now() >= *state.timerEnds || seams.clock.steady() >= timerLimit))
@@ -85,17 +84,30 @@ void Agent::tick() {
         unreached = seams.reach();
     permission.tick();
     control();
-    if (state != published)
+    // A disk takes its time, and may take all of it: the fans come before.
+    store();
+    const auto unreadable = preferences.unreadable();
+    if (preferences.tryAgain(state))
+        control();
+    if (preferences.unreadable() != unreadable)
+        tellUnreadable();
+    tellStatus();
+    if (std::exchange(unanswered, false) || state != published)
         publish();
 }
 
 bool Agent::sleep() {
+    if (over)
+        return !fans.holds();
     permission.sleep();
     control();
+    tellStatus();
     return !fans.holds();
 }
 
 void Agent::wake() {
+    if (over)
+        return;
     permission.wake();
     tick();
 }
@@ -111,13 +123,15 @@ std::optional<std::string> Agent::end() {
 }
 
 std::optional<std::string> Agent::giveWay() {
+    over = true;
     // A command that arrives now would take the fans again.
     commandObserver.reset();
-    // Before what may take long.
-    preferences.store(state);
+    channelObserver.reset();
+    std::optional<std::string> error = unreached ? std::nullopt : fans.handBack();
+    // What has arrived by now is kept, however long the disk takes.
+    store();
     unanswered = false;
-    unconfirmed = false;
-    return unreached ? std::nullopt : fans.handBack();
+    return error;
 }
 
 void Agent::receive(const BridgeCommand& command) {
@@ -143,13 +157,19 @@ void Agent::receive(const BridgeCommand& command) {
 
 void Agent::confirm() {
     confirming = false;
-    if (std::exchange(unconfirmed, false)) {
-        preferences.store(state);
-        // The fans follow at once rather than at the next tick.
+    if (unconfirmed) {
+        // The fans follow at once rather than at the next tick, and before the disk.
         control();
+        store();
+        tellStatus();
     }
     if (std::exchange(unanswered, false))
         publish();
+}
+
+void Agent::store() {
+    if (std::exchange(unconfirmed, false))
+        preferences.store(state);
 }
 
 void Agent::perform(const BridgeCommand& command) {
@@ -234,11 +254,14 @@ void Agent::tellUnreadable() {
 }
 
 void Agent::control() {
-    const std::optional<std::string> error = unreached ? std::nullopt : drive();
+    failure = unreached ? std::nullopt : drive();
+}
+
+void Agent::tellStatus() {
     if (notice && seams.clock.now() >= notice->until)
         notice.reset();
     state.status = status.text({.unreached = unreached,
-                                .error = error,
+                                .error = failure,
                                 .refusal = permission.refusal(),
                                 .tooHot = controller.safetyEngaged() && !permission.sleeps(),
                                 .notice = notice ? std::optional(notice->text) : std::nullopt,
@@ -248,11 +271,12 @@ void Agent::control() {
 std::optional<std::string> Agent::drive() {
     const Target wanted = evaluate();
     const Target target = permission.grant(wanted, controller.safetyEngaged());
+    std::optional<std::string> error = fans.apply(target);
     if (target != traced) {
         traced = target;
         trace("Fans: " + textOf(target));
     }
-    return fans.apply(target);
+    return error;
 }
 
 Target Agent::evaluate() {

@@ -68,8 +68,8 @@ class Agent {
     /// after it.
     bool sleep();
     void wake();
-    /// Hands all fans back and says so, as the last thing before the agent goes. Tells why if that
-    /// fails.
+    /// Hands all fans back and says so, as the last thing before the agent goes: it ticks no more,
+    /// whatever is called. Tells why if that fails.
     std::optional<std::string> end();
     /// The same without a word, since another agent speaks from now on.
     std::optional<std::string> giveWay();
@@ -88,12 +88,16 @@ class Agent {
     void setLaunchAtLogin(bool enabled);
     void startTimer(const command::StartTimer& timer);
     void endTimer();
-    /// Stores, drives and confirms what has arrived.
+    /// Drives, stores and confirms what has arrived.
     void confirm();
+    /// What has arrived and is not stored yet.
+    void store();
     void notify(std::string text);
     void tellUnreadable();
-    /// Evaluates what is in force, drives the fans and renews the status.
+    /// Evaluates what is in force, and drives the fans.
     void control();
+    /// Renews the status.
+    void tellStatus();
     std::optional<std::string> drive();
     Target evaluate();
     void takeUpSensors();
@@ -115,12 +119,16 @@ class Agent {
     std::optional<Notice> notice;
     /// Why the controller has not been reached yet.
     std::optional<std::string> unreached;
+    /// Of the controller, the last time that the fans were driven.
+    std::optional<std::string> failure;
     std::optional<Target> traced;
     /// Commands have arrived that are not confirmed; of them, some that change something.
     bool unanswered = false;
     bool unconfirmed = false;
     /// `confirm` will be called.
     bool confirming = false;
+    /// The fans are handed back for good.
+    bool over = false;
     /// By the steady clock, while there is a timer.
     double timerLimit = 0;
     ObserverToken commandObserver;

@@ -80,29 +80,31 @@ void AgentPreferences::takeUpProfiles(BridgeState& state) {
     state.profiles = profilesUnreadable ? std::vector<Profile>() : *profiles;
 }
 
-void AgentPreferences::tryAgain(BridgeState& state) {
+bool AgentPreferences::tryAgain(BridgeState& state) {
     // Whatever has been stored there in the meantime is not the starters' to replace.
-    if (offersStarters && preferences.isWaiting(ProfileStore::profilesKey) &&
-        preferences.contains(ProfileStore::profilesKey)) {
+    const bool replaced = offersStarters && preferences.isWaiting(ProfileStore::profilesKey) &&
+                          preferences.contains(ProfileStore::profilesKey);
+    if (replaced) {
         preferences.forget(ProfileStore::profilesKey);
         takeUpProfiles(state);
         nextReading = clock.now() + CheckedPreferences::interval;
     }
     preferences.retry();
-    readAgain(state);
+    return readAgain(state) || replaced;
 }
 
-void AgentPreferences::readAgain(BridgeState& state) {
+bool AgentPreferences::readAgain(BridgeState& state) {
     const Date now = clock.now();
     const bool waits = now < nextReading && nextReading - now <= CheckedPreferences::interval;
     if (waits || unreadable() == Unreadable::nothing)
-        return;
+        return false;
     nextReading = now + CheckedPreferences::interval;
     if (selectionUnreadable)
         takeUpSelection(state);
     // Starters are for who never stored anything.
     if (profilesUnreadable && preferences.contains(ProfileStore::profilesKey))
         takeUpProfiles(state);
+    return true;
 }
 
 void AgentPreferences::changeSelection() {

@@ -27,7 +27,8 @@ class AgentPreferences {
     /// never stored any.
     void takeUp(BridgeState& state);
     /// Writes and reads again what failed, if it is time to, and fills in what could be read.
-    void tryAgain(BridgeState& state);
+    /// Whether the state may be another now.
+    bool tryAgain(BridgeState& state);
 
     /// From now on the state's own counts, whatever is stored. Nothing is written yet.
     void changeSelection();
@@ -47,7 +48,7 @@ class AgentPreferences {
   private:
     void takeUpSelection(BridgeState& state);
     void takeUpProfiles(BridgeState& state);
-    void readAgain(BridgeState& state);
+    bool readAgain(BridgeState& state);
 
     const Clock& clock;
     CheckedPreferences preferences;

@@ -22,7 +22,9 @@ class CountingPreferences final : public Preferences {
     bool contains(const std::string& key) const override { return kept.contains(key); }
     std::optional<std::string> setData(const std::string& key, const Data& data) override {
         ++writes;
-        return kept.setData(key, data);
+        if (atWrite)
+            atWrite();
+        return fails ? std::optional<std::string>("full") : kept.setData(key, data);
     }
     bool keepCopy(const std::string& key, const std::string& copy) override {
         return kept.keepCopy(key, copy);
@@ -34,6 +36,9 @@ class CountingPreferences final : public Preferences {
 
     InMemoryPreferences kept;
     int writes = 0;
+    /// What a test looks at while the disk takes its time.
+    std::function<void()> atWrite;
+    bool fails = false;
 };
 
 /// An agent whose event loop goes on when a test says so.
@@ -144,6 +149,66 @@ TEST_F(AgentTurnTest, LetsATickConfirmWhatHasArrived) {
     EXPECT_EQ(ProfileStore(preferences).profiles(), saved);
     turn();
     EXPECT_EQ(heard.size(), 1U) << "and nothing is left for the turn";
+}
+
+TEST_F(AgentTurnTest, DrivesTheFansBeforeItWaitsForTheDisk) {
+    int seen = 0;
+    preferences.atWrite = [&] {
+        ++seen;
+        EXPECT_TRUE(smc.fan(0).manual);
+        EXPECT_EQ(heard.size(), static_cast<std::size_t>(seen - 1)) << "not confirmed yet";
+    };
+    send(command::Select{action::Fixed{1}});
+    turn();
+    EXPECT_EQ(seen, 1);
+    smc.setAuto();
+    send(command::Select{action::Fixed{0.5}});
+    agent.tick();
+    EXPECT_EQ(seen, 2);
+    EXPECT_EQ(heard.size(), 2U);
+}
+
+TEST_F(AgentTurnTest, DrivesTheFansBeforeItTriesToStoreAgain) {
+    preferences.fails = true;
+    send(command::Select{action::Fixed{1}});
+    turn();
+    smc.setAuto();
+    const int before = preferences.writes;
+    preferences.atWrite = [&] { EXPECT_TRUE(smc.fan(0).manual); };
+    clock.advance(CheckedPreferences::interval + 1);
+    agent.tick();
+    EXPECT_EQ(preferences.writes, before + 1);
+}
+
+TEST_F(AgentTurnTest, HandsTheFansBackBeforeItWaitsForTheDisk) {
+    send(command::Select{action::Fixed{1}});
+    turn();
+    ASSERT_TRUE(smc.fan(0).manual);
+    int seen = 0;
+    preferences.atWrite = [&] {
+        ++seen;
+        EXPECT_FALSE(smc.fan(0).manual);
+    };
+    save();
+    agent.end();
+    EXPECT_EQ(seen, 1);
+    EXPECT_EQ(ProfileStore(preferences).profiles(), saved);
+}
+
+TEST_F(AgentTurnTest, DoesNothingOnceItHasEnded) {
+    send(command::Select{action::Fixed{1}});
+    turn();
+    save();
+    agent.end();
+    const std::size_t before = heard.size();
+    agent.wake();
+    agent.tick();
+    agent.sleep();
+    agent.wake();
+    turn();
+    EXPECT_FALSE(smc.fan(0).manual);
+    EXPECT_EQ(heard.size(), before);
+    EXPECT_EQ(heard.back().status, "The agent has ended. The fans are automatic.");
 }
 
 TEST_F(AgentTurnTest, StoresWhatHasArrivedThoughItEnds) {
