@@ -57,7 +57,7 @@ FileLock AgentLock::take(const std::filesystem::path& path, std::chrono::millise
     try {
         taken = FileLock::take(path, patience);
     } catch (const FileLock::Refused& refusal) {
-        throw Refused(refusal.what());
+        throw Unavailable(refusal.what());
     }
     if (!taken) {
         const std::optional<Holder> other = holder(path);

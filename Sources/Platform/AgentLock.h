@@ -20,9 +20,13 @@ namespace tervale {
 /// | guard=1235                   | its guard's process; left out while there is none   |
 class AgentLock {
   public:
-    /// Thrown where another agent runs, or no lock can be had; one line for people.
+    /// Thrown where another agent runs; one line for people.
     struct Refused : std::runtime_error {
         using std::runtime_error::runtime_error;
+    };
+    /// Thrown where no agent could have the lock, for a reason that lies in the file.
+    struct Unavailable : Refused {
+        using Refused::Refused;
     };
     struct Holder {
         std::int64_t process = 0;
@@ -40,12 +44,12 @@ class AgentLock {
     /// The agent that runs; nothing if none does.
     static std::optional<Holder> holder(const std::filesystem::path& path = defaultPath());
 
-    /// Throws `Refused`.
+    /// Throws `Refused`, or `Unavailable`.
     explicit AgentLock(const std::filesystem::path& path = defaultPath(),
                        std::chrono::milliseconds patience = defaultPatience);
 
     /// Takes the lock anew where its file was removed or replaced. Throws `Refused` where another
-    /// agent has come to hold it, or it cannot be had.
+    /// agent has come to hold it, and `Unavailable`.
     void keep();
     /// Tells which process is the guard, if one is.
     void setGuard(std::optional<std::int64_t> process);

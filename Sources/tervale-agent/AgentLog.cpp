@@ -4,7 +4,8 @@
 #include "Platform/ServiceManager.h"
 
 #include <array>
-#include <string>
+#include <unistd.h>
+#include <utility>
 
 namespace tervale {
 
@@ -20,6 +21,24 @@ struct Grade {
 constexpr std::array grades{Grade{"error", "<3>", "error: "}, Grade{"warning", "<4>", "warning: "},
                             Grade{"info", "<6>", ""}, Grade{"debug", "<7>", ""}};
 
+constexpr std::string_view program = "tervale-agent";
+
+const Grade& gradeOf(AgentLog::Level level) {
+    return grades.at(static_cast<std::size_t>(level));
+}
+
+std::string textOf(AgentLog::Form form, AgentLog::Level level, std::string_view line) {
+    const Grade& grade = gradeOf(level);
+    const std::string begin = form == AgentLog::Form::journal
+                                  ? std::string(grade.prefix)
+                                  : std::string(program) + ": " + std::string(grade.word);
+    return begin + printable(line) + '\n';
+}
+
+std::string countOf(int leftOut) {
+    return std::to_string(leftOut) + (leftOut == 1 ? " line was" : " lines were") + " left out.";
+}
+
 } // namespace
 
 std::optional<AgentLog::Level> AgentLog::levelNamed(std::string_view name) {
@@ -30,22 +49,29 @@ std::optional<AgentLog::Level> AgentLog::levelNamed(std::string_view name) {
 }
 
 std::string_view AgentLog::nameOf(Level level) {
-    return grades[static_cast<std::size_t>(level)].name;
+    return gradeOf(level).name;
 }
 
 AgentLog AgentLog::standard(Level most) {
-    return {stderr, most, standardErrorIsJournal() ? Form::journal : Form::terminal};
+    return {STDERR_FILENO, most, standardErrorIsJournal() ? Form::journal : Form::terminal};
+}
+
+AgentLog::AgentLog(int file, Level most, Form form)
+    : most(most),
+      form(form),
+      lines(file, [form](int lost) { return textOf(form, Level::warning, countOf(lost)); }) {}
+
+AgentLog::~AgentLog() {
+    tellLeftOut();
 }
 
 void AgentLog::write(Level level, std::string_view line, double now) {
     if (level > most)
         return;
     if (now - intervalBegan >= interval || now < intervalBegan) {
-        if (leftOut > 0)
-            put(Level::warning, std::to_string(leftOut) + " lines were left out.");
+        tellLeftOut();
         intervalBegan = now;
         written = 0;
-        leftOut = 0;
     }
     if (written == mostLines) {
         ++leftOut;
@@ -55,14 +81,20 @@ void AgentLog::write(Level level, std::string_view line, double now) {
     put(level, line);
 }
 
-void AgentLog::put(Level level, std::string_view line) const {
-    const Grade& grade = grades[static_cast<std::size_t>(level)];
-    std::string text(form == Form::journal ? grade.prefix : "tervale-agent: ");
+void AgentLog::complain(std::string_view line) {
     if (form == Form::terminal)
-        text += grade.word;
-    text += printable(line) + '\n';
-    // There is no place to tell that the log cannot be written.
-    static_cast<void>(print(stream, text));
+        lines.write(complaint(program, line));
+    else
+        put(Level::error, line);
+}
+
+void AgentLog::put(Level level, std::string_view line) {
+    lines.write(textOf(form, level, line));
+}
+
+void AgentLog::tellLeftOut() {
+    if (const int untold = std::exchange(leftOut, 0); untold > 0)
+        put(Level::warning, countOf(untold));
 }
 
 } // namespace tervale

@@ -4,6 +4,7 @@
 #include "Machine/Machine.h"
 #include "Machine/SimulatedHost.h"
 #include "Platform/Platform.h"
+#include "Simulation/SimulatedProcessor.h"
 
 #include <variant>
 
@@ -32,7 +33,7 @@ IORegistry& AgentMachine::registry() {
 
 LoadReading AgentMachine::load() {
     if (!simulation)
-        return makeProcessorLoad();
+        return simulatedProcessor::loadOf(outside, makeProcessorLoad());
     return [this] { return simulation->mac().load(); };
 }
 

@@ -24,7 +24,8 @@ class AgentMachine {
     AgentMachine& operator=(const AgentMachine&) = delete;
 
     IORegistry& registry();
-    /// The processor's.
+    /// The processor's: of a simulated Mac, in another process too, its own. To be asked for once
+    /// the controller is there.
     LoadReading load();
     /// In seconds; other machines than a simulated one need not be told.
     void advance(double seconds);
@@ -32,7 +33,7 @@ class AgentMachine {
     bool outlivesProcess() const { return !simulation; }
 
   private:
-    std::unique_ptr<IORegistry> outside;
+    std::shared_ptr<IORegistry> outside;
     std::optional<Simulation> simulation;
     std::optional<ReadOnlyRegistry> readOnly;
 };

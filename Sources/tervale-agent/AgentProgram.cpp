@@ -57,7 +57,7 @@ void AgentProgram::begin() {
         .center = center,
         .preferences = *preferences,
         .clock = clock,
-        .load = machine.load(),
+        .load = [this] { return load ? load() : std::nullopt; },
         .guard = guard ? FanPermission::Guard([this] { return keepGuard(); }) : nullptr,
         .writing = writing,
         .reach = [this] { return reach(); },
@@ -81,11 +81,13 @@ void AgentProgram::tick() {
 }
 
 void AgentProgram::sleep() {
-    log(Level::info, "The machine goes to sleep.");
+    if (ended)
+        return;
     // The machine sleeps when this returns, and a controller may be back in a moment.
     constexpr auto pause = 200ms;
     const auto deadline = std::chrono::steady_clock::now() + sleepPatience;
     bool done = agent->sleep();
+    log(Level::info, "The machine goes to sleep.");
     // Who is told to end meanwhile does so at once, and tries once more in the end.
     while (!done && std::chrono::steady_clock::now() < deadline && !ending.toldWithin(pause))
         done = agent->sleep();
@@ -94,9 +96,11 @@ void AgentProgram::sleep() {
 }
 
 void AgentProgram::wake() {
-    log(Level::info, "The machine is awake.");
+    if (ended)
+        return;
     sinceTick.restart();
     agent->wake();
+    log(Level::info, "The machine is awake.");
     logState();
 }
 
@@ -109,40 +113,56 @@ void AgentProgram::note(SleepNews news) {
 }
 
 int AgentProgram::end(std::string_view reason) {
+    if (ended)
+        return *ended;
     timer.stop();
+    const std::optional<std::string> error = agent->end();
+    ended = error ? notHandedBack : exitStatus::done;
     tellServiceManager("STOPPING=1");
-    if (const std::optional<std::string> error = agent->end()) {
+    if (error) {
         // The guard goes on trying.
         log(Level::error, "The fans could not be handed back: " + *error);
-        return notHandedBack;
+        return *ended;
     }
     if (guard)
         guard->dismiss();
     log(Level::info, std::string(reason) + ' ' + agent->currentState().status.value_or(""));
-    return exitStatus::done;
+    return *ended;
 }
 
 bool AgentProgram::keepLock() {
     try {
         lock.keep();
         return true;
+    } catch (const AgentLock::Unavailable& fault) {
+        // Without a lock, another agent could start beside this one.
+        leave(fault.what(), withoutLock);
     } catch (const AgentLock::Refused& refusal) {
-        timer.stop();
-        tellServiceManager("STOPPING=1");
-        // The other agent speaks for the fans from now on, and the guard goes on where this fails.
-        if (!agent->giveWay() && guard)
-            guard->dismiss();
-        ending.finish(Terminal("tervale-agent").complain(refusal.what(), exitStatus::failure));
-        return false;
+        leave(refusal.what(), exitStatus::failure);
     }
+    return false;
+}
+
+void AgentProgram::leave(const char* reason, int status) {
+    timer.stop();
+    // Another agent speaks for the fans from now on, and the guard goes on where this fails.
+    const bool done = !agent->giveWay();
+    ended = status;
+    tellServiceManager("STOPPING=1");
+    if (done && guard)
+        guard->dismiss();
+    messages.complain(reason);
+    ending.finish(status);
 }
 
 std::optional<std::string> AgentProgram::reach() {
     std::optional<std::string> missing = controller.reach();
-    if (!missing)
+    if (!missing) {
+        load = machine.load();
         log(Level::info, "The controller is there.");
-    else if (missing != missed)
+    } else if (missing != missed) {
         log(Level::warning, *missing + ". It is looked for once a second.");
+    }
     missed = missing;
     return missing;
 }

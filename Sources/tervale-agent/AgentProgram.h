@@ -5,6 +5,7 @@
 #include "Platform/GuardProcess.h"
 #include "Platform/SleepWatch.h"
 #include "Profiles/Clock.h"
+#include "Profiles/LoadReading.h"
 #include "Profiles/NotificationCenter.h"
 #include "Profiles/Preferences.h"
 #include "SMC/LateRegistry.h"
@@ -36,6 +37,8 @@ class AgentProgram {
     static constexpr std::chrono::seconds sleepPatience{3};
     /// The exit status that leaves fans as they were: another agent is to set them right.
     static constexpr int notHandedBack = 3;
+    /// The exit status where the session's lock cannot be had, though no other agent holds it.
+    static constexpr int withoutLock = 4;
 
     struct Ending {
         /// Called with the exit status when the agent ends by itself.
@@ -44,8 +47,8 @@ class AgentProgram {
         std::function<bool(std::chrono::milliseconds)> toldWithin;
     };
 
-    /// Throws `AgentLock::Refused` where another agent runs, and `NoSuchMachine`. `center` outlives
-    /// the object.
+    /// Throws `AgentLock::Refused` and `AgentLock::Unavailable`, and `NoSuchMachine`. `center`
+    /// outlives the object.
     AgentProgram(const AgentCommandLine::Run& run, NotificationCenter& center, Ending ending);
     ~AgentProgram();
     AgentProgram(const AgentProgram&) = delete;
@@ -56,7 +59,8 @@ class AgentProgram {
     void wake();
     /// Whether the machine's sleep is told.
     void note(SleepNews news);
-    /// Hands the fans back and says so; the agent ticks no more. The exit status.
+    /// Hands the fans back and says so; the agent ticks no more, and nothing takes the fans again.
+    /// The exit status, also of an agent that has ended already.
     int end(std::string_view reason);
 
   private:
@@ -65,6 +69,8 @@ class AgentProgram {
     void tick();
     /// Whether the agent still is the session's; otherwise it has ended.
     bool keepLock();
+    /// Leaves the fans to whoever may come, and ends.
+    void leave(const char* reason, int status);
     bool keepGuard();
     std::optional<std::string> reach();
     void logState();
@@ -85,10 +91,14 @@ class AgentProgram {
     StateLog stateLog;
     /// Why the controller could not be reached.
     std::optional<std::string> missed;
+    /// Null until the controller is reached.
+    LoadReading load;
     /// Null where only the flag is kept.
     std::function<std::optional<std::string>(bool)> loginItem;
     /// From `begin` on.
     std::optional<Agent> agent;
+    /// With which exit status.
+    std::optional<int> ended;
     QElapsedTimer sinceTick;
     QTimer timer;
 };

@@ -25,8 +25,8 @@ constexpr std::string_view onSocket = "--socket";
 constexpr std::string_view atLevel = "--log-level";
 
 int guard(IORegistry& registry, AgentLog::Level most) {
-    auto log = [messages = AgentLog::standard(most)](AgentLog::Level level,
-                                                     std::string_view line) mutable {
+    AgentLog messages = AgentLog::standard(most);
+    const auto log = [&messages](AgentLog::Level level, std::string_view line) {
         messages.write(level, line, SystemClock().steady());
     };
     try {

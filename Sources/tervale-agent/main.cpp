@@ -25,14 +25,26 @@ Terminal terminal() {
     return Terminal("tervale-agent");
 }
 
+/// Why there is no agent, as its log tells errors.
+int complain(const AgentCommandLine::Run& run, const char* line, int status = exitStatus::failure) {
+    AgentLog::standard(run.logLevel).complain(line);
+    return status;
+}
+
 int runAgent(const AgentCommandLine::Run& run) {
     const std::unique_ptr<NotificationCenter> center = makeNotificationCenter();
     if (!center)
-        return terminal().complain("There is no session bus to be heard on.", exitStatus::failure);
+        return complain(run, "There is no session bus to be heard on.");
     std::optional<AgentProgram> program;
     // Before it takes the fans, which a signal must not leave where they are. The event loop tells.
     const TerminationSignals ending(
         [&program] { QCoreApplication::exit(program->end("Told to end.")); });
+    // So before it, since the system's bus may keep one waiting.
+    const SessionEnd sessionEnd(
+        *center, [&program] { QCoreApplication::exit(program->end("The session is over.")); });
+    const auto sleep =
+        makeSleepWatch({[&program] { program->sleep(); }, [&program] { program->wake(); },
+                        [&program](SleepNews news) { program->note(news); }});
     try {
         program.emplace(
             run, *center,
@@ -40,18 +52,15 @@ int runAgent(const AgentCommandLine::Run& run) {
                                  .toldWithin = [&ending](std::chrono::milliseconds time) {
                                      return ending.arriveWithin(time);
                                  }});
-        const SessionEnd sessionEnd(
-            *center, [&program] { QCoreApplication::exit(program->end("The session is over.")); });
-        const auto sleep =
-            makeSleepWatch({[&program] { program->sleep(); }, [&program] { program->wake(); },
-                            [&program](SleepNews news) { program->note(news); }});
         if (!sleep)
             program->note(SleepNews::untold);
         return QCoreApplication::exec();
+    } catch (const AgentLock::Unavailable& fault) {
+        return complain(run, fault.what(), AgentProgram::withoutLock);
     } catch (const AgentLock::Refused& refusal) {
-        return terminal().complain(refusal.what(), exitStatus::failure);
+        return complain(run, refusal.what());
     } catch (const NoSuchMachine& missing) {
-        return terminal().complain(missing.what(), exitStatus::failure);
+        return complain(run, missing.what());
     }
 }
 

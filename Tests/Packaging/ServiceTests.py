@@ -75,7 +75,9 @@ class Service(unittest.TestCase):
 
     def test_starts_the_agent_again_where_fans_were_left(self):
         left = status_in("tervale-agent/AgentProgram.h", "notHandedBack")
-        self.assertNotIn(left, self.value("RestartPreventExitStatus").split())
+        without_lock = status_in("tervale-agent/AgentProgram.h", "withoutLock")
+        for status in (left, without_lock):
+            self.assertNotIn(status, self.value("RestartPreventExitStatus").split())
         for name in ("RestartForceExitStatus", "SuccessExitStatus"):
             self.assertNotIn(("Service", name), self.settings)
 
@@ -84,7 +86,8 @@ class Service(unittest.TestCase):
         told = dict(re.findall(r"^\.TP\n\.B ([0-9]+)\n(.*)$", page, re.MULTILINE))
         left = status_in("tervale-agent/AgentProgram.h", "notHandedBack")
         statuses = [status_in("Base/Terminal.h", name) for name in ("done", "failure", "wrongUsage")]
-        self.assertEqual(list(told), [*statuses, left])
+        without_lock = status_in("tervale-agent/AgentProgram.h", "withoutLock")
+        self.assertEqual(list(told), [*statuses, left, without_lock])
         self.assertEqual([status for status in told if "could not be handed back" in told[status]], [left])
         safety = SAFETY.read_text("utf-8")
         self.assertIn(f"with status {left}: the guard tries on", " ".join(safety.split()))

@@ -8,6 +8,10 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace tervale;
 
@@ -357,6 +361,92 @@ TEST_F(AgentProgramTest, EndsAtOnceWithoutItsBusWhereItsSessionIsOver) {
     EXPECT_EQ(agent.status(), 0);
     EXPECT_TRUE(agent.errors().contains("The session is over."));
     EXPECT_TRUE(automatic());
+}
+
+TEST_F(AgentProgramTest, EndsWhereItsSessionIsOverThoughItsBusIsThere) {
+    PrivateBus system;
+    FakeLoginManager manager(system.connect());
+    QProcessEnvironment environment = bus.environment();
+    environment.insert("DBUS_SYSTEM_BUS_ADDRESS", system.address());
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(environment);
+    ASSERT_TRUE(selectsMaximum());
+    ASSERT_TRUE(eventually([&] { return manager.sessionsAsked == 1; }));
+    manager.tellOfSession();
+    PrivateBus::settle(connection);
+    EXPECT_TRUE(agent.runs());
+    manager.session.state = "closing";
+    ASSERT_TRUE(eventually([&] {
+        manager.tellOfSession();
+        return !agent.runs();
+    }));
+    EXPECT_EQ(agent.status(), 0);
+    EXPECT_TRUE(agent.errors().contains("The session is over."));
+    EXPECT_TRUE(automatic());
+    EXPECT_TRUE(eventually(
+        [this] { return state.status == "The agent has ended. The fans are automatic."; }));
+}
+
+TEST_F(AgentProgramTest, EndsWithAStatusOfItsOwnWhereItsLockCannotBeHad) {
+    const SimulatorProgram simulator(bus);
+    AgentProcess agent(bus);
+    ASSERT_TRUE(selectsMaximum());
+    std::filesystem::remove(lock());
+    std::filesystem::create_directory(lock());
+    ASSERT_TRUE(agent.ends());
+    EXPECT_EQ(agent.status(), 4);
+    EXPECT_TRUE(agent.errors().contains("tervale-agent: Cannot lock '"))
+        << agent.errors().constData();
+    EXPECT_TRUE(automatic());
+    ChildProcess next(TERVALE_AGENT, {}, bus.environment());
+    ASSERT_TRUE(next.ends());
+    EXPECT_EQ(next.status(), 4);
+    EXPECT_TRUE(next.errors().startsWith("tervale-agent: Cannot lock '"));
+}
+
+TEST_F(AgentProgramTest, JudgesAProfileByTheLoadOfTheMacThatItDrives) {
+    const Profile byLoad{UUID::random(), "Load",
+                         kind::Load{Curve{{{0, 0.2}, {40, 0.2}, {41, 1}, {100, 1}}}}};
+    // Whatever the load of the test's own machine is, it is not both.
+    for (const auto& [scenario, speed] : {std::pair("idle", 0.2), std::pair("render", 1.0)}) {
+        SCOPED_TRACE(scenario);
+        const SimulatorProgram simulator(bus, {"--scenario", scenario});
+        AgentProcess agent(bus);
+        bridge.send(command::SaveProfiles{{byLoad}});
+        bridge.send(command::Select{action::Profile{byLoad.id}});
+        ASSERT_TRUE(eventually([this] { return manual(); }));
+        QElapsedTimer watched;
+        watched.start();
+        EXPECT_TRUE(eventually([&, wanted = speed] {
+            const Fan fan = controller().fan(0);
+            EXPECT_NEAR((fan.target - fan.min) / (fan.max - fan.min), wanted, 0.01);
+            return watched.elapsed() > 4000;
+        }));
+        agent.send(SIGTERM);
+        ASSERT_TRUE(agent.ends());
+        smc.reset();
+    }
+}
+
+TEST_F(AgentProgramTest, BeginsEachLineWithItsLevelInTheJournalToTheLast) {
+    const SimulatorProgram simulator(bus);
+    const AgentProcess first(bus);
+    // As a service manager does whose journal is a file.
+    const std::filesystem::path journal = bus.runtimeFolder() / "journal";
+    QProcessEnvironment environment = bus.environment();
+    environment.insert("JOURNAL", QString::fromStdString(journal.string()));
+    ChildProcess second(
+        "/bin/sh",
+        {"-c",
+         "exec 2>\"$JOURNAL\"; export JOURNAL_STREAM=$(stat -L -c %d:%i /dev/fd/2); "
+         "exec \"$0\"",
+         TERVALE_AGENT},
+        environment);
+    ASSERT_TRUE(second.ends());
+    EXPECT_EQ(second.status(), 1);
+    std::string text;
+    std::getline(std::ifstream(journal), text);
+    EXPECT_EQ(text, "<3>An agent runs already: process " + std::to_string(first.id()) + ".");
 }
 
 TEST_F(AgentProgramTest, AnswersACommandFromAnothersTool) {
