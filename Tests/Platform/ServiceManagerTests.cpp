@@ -4,8 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <string>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -38,6 +42,11 @@ class Manager {
     FileDescriptor socket;
 };
 
+std::ptrdiff_t openFiles() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                         std::filesystem::directory_iterator());
+}
+
 } // namespace
 
 TEST(ServiceManager, IsToldThroughItsSocket) {
@@ -54,13 +63,41 @@ TEST(ServiceManager, IsToldThroughASocketWithoutAFile) {
 }
 
 TEST(ServiceManager, NeedNotBeThere) {
+    const TemporaryFolder folder;
+    const std::ptrdiff_t before = openFiles();
     ::unsetenv("NOTIFY_SOCKET");
     tellServiceManager("READY=1");
-    for (const std::string& name : {std::string(), std::string("relative"), std::string("/absent"),
+    for (const std::string& name : {std::string(), std::string("/absent"), folder.path.string(),
                                     "/" + std::string(1000, 'x')}) {
         ::setenv("NOTIFY_SOCKET", name.c_str(), 1);
         tellServiceManager("READY=1");
+        EXPECT_EQ(openFiles(), before) << name;
+        EXPECT_TRUE(std::filesystem::is_empty(folder.path));
     }
+}
+
+TEST(ServiceManager, IsNotTheOneWhoseSocketsNameIsRelative) {
+    const TemporaryFolder folder;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path);
+    const Manager manager("relative");
+    tellServiceManager("READY=1");
+    EXPECT_EQ(manager.heard(), "");
+    std::filesystem::current_path(before);
+}
+
+TEST(ServiceManager, NeedNotListen) {
+    const TemporaryFolder folder;
+    const Manager manager(folder.path / "notify");
+    // More than its socket holds: whoever waited would wait for ever.
+    constexpr int many = 10'000;
+    for (int number = 0; number < many; ++number)
+        tellServiceManager("READY=1");
+    int heard = 0;
+    while (manager.heard() == "READY=1")
+        ++heard;
+    EXPECT_GE(heard, 1);
+    EXPECT_LT(heard, many);
 }
 
 TEST(ServiceManager, KeepsTheJournalIfStandardErrorIsTheFileThatItNames) {

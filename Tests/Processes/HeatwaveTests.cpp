@@ -1,11 +1,13 @@
 #include "Processes/AgentSession.h"
 #include "Profiles/Controller.h"
+#include "Support/SilentSocket.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
 #include <csignal>
 #include <memory>
+#include <sys/resource.h>
 #include <vector>
 
 using namespace tervale;
@@ -14,7 +16,8 @@ namespace {
 
 /// A Mac that grows too hot at the lowest speed, and an agent that is told to run the fans at it.
 /// Whatever then happens, the fans are at full speed or with the firmware while it is too hot; an
-/// agent has a tick to notice.
+/// agent has a tick to notice. The Mac moves on five times a second, and is looked at far more
+/// often.
 class HeatwaveTest : public AgentSession {
   protected:
     HeatwaveTest() {
@@ -28,8 +31,11 @@ class HeatwaveTest : public AgentSession {
             bus, QStringList{"--scenario", "heatwave", "--speed", speed, "--sensors", "12"});
     }
     void startAgent() { agent = std::make_unique<AgentProcess>(bus); }
-    void kill(ChildProcess& process) {
-        process.send(SIGKILL);
+    void kill(ChildProcess& process, int signal = SIGKILL) {
+        // A crash leaves no file behind.
+        const rlimit none{0, 0};
+        ASSERT_EQ(::prlimit(static_cast<pid_t>(process.id()), RLIMIT_CORE, &none, nullptr), 0);
+        process.send(signal);
         ASSERT_TRUE(process.ends());
     }
     void killGuard() const {
@@ -78,6 +84,12 @@ class HeatwaveTest : public AgentSession {
         watched.start();
         watchUntil([&] { return watched.elapsed() >= milliseconds; });
     }
+    /// Until it is about to grow too hot, while the fans run as slowly as they can.
+    void waitForTheHeat() {
+        ASSERT_TRUE(watchUntil([this] { return manual() && isAsHotAs(SafetyLatch::on - 8); }));
+        ASSERT_FALSE(isSafe()) << "the fans are slow";
+        ASSERT_FALSE(wasTooHot);
+    }
     /// Until the agent has the fans run at full speed.
     bool watchUntilTheLatchEngages() {
         wasTooHot = false;
@@ -95,13 +107,30 @@ class HeatwaveTest : public AgentSession {
 
 } // namespace
 
+class HeatwaveAndASignalTest : public HeatwaveTest, public testing::WithParamInterface<int> {};
+
+INSTANTIATE_TEST_SUITE_P(Crashes, HeatwaveAndASignalTest,
+                         testing::Values(SIGKILL, SIGSEGV, SIGABRT));
+
 TEST_F(HeatwaveTest, IsMetWithFullSpeedWhateverIsSelected) {
+    waitForTheHeat();
     EXPECT_TRUE(watchUntilTheLatchEngages());
     watchFor(3000);
     EXPECT_LT(longestDanger, tick);
 }
 
-TEST_F(HeatwaveTest, IsLeftToTheFirmwareWhenTheAgentIsKilled) {
+TEST_P(HeatwaveAndASignalTest, IsLeftToTheFirmwareWhenTheAgentIsGone) {
+    waitForTheHeat();
+    kill(*agent, GetParam());
+    EXPECT_TRUE(watchUntil([this] { return automatic(); }));
+    EXPECT_TRUE(watchUntil([this] { return wasTooHot; }));
+    EXPECT_TRUE(automatic());
+    startAgent();
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsLeftToTheFirmwareWhenTheAgentIsKilledAtFullSpeed) {
     ASSERT_TRUE(watchUntilTheLatchEngages());
     kill(*agent);
     EXPECT_TRUE(watchUntil([this] { return automatic(); }));
@@ -112,10 +141,24 @@ TEST_F(HeatwaveTest, IsLeftToTheFirmwareWhenTheAgentIsKilled) {
 }
 
 TEST_F(HeatwaveTest, IsMetByAnAgentWhoseGuardIsKilled) {
-    ASSERT_TRUE(watchUntilTheLatchEngages());
+    waitForTheHeat();
+    const auto before = guard();
+    killGuard();
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_TRUE(watchUntil([&] { return guard() && guard() != before; }));
     killGuard();
     watchFor(3000);
     EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsMetByAnAgentWhoseGuardIsStopped) {
+    waitForTheHeat();
+    const auto stopped = guard();
+    ASSERT_TRUE(stopped);
+    ASSERT_EQ(::kill(static_cast<pid_t>(*stopped), SIGSTOP), 0);
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_TRUE(watchUntil([&] { return guard() && guard() != stopped; }));
     EXPECT_LT(longestDanger, tick);
 }
 
@@ -137,13 +180,61 @@ TEST_F(HeatwaveTest, IsMetWithFullSpeedThatStaysWhenAgentAndGuardAreKilledAtOnce
     EXPECT_LT(longestDanger, tick);
 }
 
+TEST_F(HeatwaveTest, IsMetByNobodyWhenAgentAndGuardAreKilledAtOnceUntilAnAgentIsStarted) {
+    waitForTheHeat();
+    killGuard();
+    kill(*agent);
+    EXPECT_TRUE(watchUntil([this] { return wasTooHot; }));
+    EXPECT_TRUE(manual()) << "there is nobody who could hand them back";
+    longestDanger = 0;
+    startAgent();
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    EXPECT_LT(longestDanger, tick) << "its first tick sets the fans right";
+}
+
 TEST_F(HeatwaveTest, IsMetAgainOnceTheControllersSocketIsBack) {
-    ASSERT_TRUE(watchUntilTheLatchEngages());
+    waitForTheHeat();
     mac.reset();
     watchFor(1000);
     startMac();
     EXPECT_TRUE(watchUntilTheLatchEngages());
     EXPECT_LT(longestDanger, tick);
+}
+
+TEST_F(HeatwaveTest, IsMetByAnAgentWhoseBusIsStopped) {
+    waitForTheHeat();
+    bus.send(SIGSTOP);
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    watchFor(2000);
+    EXPECT_LT(longestDanger, tick);
+    QElapsedTimer asked;
+    asked.start();
+    agent->send(SIGTERM);
+    ASSERT_TRUE(agent->ends());
+    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_EQ(agent->status(), 0);
+    EXPECT_TRUE(automatic());
+    bus.send(SIGCONT);
+}
+
+TEST_F(HeatwaveTest, IsMetByAnAgentWhereNobodyAnswersInPlaceOfItsBus) {
+    waitForTheHeat();
+    const auto before = guard();
+    bus.stop();
+    const SilentSocket silent(bus.busSocket());
+    EXPECT_TRUE(watchUntilTheLatchEngages());
+    // Long enough for an agent that waited for the bus to count as one that hangs.
+    watchFor(12'000);
+    EXPECT_LT(longestDanger, tick);
+    EXPECT_TRUE(agent->runs());
+    EXPECT_EQ(guard(), before);
+    QElapsedTimer asked;
+    asked.start();
+    agent->send(SIGTERM);
+    ASSERT_TRUE(agent->ends());
+    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_EQ(agent->status(), 0);
+    EXPECT_TRUE(automatic());
 }
 
 TEST_F(HeatwaveTest, IsLeftToTheFirmwareWhenTheAgentIsStoppedBeforeItIsTooHot) {
