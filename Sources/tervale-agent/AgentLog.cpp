@@ -4,7 +4,7 @@
 #include "Platform/ServiceManager.h"
 
 #include <array>
-#include <unistd.h>
+#include <cstdio>
 #include <utility>
 
 namespace tervale {
@@ -53,7 +53,7 @@ std::string_view AgentLog::nameOf(Level level) {
 }
 
 AgentLog AgentLog::standard(Level most) {
-    return {STDERR_FILENO, most, standardErrorIsJournal() ? Form::journal : Form::terminal};
+    return {::fileno(stderr), most, standardErrorIsJournal() ? Form::journal : Form::terminal};
 }
 
 AgentLog::AgentLog(int file, Level most, Form form)

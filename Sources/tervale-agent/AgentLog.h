@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tervale-agent/LineWriter.h"
+#include "Platform/LineWriter.h"
 
 #include <chrono>
 #include <cstdint>

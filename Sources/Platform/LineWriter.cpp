@@ -1,4 +1,4 @@
-#include "tervale-agent/LineWriter.h"
+#include "Platform/LineWriter.h"
 
 #include <cerrno>
 #include <condition_variable>

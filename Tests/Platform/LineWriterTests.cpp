@@ -1,5 +1,5 @@
 #include "Platform/FileDescriptor.h"
-#include "tervale-agent/LineWriter.h"
+#include "Platform/LineWriter.h"
 
 #include <gtest/gtest.h>
 
