@@ -222,6 +222,7 @@ IORegistry::Status SocketRegistry::callStruct(Connection connection, std::uint32
     if (!opened.link->prepare())
         return notAttached;
     opened.pause = {};
+    opened.nextAttempt = {};
     return opened.link->request(
         {.operation = Operation::exchange, .number = selector, .structure = request}, response);
 }
