@@ -123,7 +123,7 @@ TEST_P(HeatwaveAndASignalTest, IsLeftToTheFirmwareWhenTheAgentIsGone) {
     waitForTheHeat();
     kill(*agent, GetParam());
     EXPECT_TRUE(watchUntil([this] { return automatic(); }));
-    EXPECT_TRUE(watchUntil([this] { return wasTooHot; }));
+    watchFor(1000);
     EXPECT_TRUE(automatic());
     startAgent();
     EXPECT_TRUE(watchUntilTheLatchEngages());
