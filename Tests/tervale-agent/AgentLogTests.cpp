@@ -43,7 +43,7 @@ TEST_F(AgentLogTest, WritesALineAnEventForATerminal) {
     lines.write(Level::warning, "Odd.", 1);
     lines.write(Level::error, "Failed: a\x1B[2J\nb", 2);
     EXPECT_EQ(text(lines), "tervale-agent: Begun.\ntervale-agent: warning: Odd.\n"
-                      "tervale-agent: error: Failed: a [2J b\n");
+                           "tervale-agent: error: Failed: a [2J b\n");
 }
 
 TEST_F(AgentLogTest, BeginsEachLineWithItsLevelForTheJournal) {
