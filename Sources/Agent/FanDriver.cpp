@@ -85,7 +85,7 @@ void FanDriver::drive(std::int64_t index, double fraction) {
 }
 
 FanDriver::Error FanDriver::releaseAll() {
-    const Error error = errorOf([this] { holding = holding || anyTaken(); });
+    Error error = errorOf([this] { holding = holding || anyTaken(); });
     if (error)
         return error;
     return holding ? handBack() : std::nullopt;
