@@ -2,6 +2,7 @@
 
 #include "Base/Precondition.h"
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Controls/ForgetTyping.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -32,6 +33,13 @@ TimeField::TimeField(QWidget* parent) : QTimeEdit(parent) {
     followLocale();
     lineEdit()->installEventFilter(this);
     connect(this, &QTimeEdit::userTimeChanged, this, &TimeField::announce);
+    connect(this, &QTimeEdit::editingFinished, this, &TimeField::endTyping);
+}
+
+void TimeField::endTyping() {
+    // The section is chosen by the cursor, which comes back to where it was.
+    const QSignalBlocker quiet(lineEdit());
+    forgetTyping(*lineEdit());
 }
 
 int TimeField::minuteOfDay() const {

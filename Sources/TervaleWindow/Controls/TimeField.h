@@ -6,7 +6,8 @@ namespace tervale {
 
 /// A time of day in hours and minutes, written as the user's locale does. Stepping a section
 /// carries into the other one and past midnight. A click chooses a section, Left and Right the one
-/// beside it, and what is typed replaces it.
+/// beside it, and what is typed replaces it. What was typed can be undone in the field until
+/// Return is pressed or the focus leaves it.
 class TimeField : public QTimeEdit {
     Q_OBJECT
     Q_PROPERTY(int minuteOfDay READ minuteOfDay WRITE setMinuteOfDay NOTIFY minuteOfDayChanged)
@@ -37,6 +38,7 @@ class TimeField : public QTimeEdit {
   private:
     void followLocale();
     void announce();
+    void endTyping();
     void selectCurrentSection();
     /// Goes to the next section, or the one before, as far as there is one.
     void chooseSection(int step);

@@ -10,6 +10,8 @@
 #include <QScopedValueRollback>
 #include <QToolTip>
 
+#include <utility>
+
 namespace tervale {
 
 namespace {
@@ -117,7 +119,10 @@ void CurveCanvas::beginGesture(QMouseEvent& event, Press press) {
     }
     // The release of the gesture before may have been lost.
     endGesture();
-    emit settled();
+    // The two clicks of a double click are one thing.
+    if (press == Press::single || !std::exchange(clicked, false))
+        emit settled();
+    clicked = false;
     gesture = Gesture{event.position(), press};
     dragTo(event.position());
     hover(event.position());
@@ -162,16 +167,18 @@ void CurveCanvas::mouseReleaseEvent(QMouseEvent* event) {
     if (!gesture)
         return;
     const QPointF way = event->position() - gesture->start;
-    const bool tapped = gesture->press == Press::second &&
-                        way.manhattanLength() < QApplication::startDragDistance();
+    const bool inPlace = way.manhattanLength() < QApplication::startDragDistance();
+    const bool second = gesture->press == Press::second;
     const bool addedNone = !editing.dragging && editing.full();
-    endGesture();
-    if (tapped) {
+    letGo();
+    if (second && inPlace) {
         edit([this, event](CurveEditing& state) {
             return state.removePoint(toPlotPoint(event->position()), plot());
         });
-        emit settled();
     }
+    clicked = !second && inPlace;
+    if (!clicked)
+        emit settled();
     hover(event->position());
     if (addedNone)
         showFull(event->position());
@@ -190,18 +197,29 @@ void CurveCanvas::dragTo(QPointF location) {
         showPosition();
 }
 
-void CurveCanvas::endGesture() {
-    if (!gesture)
-        return;
+void CurveCanvas::letGo() {
     gesture.reset();
     editing.endDrag();
     QToolTip::hideText();
     update();
     hover(pointer);
+}
+
+void CurveCanvas::endGesture() {
+    if (!gesture)
+        return;
+    letGo();
     emit settled();
 }
 
+void CurveCanvas::closeClick() {
+    if (std::exchange(clicked, false))
+        emit settled();
+}
+
 void CurveCanvas::keyPressEvent(QKeyEvent* event) {
+    if (!gesture)
+        closeClick();
     if (gesture || !editByKey(*event))
         QWidget::keyPressEvent(event);
 }
@@ -229,7 +247,7 @@ bool CurveCanvas::editByKey(const QKeyEvent& event) {
         return true;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        edit([](CurveEditing& state) { return state.removeChosen(); });
+        removeByKey();
         return true;
     default:
         return false;
@@ -244,6 +262,12 @@ void CurveCanvas::insertByKey() {
         showFull(chosenPlace());
 }
 
+void CurveCanvas::removeByKey() {
+    // Moves of the point just before are steps of their own.
+    emit settled();
+    edit([](CurveEditing& state) { return state.removeChosen(); });
+}
+
 void CurveCanvas::focusInEvent(QFocusEvent* event) {
     const bool byPointer = event->reason() == Qt::MouseFocusReason;
     if (!editing.chosen && !byPointer)
@@ -253,6 +277,7 @@ void CurveCanvas::focusInEvent(QFocusEvent* event) {
 
 void CurveCanvas::focusOutEvent(QFocusEvent* event) {
     QToolTip::hideText();
+    closeClick();
     QWidget::focusOutEvent(event);
 }
 

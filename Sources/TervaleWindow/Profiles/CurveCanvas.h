@@ -69,11 +69,16 @@ class CurveCanvas final : public QWidget {
 
     void beginGesture(QMouseEvent& event, Press press);
     void dragTo(QPointF location);
+    /// Lets go of the point; what was done may go on with the next gesture.
+    void letGo();
     void endGesture();
+    /// What a click left open is complete: the next thing that is done is another one.
+    void closeClick();
     /// Marks the point under the pointer, which is beside the canvas without a location.
     void hover(std::optional<QPointF> location);
     bool editByKey(const QKeyEvent& event);
     void insertByKey();
+    void removeByKey();
     /// Runs one step of the state machine, and tells everybody what it changed.
     void edit(const std::function<std::optional<CurveEdit>(CurveEditing&)>& step);
     void choose(CurveEditing::Direction direction);
@@ -91,6 +96,8 @@ class CurveCanvas final : public QWidget {
     std::optional<Gesture> gesture;
     /// Where the pointer is on the canvas.
     std::optional<QPointF> pointer;
+    /// The last gesture was a click, which may be the first half of a double click.
+    bool clicked = false;
     KeyBurst moves;
     /// What comes by `setCurve` is the answer to an edit.
     bool asking = false;

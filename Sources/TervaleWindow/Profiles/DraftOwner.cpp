@@ -62,15 +62,23 @@ QString nameOf(const ProfileEdit& edit) {
 /// A step in the toolkit's history. The step is taken already when the command is made.
 class DraftOwner::Command final : public QUndoCommand {
   public:
-    Command(DraftOwner& owner, const QString& name, DraftStep taken, int run)
+    /// What it is to a step that it becomes one with.
+    enum class Part { any, end };
+
+    Command(DraftOwner& owner, const QString& name, DraftStep taken, int run, Part part = Part::any)
         : QUndoCommand(name),
           owner(owner),
           step(std::move(taken)),
-          run(run) {}
+          run(run),
+          part(part) {}
 
     int id() const override { return run; }
     bool mergeWith(const QUndoCommand* next) override {
-        step.append(static_cast<const Command*>(next)->step);
+        const auto& follower = *static_cast<const Command*>(next);
+        step.append(follower.step);
+        // A point that a click moved before the next one removed it.
+        if (follower.part == Part::end)
+            setText(follower.text());
         // A point that was brought back to where it was, or a name that is the old one again.
         setObsolete(step.changesNothing());
         return true;
@@ -86,6 +94,7 @@ class DraftOwner::Command final : public QUndoCommand {
     DraftOwner& owner;
     DraftStep step;
     int run;
+    Part part;
     /// The history calls `redo` when it is given the command.
     bool pushed = false;
 };
@@ -157,13 +166,16 @@ bool DraftOwner::wasSent(const std::vector<Profile>& list) {
 }
 
 void DraftOwner::follow(bool connected, const std::vector<Profile>& list) {
-    const bool known = wasSent(list) || list == working.saved || list == profiles();
+    using Origin = ProfilesDraft::Origin;
+    const Origin origin = wasSent(list) ? Origin::savedFromHere : Origin::elsewhere;
     const std::vector<Profile> before = profiles();
-    change([&] { working.follow(connected, list); });
-    if (!known || profiles() != before) {
-        settle();
-        steps.clear();
-    }
+    change([&] { working.follow(connected, list, origin); });
+    if (profiles() == before)
+        return;
+    settle();
+    steps.clear();
+    // What is still under way is nobody's edit of this list.
+    sent.clear();
 }
 
 template <class Change>
@@ -241,11 +253,14 @@ void DraftOwner::perform(const ProfileEdit& edit) {
         return;
     const Profile& after = profiles()[*index];
     const auto target = targetOf(edit, after);
-    if (!target || target != going)
+    const auto ended = endedBy(edit);
+    const auto continued = ended ? ended : target;
+    if (!continued || continued != going)
         ++run;
     going = target;
     steps.push(new Command(*this, nameOf(edit),
-                           {*index, {before}, {after}, working.selection, working.selection}, run));
+                           {*index, {before}, {after}, working.selection, working.selection}, run,
+                           ended ? Command::Part::end : Command::Part::any));
     // No edit changes a profile's id or kind, which is all that the others' problems depend on.
     const Problems problems = found[*index];
     judge(*index);

@@ -21,9 +21,9 @@ namespace tervale {
 ///
 /// It owns the history too. Every edit, and each call that changes the list, is a step of it; edits
 /// that go on with one another, such as the moves of a point, are one step until `settle` is
-/// called. Saving leaves the history as it is. It ends where undo would mix the draft with what
-/// others made of the profiles: when the draft follows the agent's list, and when the agent has a
-/// list that was not sent from here.
+/// called. Saving leaves the history as it is. It ends where its steps no longer lead to the draft:
+/// when that follows the agent's list. A draft that is kept keeps its history, whatever list the
+/// agent has.
 class DraftOwner final : public QObject {
     Q_OBJECT
 
@@ -60,7 +60,7 @@ class DraftOwner final : public QObject {
     void settle();
     /// The profiles, to be sent to the agent now.
     const std::vector<Profile>& takeToSave();
-    /// See `ProfilesDraft::follow`.
+    /// See `ProfilesDraft::follow`; it is known here what was sent.
     void follow(bool connected, const std::vector<Profile>& list);
 
     /// To be looked at; each step has a name, such as "Move Point".

@@ -94,6 +94,12 @@ DraftStep stepBetween(const ProfilesDraft& before, const ProfilesDraft& after) {
             after.selection};
 }
 
+std::optional<EditTarget> endedBy(const ProfileEdit& edit) {
+    const auto* curveEdit = std::get_if<CurveEdit>(&edit);
+    const auto* remove = curveEdit ? std::get_if<curveEdit::Remove>(curveEdit) : nullptr;
+    return remove ? Target(EditTarget{EditTarget::Part::point, remove->index}) : std::nullopt;
+}
+
 std::optional<EditTarget> targetOf(const ProfileEdit& edit, const Profile& edited) {
     return std::visit(
         overloaded{

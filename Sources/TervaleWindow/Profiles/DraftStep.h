@@ -46,4 +46,8 @@ struct EditTarget {
 /// Nothing for an edit that is always a step of its own. `edited` is the profile after the edit.
 std::optional<EditTarget> targetOf(const ProfileEdit& edit, const Profile& edited);
 
+/// What an edit can be the end of, though nothing goes on with itself: the removal of a point ends
+/// the edits of that point, as a double click does. Nothing for any other edit.
+std::optional<EditTarget> endedBy(const ProfileEdit& edit);
+
 } // namespace tervale

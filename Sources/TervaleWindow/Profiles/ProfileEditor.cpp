@@ -1,6 +1,7 @@
 #include "TervaleWindow/Profiles/ProfileEditor.h"
 
 #include "TervaleWindow/Controls/Card.h"
+#include "TervaleWindow/Controls/ForgetTyping.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Profiles/FormRow.h"
 #include "TervaleWindow/Profiles/TemperatureContent.h"
@@ -22,22 +23,6 @@ constexpr int narrowMargin = 12;
 constexpr int narrowMarginBesideScrollBar = 8;
 /// Below this width the margins give way.
 constexpr int narrowWidth = 400;
-
-/// From now on the field has nothing to undo by itself; cursor and selection stay.
-void forgetTyping(QLineEdit& field) {
-    if (!field.isUndoAvailable() && !field.isRedoAvailable())
-        return;
-    const int cursor = field.cursorPosition();
-    const int start = field.selectionStart();
-    const int length = static_cast<int>(field.selectedText().size());
-    field.setText(field.text());
-    if (length == 0)
-        field.setCursorPosition(cursor);
-    else if (cursor == start)
-        field.setSelection(start + length, -length);
-    else
-        field.setSelection(start, length);
-}
 
 void setMargins(QWidget& form, int side) {
     form.layout()->setContentsMargins(side, usualMargin, side, usualMargin - Card::shadowHeight);

@@ -71,9 +71,10 @@ void ProfilesDraft::revert() {
         profiles = saved;
 }
 
-void ProfilesDraft::follow(bool connected, const std::vector<Profile>& list) {
-    // Whether there are edits shows against the list that was edited, not against the new one.
-    const bool edited = canRevert();
+void ProfilesDraft::follow(bool connected, const std::vector<Profile>& list, Origin origin) {
+    // Whether there are edits shows against the list that was edited, not against the new one. A
+    // draft that went back to the old list has been edited since it was sent.
+    const bool edited = canRevert() || (loaded && origin == Origin::savedFromHere);
     saved = list;
     if (!edited || profiles == saved)
         syncFromModel(connected);

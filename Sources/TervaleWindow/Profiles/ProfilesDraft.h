@@ -39,9 +39,14 @@ struct ProfilesDraft {
     std::optional<std::size_t> perform(const ProfileEdit& edit);
     void revert();
 
+    /// What the agent's list is to the draft: one that this draft sent to be saved, or any other.
+    enum class Origin { elsewhere, savedFromHere };
+
     /// To be called when the draft is first shown and whenever the agent's state changed; `list` is
-    /// the agent's. Unsaved edits stay as they are.
-    void follow(bool connected, const std::vector<Profile>& list);
+    /// the agent's. Unsaved edits stay as they are, and so does all that was done, undone or
+    /// reverted while a save was under way: it is an edit of the list that was saved.
+    void follow(bool connected, const std::vector<Profile>& list,
+                Origin origin = Origin::elsewhere);
 
     bool operator==(const ProfilesDraft&) const = default;
 

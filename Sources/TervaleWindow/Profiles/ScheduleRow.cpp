@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tervale {
 
@@ -49,6 +50,11 @@ TimeField* makeTimeField(const QString& name, QWidget* parent) {
 
 double wholePercent(double fraction) {
     return std::round(fraction * 100) / 100;
+}
+
+bool isStep(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
 }
 
 int minuteOf(ScheduleEditing::ClockTime time) {
@@ -129,8 +135,10 @@ void ScheduleRow::connectControls() {
         if (const auto choice = choiceAt(entry))
             emit choiceChanged(*choice);
     });
-    // Before the slider follows them.
-    slider->installEventFilter(this);
+    // Before they follow their events.
+    for (QWidget* edited :
+         {static_cast<QWidget*>(slider), static_cast<QWidget*>(start), static_cast<QWidget*>(end)})
+        edited->installEventFilter(this);
     connect(slider, &FractionSlider::fractionChanged, this, &ScheduleRow::speedChanged);
     connect(slider, &FractionSlider::editingChanged, this, [this](bool active) {
         // The slider shows a speed that it has no place for at its end, where it can be confirmed.
@@ -141,12 +149,24 @@ void ScheduleRow::connectControls() {
 }
 
 bool ScheduleRow::eventFilter(QObject* watched, QEvent* event) {
-    const bool pressed = event->type() == QEvent::MouseButtonPress;
+    const bool pressed = event->type() == QEvent::MouseButtonPress && watched == slider;
     const bool key = event->type() == QEvent::KeyPress;
-    if (watched == slider &&
-        (pressed || (key && speedKeys.beginsWith(*static_cast<QKeyEvent*>(event)))))
+    if (pressed || (key && beginsWith(*static_cast<QKeyEvent*>(event), *watched)))
         emit settled();
     return QWidget::eventFilter(watched, event);
+}
+
+/// Whether what the key changes is another thing than what was changed before.
+bool ScheduleRow::beginsWith(const QKeyEvent& press, const QObject& control) {
+    if (&control == slider)
+        return speedKeys.beginsWith(press);
+    const bool steps = isStep(press.key());
+    // A key that writes nothing, such as Shift, parts nothing.
+    if (!steps && press.text().isEmpty())
+        return false;
+    const bool otherWay = std::exchange(steppedTime, steps) != steps;
+    // What is typed is one thing until the field is left, whatever the pauses.
+    return (steps && timeKeys.beginsWith(press)) || otherWay;
 }
 
 void ScheduleRow::connectTime(TimeField* field, ScheduleEditing::Edge edge) {

@@ -59,6 +59,7 @@ class ScheduleRow final : public QWidget {
   private:
     void layOut();
     void connectControls();
+    bool beginsWith(const QKeyEvent& press, const QObject& control);
     void connectTime(TimeField* field, ScheduleEditing::Edge edge);
     void showTargets(std::vector<ScheduleTarget> others);
     void showSpeed(const Action& action);
@@ -81,6 +82,9 @@ class ScheduleRow final : public QWidget {
     double storedSpeed = 0;
     bool displaying = false;
     KeyBurst speedKeys;
+    KeyBurst timeKeys;
+    /// Whether the last key in a time stepped it, rather than typed.
+    bool steppedTime = false;
     Arrangement arranged = Arrangement::oneLine;
     /// The picker's entries after the divider.
     std::vector<ScheduleTarget> targets;

@@ -215,16 +215,84 @@ TEST_F(DraftHistory, EndsWhereTheDraftFollowsTheAgent) {
     EXPECT_EQ(count(), 0);
 }
 
-TEST_F(DraftHistory, EndsWhereTheAgentHasAListThatWasNotSentFromHere) {
+TEST_F(DraftHistory, StaysWithADraftThatIsKeptWhenTheAgentHasAListFromElsewhere) {
     rename("Hot");
     draft.select(idOf(2));
     draft.remove();
     const std::vector<Profile> edited = draft.profiles();
     draft.follow(true, {threeProfiles[0], threeProfiles[2]});
+    EXPECT_EQ(draft.profiles(), edited);
+    EXPECT_EQ(count(), 2);
+    draft.undo();
+    draft.undo();
+    EXPECT_EQ(draft.profiles(), threeProfiles);
+    EXPECT_TRUE(draft.canSave());
+    draft.redo();
+    draft.redo();
+    EXPECT_EQ(draft.profiles(), edited);
+    EXPECT_TRUE(draft.canRevert());
+}
+
+TEST_F(DraftHistory, TakesARevertToAListFromElsewhereBack) {
+    rename("Hot");
+    const std::vector<Profile> edited = draft.profiles();
+    const std::vector<Profile> others{threeProfiles[2]};
+    draft.follow(true, others);
+    draft.revert();
+    EXPECT_EQ(draft.profiles(), others);
+    EXPECT_FALSE(draft.canRevert());
     draft.undo();
     EXPECT_EQ(draft.profiles(), edited);
-    EXPECT_EQ(count(), 0);
-    EXPECT_TRUE(draft.canRevert());
+    draft.undo();
+    EXPECT_EQ(draft.profiles(), threeProfiles);
+    draft.redo();
+    draft.redo();
+    EXPECT_EQ(draft.profiles(), others);
+}
+
+TEST_F(DraftHistory, StaysWithAnUndoWhileASaveIsUnderWay) {
+    rename("Hot");
+    const std::vector<Profile> saved = draft.takeToSave();
+    draft.undo();
+    EXPECT_EQ(draft.profiles(), threeProfiles);
+    draft.follow(true, saved);
+    EXPECT_EQ(draft.profiles(), threeProfiles);
+    EXPECT_TRUE(draft.canSave());
+    EXPECT_EQ(redoText(), "Rename Profile");
+    draft.redo();
+    EXPECT_EQ(draft.profiles(), saved);
+    EXPECT_FALSE(draft.canRevert());
+}
+
+TEST_F(DraftHistory, StaysWithWhatLeadsBackToTheOldListWhileASaveIsUnderWay) {
+    rename("Hot");
+    const std::vector<Profile> saved = draft.takeToSave();
+    const auto keeps = [&](const auto& leadBack, int steps) {
+        leadBack();
+        draft.follow(true, saved);
+        EXPECT_EQ(draft.profiles(), threeProfiles);
+        EXPECT_EQ(count(), steps);
+        EXPECT_TRUE(draft.canSave());
+        // To where both began.
+        draft.follow(true, threeProfiles);
+        draft.undo();
+        EXPECT_EQ(draft.profiles(), saved);
+        static_cast<void>(draft.takeToSave());
+    };
+    keeps([this] { rename(threeProfiles[0].name); }, 2);
+    keeps([this] { draft.revert(); }, 2);
+}
+
+TEST_F(DraftHistory, FollowsAListFromElsewhereAfterASaveThatWasLost) {
+    rename("Hot");
+    const std::vector<Profile> lost = draft.takeToSave();
+    draft.revert();
+    draft.follow(true, {threeProfiles[1]});
+    EXPECT_EQ(draft.profiles(), std::vector<Profile>{threeProfiles[1]});
+    EXPECT_FALSE(draft.canRevert());
+    // Whoever has sent it by now, it is not from here.
+    draft.follow(true, lost);
+    EXPECT_EQ(draft.profiles(), lost);
 }
 
 TEST_F(DraftHistory, ValidatesOnlyTheProfileWhoseEditItTakesBack) {
@@ -307,12 +375,37 @@ class RandomEdits : public DraftHistory, public testing::WithParamInterface<unsi
         case 6:
             return numberUpTo(5) == 0 ? draft.revert() : draft.settle();
         case 7:
-            return numberUpTo(5) == 0 ? confirm() : draft.undo();
+            if (numberUpTo(5) != 0)
+                return draft.undo();
+            onTheWay.clear();
+            return confirm();
         case 8:
             return draft.redo();
         default:
             if (const Profile* profile = draft.selected())
                 draft.perform(anyEdit(*profile));
+        }
+    }
+    /// What the agent says meanwhile: lists that were sent, late, and lists from elsewhere while
+    /// the draft has edits.
+    void hear() {
+        switch (numberUpTo(11)) {
+        case 0:
+            if (draft.canRevert() && (onTheWay.empty() || onTheWay.back() != draft.profiles()))
+                onTheWay.push_back(draft.takeToSave());
+            return;
+        case 1:
+            if (onTheWay.empty())
+                return;
+            draft.follow(true, std::vector<Profile>(onTheWay.front()));
+            onTheWay.erase(onTheWay.begin());
+            return;
+        case 2:
+            if (draft.canRevert())
+                draft.follow(true, {threeProfiles[indexIn(threeProfiles.size())]});
+            return;
+        default:
+            return;
         }
     }
     /// What is told of the draft is what is true of it.
@@ -323,6 +416,8 @@ class RandomEdits : public DraftHistory, public testing::WithParamInterface<unsi
     }
 
     std::mt19937 random{GetParam()};
+    /// Sent and not confirmed, the oldest first.
+    std::vector<std::vector<Profile>> onTheWay;
 };
 
 TEST_P(RandomEdits, AreAllTakenBackAndAllDoneAgain) {
@@ -330,6 +425,7 @@ TEST_P(RandomEdits, AreAllTakenBackAndAllDoneAgain) {
     std::vector<std::vector<Profile>> lists{draft.profiles()};
     for (int step = 0; step < 200; ++step) {
         act();
+        hear();
         const auto place = static_cast<std::size_t>(draft.history().index());
         if (draft.history().canRedo()) {
             EXPECT_EQ(draft.profiles(), lists[place]);

@@ -83,6 +83,14 @@ TEST(EditTargets, AreTheSameForWhatGoesOn) {
     EXPECT_EQ(target(profileEdit::FollowInput{}), std::nullopt);
 }
 
+TEST(EditTargets, AreEndedByTheRemovalOfTheirPointAlone) {
+    EXPECT_EQ(endedBy(CurveEdit(curveEdit::Remove{2})), (EditTarget{Part::point, 2}));
+    EXPECT_EQ(endedBy(CurveEdit(curveEdit::Move{2, {71, 0.5}})), std::nullopt);
+    EXPECT_EQ(endedBy(CurveEdit(curveEdit::Add{{70, 0.5}})), std::nullopt);
+    EXPECT_EQ(endedBy(profileEdit::Rename{"W"}), std::nullopt);
+    EXPECT_EQ(endedBy(WindowEdit(windowEdit::Remove{2})), std::nullopt);
+}
+
 TEST(EditTargets, TellTheEndsOfATimeWindowApart) {
     using Edge = ScheduleEditing::Edge;
     Profile profile = scheduleProfile(1, "Night", action::Automatic{});

@@ -32,12 +32,25 @@ class ProfilesUndo : public ProfilesFixture {
         QTest::mouseRelease(canvas(), Qt::LeftButton, {},
                             placeOf({from.x, from.speed + moves * 0.01}));
     }
-    /// Presses a key that moves the chosen point, so many milliseconds after the session began.
-    void pressAt(quint64 time, Qt::Key key) const {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::AltModifier);
-        press.setTimestamp(time);
-        QApplication::sendEvent(canvas(), &press);
+    void doubleClick(QPoint place) const {
+        QTest::mouseClick(canvas(), Qt::LeftButton, {}, place);
+        QMouseEvent again(QEvent::MouseButtonDblClick, place, canvas()->mapToGlobal(place),
+                          Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(canvas(), &again);
+        QTest::mouseRelease(canvas(), Qt::LeftButton, {}, place);
     }
+    /// Presses a key, so many milliseconds after the session began.
+    static void pressAt(quint64 time, QWidget& control, Qt::Key key,
+                        Qt::KeyboardModifiers modifiers = {}) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers);
+        press.setTimestamp(time);
+        QApplication::sendEvent(&control, &press);
+    }
+    /// The same for one that moves the chosen point.
+    void pressAt(quint64 time, Qt::Key key) const {
+        pressAt(time, *canvas(), key, Qt::AltModifier);
+    }
+    TimeField* timeField(int place) const { return editor()->findChildren<TimeField*>()[place]; }
     FractionSlider* slider() const { return editor()->findChild<FractionSlider*>(); }
 };
 
@@ -92,6 +105,40 @@ TEST_F(ProfilesUndo, EndsADragThatIsTakenBackWhileThePointIsHeld) {
     QTest::mouseRelease(canvas(), Qt::LeftButton, {}, placeOf({66, 0.6}));
     EXPECT_EQ(points(), ProfileDefaults::temperatureCurve().points);
     EXPECT_EQ(view->history().redoText().toStdString(), "Move Point");
+}
+
+TEST_F(ProfilesUndo, TakesADoubleClickThatRemovesAPointBackAsOneStep) {
+    openWith(threeProfiles);
+    // A bit beside the point, so that the first click moves it.
+    doubleClick(placeOf({60, 0.35}) + QPoint(3, 2));
+    EXPECT_EQ(points().size(), 3U);
+    EXPECT_EQ(count(), 1);
+    EXPECT_EQ(undoText(), "Remove Point");
+    view->undo();
+    EXPECT_EQ(points(), ProfileDefaults::temperatureCurve().points);
+}
+
+TEST_F(ProfilesUndo, HasNoStepForADoubleClickThatAddsAPointAndRemovesIt) {
+    openWith(threeProfiles);
+    doubleClick(placeOf({70, 0.1}));
+    EXPECT_EQ(points(), ProfileDefaults::temperatureCurve().points);
+    EXPECT_EQ(count(), 0);
+    EXPECT_FALSE(button("Revert")->isEnabled());
+}
+
+TEST_F(ProfilesUndo, TellsAClickFromWhatComesAfterIt) {
+    openWith(threeProfiles);
+    const QPoint beside = placeOf({60, 0.35}) + QPoint(3, 2);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(count(), 1);
+    QTest::keyClick(canvas(), Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(count(), 2);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, beside + QPoint(3, 2));
+    QTest::keyClick(canvas(), Qt::Key_Delete);
+    EXPECT_EQ(count(), 4);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, placeOf({80, 0.75}) + QPoint(3, 2));
+    drag({80, 0.75}, 5);
+    EXPECT_EQ(count(), 6);
 }
 
 TEST_F(ProfilesUndo, TakesABurstOfArrowKeysBackAsOneStep) {
@@ -286,6 +333,61 @@ TEST_F(ProfilesUndo, TakesATypedTimeBackAsOneStep) {
     view->undo();
     EXPECT_EQ(field->minuteOfDay(), 1380);
     EXPECT_FALSE(button("Revert")->isEnabled());
+}
+
+TEST_F(ProfilesUndo, TellsBurstsOfKeysInATimeApartByThePauseBetween) {
+    const InLocale twentyFourHours(QLocale::c());
+    openWith({scheduleProfile(1, "Night", action::Automatic{})});
+    TimeField* field = timeField(0);
+    field->setFocus();
+    field->setSelectedSection(QDateTimeEdit::HourSection);
+    for (const quint64 time : {5000U, 5100U, 5900U})
+        pressAt(time, *field, Qt::Key_Down);
+    EXPECT_EQ(count(), 1);
+    for (const quint64 time : {7000U, 7100U})
+        pressAt(time, *field, Qt::Key_PageDown);
+    EXPECT_EQ(count(), 2);
+    view->undo();
+    EXPECT_EQ(field->minuteOfDay(), 20 * 60);
+    view->undo();
+    EXPECT_EQ(field->minuteOfDay(), 23 * 60);
+}
+
+TEST_F(ProfilesUndo, TellsTypingInATimeFromStepping) {
+    const InLocale twentyFourHours(QLocale::c());
+    openWith({scheduleProfile(1, "Night", action::Automatic{})});
+    typeHour("0705");
+    EXPECT_EQ(count(), 1);
+    QTest::keyClick(timeField(0), Qt::Key_Up);
+    QTest::keyClick(timeField(0), Qt::Key_Up);
+    EXPECT_EQ(count(), 2);
+    timeField(0)->setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClicks(timeField(0), "08");
+    EXPECT_EQ(count(), 3);
+    view->undo();
+    EXPECT_EQ(timeField(0)->minuteOfDay(), 7 * 60 + 7);
+    view->undo();
+    EXPECT_EQ(timeField(0)->minuteOfDay(), 7 * 60 + 5);
+}
+
+TEST_F(ProfilesUndo, LeavesATimeItsOwnUndoOnlyWhileItIsEdited) {
+    const InLocale twentyFourHours(QLocale::c());
+    openWith({scheduleProfile(1, "Night", action::Automatic{})});
+    auto* text = timeField(0)->findChild<QLineEdit*>();
+    typeHour("07");
+    EXPECT_TRUE(text->isUndoAvailable());
+    while (text->isUndoAvailable())
+        QTest::keySequence(timeField(0), QKeySequence::Undo);
+    EXPECT_EQ(timeField(0)->minuteOfDay(), 23 * 60);
+    EXPECT_EQ(count(), 0);
+    typeHour("07");
+    timeField(1)->setFocus();
+    EXPECT_FALSE(text->isUndoAvailable());
+    EXPECT_EQ(count(), 1);
+    timeField(0)->setFocus();
+    view->undo();
+    EXPECT_EQ(timeField(0)->minuteOfDay(), 23 * 60);
+    EXPECT_FALSE(text->isUndoAvailable());
 }
 
 TEST_F(ProfilesUndo, BringsWindowsBackAndTakesThemAway) {

@@ -8,6 +8,8 @@
 #include <QListWidget>
 
 #include <utility>
+#include <variant>
+#include <vector>
 
 namespace tervale {
 namespace {
@@ -17,11 +19,28 @@ class UndoCommands : public WindowCommandsFixture {
   protected:
     void showProfiles() {
         show();
-        BridgeState state;
-        state.profiles = {{UUID{{1}}, "Quiet", kind::Load{ProfileDefaults::loadCurve()}},
-                          {UUID{{2}}, "Loud", kind::Load{ProfileDefaults::loadCurve()}}};
-        publish(state);
+        say({{UUID{{1}}, "Quiet", kind::Load{ProfileDefaults::loadCurve()}},
+             {UUID{{2}}, "Loud", kind::Load{ProfileDefaults::loadCurve()}}});
         view->setSection(Pane::profiles);
+        takeCommands();
+    }
+    /// The agent publishes these profiles.
+    void say(const std::vector<Profile>& profiles) {
+        BridgeState state;
+        state.profiles = profiles;
+        publish(state);
+    }
+    /// What goes to the agent, which does not answer yet.
+    std::vector<Profile> pressSave() {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+        return std::get<command::SaveProfiles>(takeCommands().at(0)).profiles;
+    }
+    bool canSave() const {
+        for (auto* button : view->findChildren<QAbstractButton*>()) {
+            if (button->text() == "Save")
+                return button->isEnabled();
+        }
+        return false;
     }
     QListView* list() const {
         for (auto* found : view->findChildren<QListView*>()) {
@@ -159,6 +178,50 @@ TEST_F(UndoCommands, UndoARevertAndAreListedWithTheirKeys) {
         EXPECT_TRUE(keys.contains(
             QStringLiteral("<tr><td>%1</td><td style='padding-left: 16px'>%2</td></tr>")
                 .arg(title, QKeySequence(key).toString(QKeySequence::NativeText))));
+}
+
+TEST_F(UndoCommands, KeepWhatWasUndoneBetweenASaveAndTheAgentsAnswer) {
+    showProfiles();
+    removeFirst();
+    const std::vector<Profile> saved = pressSave();
+    pressUndo();
+    EXPECT_EQ(names(), (QStringList{"Quiet", "Loud"}));
+    say(saved);
+    EXPECT_EQ(names(), (QStringList{"Quiet", "Loud"}));
+    EXPECT_TRUE(canSave());
+    EXPECT_EQ(offered(), (QStringList{"(Undo)", "Redo Remove Profile"}));
+    pressRedo();
+    EXPECT_EQ(names(), QStringList{"Loud"});
+    EXPECT_FALSE(canSave());
+}
+
+TEST_F(UndoCommands, KeepWhatWasTypedBetweenASaveAndTheAgentsAnswer) {
+    showProfiles();
+    nameField()->setFocus();
+    nameField()->end(false);
+    QTest::keyClicks(nameField(), "er");
+    const std::vector<Profile> saved = pressSave();
+    EXPECT_EQ(saved[0].name, "Quieter");
+    // As it was before, letter by letter.
+    for (int letter = 0; letter < 2; ++letter)
+        QTest::keyClick(nameField(), Qt::Key_Backspace);
+    say(saved);
+    EXPECT_EQ(nameField()->text(), "Quiet");
+    EXPECT_EQ(names()[0], "Quiet");
+    EXPECT_TRUE(canSave());
+    EXPECT_EQ(pressSave()[0].name, "Quiet");
+}
+
+TEST_F(UndoCommands, GoOnWithADraftThatIsKeptWhenTheAgentHasOtherProfiles) {
+    showProfiles();
+    removeFirst();
+    say({{UUID{{3}}, "From elsewhere", kind::Load{ProfileDefaults::loadCurve()}}});
+    EXPECT_EQ(names(), QStringList{"Loud"});
+    pressUndo();
+    EXPECT_EQ(names(), (QStringList{"Quiet", "Loud"}));
+    EXPECT_TRUE(canSave());
+    pressRedo();
+    EXPECT_EQ(names(), QStringList{"Loud"});
 }
 
 TEST_F(UndoCommands, DoNothingWithoutAnythingToUndo) {
