@@ -49,6 +49,12 @@ void writeChart(const Chart& chart, const std::string& file, Context& context) {
     }
 }
 
+void requireChartFile(const std::string& file, Context& context) {
+    files::requireWritable(file);
+    if (chartKind(file) == ChartKind::png)
+        context.drawPNG(chartSVG(Chart("")));
+}
+
 std::string drawByWindow(const std::string& svg, const std::string& folder) {
     const QDir here(QString::fromStdString(folder));
     QString program;

@@ -55,7 +55,8 @@ constexpr std::array commands{
         "monitor", "", monitor, "show load, temperatures and fans, line by line",
         "With --json each line is an object with time (seconds since 1970), minute (of\n"
         "the day), load (percent), temperatures and fans, which 'replay' takes, and what\n"
-        "the agent last said: selection, timer, status and safety.\n"
+        "the agent last said: selection, timer, status and safety. Without it the last\n"
+        "column says where the agent's safety latch is engaged.\n"
         "With --chart a picture of it all is written when the command ends or is\n"
         "interrupted; '-' draws it in the terminal, in place of the lines.\n"),
     command<parseNone<Doctor>>(

@@ -16,9 +16,14 @@ constexpr int gutter = 7;
 constexpr int rows = 9;
 constexpr int mostColumns = 60;
 
-/// Those of the window's editor.
-ClosedRange rangeOf(CurveAxis axis) {
-    return axis == CurveAxis::temperature ? ClosedRange{20, 110} : ClosedRange{0, 100};
+/// That of the window's editor; the whole of a curve's range where points lie beside it.
+ClosedRange rangeOf(const Curve& curve, CurveAxis axis) {
+    if (axis == CurveAxis::load)
+        return {0, 100};
+    constexpr ClosedRange usual{20, 110};
+    constexpr ClosedRange whole{0, 120};
+    const auto isUsual = [&](const CurvePoint& point) { return usual.contains(point.x); };
+    return std::ranges::all_of(curve.points, isUsual) ? usual : whole;
 }
 
 bool canBeDrawn(const Curve& curve, ClosedRange range) {
@@ -34,7 +39,7 @@ int rounded(double value) {
 } // namespace
 
 std::string curveText(const Curve& curve, CurveAxis axis, const TextStyle& style) {
-    const ClosedRange range = rangeOf(axis);
+    const ClosedRange range = rangeOf(curve, axis);
     if (!canBeDrawn(curve, range))
         return {};
     const int columns = std::min(style.columns - gutter - 2, mostColumns);

@@ -44,6 +44,17 @@ bool isOpenFile(const std::string& path) {
     return false;
 }
 
+/// The second name serves also where standard output is a socket, which cannot be opened.
+bool isStandardOutput(const std::string& path) {
+    return path == standardStream || path == "/dev/stdout";
+}
+
+/// Whether another file takes its place, rather than the text being written into it.
+bool isReplaced(const std::string& path) {
+    const QFileInfo info(QFile::decodeName(path.c_str()));
+    return !isOpenFile(path) && (info.isFile() || !info.exists());
+}
+
 void replace(const std::string& path, const QByteArray& text) {
     QSaveFile file(QFile::decodeName(path.c_str()));
     if (!file.open(QIODevice::WriteOnly))
@@ -116,15 +127,31 @@ std::vector<Profile> files::readProfiles(const std::string& path, Context& conte
 }
 
 void files::write(const std::string& path, std::string_view text, Context& context) {
-    // The other name serves also where standard output is a socket, which cannot be opened.
-    if (path == standardStream || path == "/dev/stdout") {
+    if (isStandardOutput(path)) {
         context.out << text;
         return;
     }
-    const QFileInfo info(QFile::decodeName(path.c_str()));
-    const bool isReplaced = !isOpenFile(path) && (info.isFile() || !info.exists());
     const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
-    isReplaced ? replace(path, bytes) : writeInto(path, bytes);
+    isReplaced(path) ? replace(path, bytes) : writeInto(path, bytes);
+}
+
+void files::requireWritable(const std::string& path) {
+    if (isStandardOutput(path))
+        return;
+    const QString name = QFile::decodeName(path.c_str());
+    if (isReplaced(path)) {
+        // What would take its place goes again, unless it is committed.
+        QSaveFile file(name);
+        if (!file.open(QIODevice::WriteOnly))
+            throw cannotWrite(path, file.errorString().toStdString());
+        return;
+    }
+    // Anything else is not opened: a pipe would wait for its reader, and then lose it.
+    const QFileInfo info(name);
+    if (info.isDir())
+        throw cannotWrite(path, std::generic_category().message(EISDIR));
+    if (!info.isWritable())
+        throw cannotWrite(path, std::generic_category().message(EACCES));
 }
 
 std::string files::nameOf(const std::string& path) {

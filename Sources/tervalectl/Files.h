@@ -30,6 +30,8 @@ std::optional<std::string> readLine(std::istream& in);
 /// Replaces a regular file in one step: it keeps its old text until the disk has the new one, and
 /// also if that fails. Anything else, such as a pipe or a device, is opened and written to.
 void write(const std::string& path, std::string_view text, Context& context);
+/// Throws what `write` would, as far as that can be told beforehand; the file stays as it is.
+void requireWritable(const std::string& path);
 
 /// The profiles in a file that `profiles export` wrote, whatever problems they have. Throws
 /// `Failure` also for a text that is no list of profiles.

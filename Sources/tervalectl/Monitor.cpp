@@ -158,7 +158,8 @@ class Overheard {
     ObserverToken channel;
 };
 
-/// Prints readings as a table. The columns are those of the first reading.
+/// Prints readings as a table. The columns are those of the first reading, and one for what the
+/// agent's safety latch does.
 class Lines {
   public:
     Lines(const Source& source, const MachineReading& first)
@@ -166,7 +167,8 @@ class Lines {
           table(columns(source)) {}
 
     void printTitles(std::ostream& out) const { table.printTitles(out); }
-    void print(std::ostream& out, const MachineReading& reading) const {
+    void print(std::ostream& out, const MachineReading& reading,
+               const std::optional<BridgeState>& state) const {
         Table::Row row{reading.timeOfDay(),
                        reading.load ? displayText::percent(*reading.load / 100) : "–"};
         for (const TemperatureInput input : inputs) {
@@ -175,6 +177,7 @@ class Lines {
         }
         for (std::size_t i = 0; i < fanCount; ++i)
             row.push_back(i < reading.fans.size() ? speedText(reading.fans[i].actual) : "–");
+        row.push_back(state && tellsSafety(*state) ? "engaged" : "");
         table.print(out, row);
     }
 
@@ -190,6 +193,7 @@ class Lines {
         }
         for (std::size_t i = 0; i < fanCount; ++i)
             columns.push_back({displayText::fan(static_cast<std::int64_t>(i)), right, 8});
+        columns.push_back({"SAFETY"});
         return Table(std::move(columns));
     }
 
@@ -201,7 +205,7 @@ class Lines {
 void printLine(const MachineReading& reading, const std::optional<BridgeState>& state,
                const std::optional<Lines>& lines, Context& context) {
     if (lines) {
-        lines->print(context.out, reading);
+        lines->print(context.out, reading, state);
     } else {
         JSONWriter json;
         json.object([&] {
@@ -264,6 +268,9 @@ std::chrono::milliseconds untilNext(const QElapsedTimer& start, double interval)
 } // namespace
 
 ExitStatus perform(const ctl::Monitor& command, Context& context) {
+    // Rather than after hours of readings, when it is too late.
+    if (command.chart)
+        requireChartFile(*command.chart, context);
     const Machine machine = context.makeMachine();
     Source source(machine, context.clock);
     const Overheard agent(machine);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -90,6 +91,35 @@ TEST_F(ChartCommands, MonitorWritesAPictureWhenItEnds) {
     const std::string svg = read("m.svg");
     for (const char* words : {">Monitor<", ">CPU hottest<", ">Fans<", ">Load<"})
         EXPECT_NE(svg.find(words), std::string::npos) << words;
+}
+
+TEST_F(ChartCommands, MonitorTellsAtOnceThatItCannotWriteThePicture) {
+    const auto start = [this](const QString& chart) {
+        // Would go on for an hour.
+        return run({"monitor", "--count", "2", "--interval", "3600", "--chart", chart});
+    };
+    EXPECT_EQ(start(path("no such folder/m.svg")), ExitStatus::refused);
+    EXPECT_TRUE(errors.starts_with("tervalectl: Cannot write ")) << errors;
+    EXPECT_EQ(output, "");
+    std::filesystem::create_directory(folder.path / "folder.svg");
+    EXPECT_EQ(start(path("folder.svg")), ExitStatus::refused);
+    EXPECT_EQ(output, "");
+    drawPNG = [](const std::string&) -> std::string { throw refusal("No window."); };
+    EXPECT_EQ(start(path("m.png")), ExitStatus::refused);
+    EXPECT_EQ(errors, "tervalectl: No window.\n");
+    EXPECT_EQ(output, "");
+}
+
+TEST_F(ChartCommands, MonitorLeavesAnOldPictureUntilThereIsAnother) {
+    std::ofstream(folder.path / "m.svg") << "the old one";
+    mac.setService(service::Absent{});
+    EXPECT_EQ(run({"monitor", "--count", "1", "--chart", path("m.svg")}), ExitStatus::refused);
+    EXPECT_EQ(read("m.svg"), "the old one");
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path))
+        files.push_back(entry.path().filename());
+    std::ranges::sort(files);
+    EXPECT_EQ(files, (std::vector<std::string>{"m.svg", "p.json"})) << "nothing stays beside it";
 }
 
 TEST_F(ChartCommands, MonitorDrawsOverItsLastDrawingInATerminal) {

@@ -47,6 +47,24 @@ TEST(CurveText, HasTheAxisOfItsKind) {
     EXPECT_TRUE(load[9].endsWith("  %"));
 }
 
+TEST(CurveText, IsWiderWherePointsLieBesideTheUsualTemperatures) {
+    for (const double x : {0.0, 19.0, 111.0, 120.0}) {
+        const QStringList lines = linesOf({{{x, 0.0}, {60, 0.5}}});
+        ASSERT_EQ(lines.size(), 9 + 1 + 1) << x;
+        EXPECT_TRUE(lines[9].trimmed().startsWith("0 ")) << x;
+        EXPECT_TRUE(lines[9].contains("120")) << x;
+        const auto point = lines[8].indexOf('O');
+        ASSERT_GE(point, 8) << x;
+        // Over where its figure is, or would be.
+        const auto zero = lines[9].indexOf('0');
+        const auto last = lines[9].indexOf("120") + 1;
+        EXPECT_NEAR(static_cast<double>(point),
+                    static_cast<double>(zero) + x / 120 * static_cast<double>(last - zero), 1)
+            << x;
+    }
+    EXPECT_FALSE(linesOf({{{20, 0}, {110, 1}}})[9].contains("120"));
+}
+
 TEST(CurveText, DrawsInTheColorsOfTheTemperature) {
     const std::string text = curveText(rising, CurveAxis::temperature,
                                        {.columns = 80, .colors = TextStyle::Colors::all});
@@ -58,4 +76,6 @@ TEST(CurveText, DrawsNothingOfWhatCannotBeDrawn) {
     EXPECT_EQ(curveText({}, CurveAxis::load, plain), "");
     EXPECT_EQ(curveText({{{-1e308, 0}, {1e308, 1}}}, CurveAxis::load, plain), "");
     EXPECT_EQ(curveText({{{10, 7}}}, CurveAxis::load, plain), "");
+    EXPECT_EQ(curveText({{{60, 0}, {121, 1}}}, CurveAxis::temperature, plain), "");
+    EXPECT_EQ(curveText({{{-1, 0}, {60, 1}}}, CurveAxis::temperature, plain), "");
 }

@@ -222,6 +222,21 @@ TEST_F(MachineCommands, MonitorTellsWhatTheAgentSays) {
     EXPECT_TRUE(std::holds_alternative<MachineReading>(decode<MachineReading>(output)));
 }
 
+TEST_F(MachineCommands, MonitorShowsWhatTheSafetyLatchDoes) {
+    ScriptedAgent agent(center);
+    agent.state.status = "Too hot: Max until it is cooler.";
+    QTimer::singleShot(300, &later, [&] {
+        agent.state.status.reset();
+        Bridge(center).publish(agent.state);
+    });
+    ASSERT_EQ(run({"monitor", "--count", "2", "--interval", "0.5"}), ExitStatus::done);
+    const auto shown = QString::fromStdString(output).split('\n');
+    ASSERT_EQ(shown.size(), 4) << output;
+    EXPECT_TRUE(shown[0].endsWith("SAFETY")) << output;
+    EXPECT_TRUE(shown[1].endsWith("engaged")) << output;
+    EXPECT_FALSE(shown[2].contains("engaged")) << output;
+}
+
 TEST_F(MachineCommands, MonitorTellsThatATimerHasEnded) {
     ScriptedAgent agent(center);
     agent.state.timerAction = action::Fixed{1};
