@@ -1,18 +1,25 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
 
 #include "TervaleWindow/Accessibility/AccessibleChoice.h"
+#include "TervaleWindow/Accessibility/AccessibleContainer.h"
 #include "TervaleWindow/Accessibility/AccessibleFractionSlider.h"
 #include "TervaleWindow/Accessibility/AccessibleGauge.h"
+#include "TervaleWindow/Accessibility/AccessibleList.h"
+#include "TervaleWindow/Accessibility/AccessibleMenuButton.h"
 #include "TervaleWindow/Accessibility/AccessiblePopUp.h"
 #include "TervaleWindow/Accessibility/AccessibleTimeField.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
+#include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentButton.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/ThermalBar.h"
+
+#include <QListView>
 
 #include <algorithm>
 #include <vector>
@@ -21,12 +28,6 @@ namespace tervale {
 
 namespace {
 
-QAccessibleInterface* makeTimeField(QObject* object) {
-    return AccessiblePopUp::usualValues() == ChoiceValues::inValueInterface
-               ? makeAccessible<TimeField, AccessibleTimeField>(object)
-               : nullptr;
-}
-
 std::vector<AccessibleMaker>& makers() {
     static std::vector<AccessibleMaker> all{
         makeAccessible<ModeButton, AccessibleRadioButton>,
@@ -34,19 +35,24 @@ std::vector<AccessibleMaker>& makers() {
         makeAccessible<ToggleSwitch, AccessibleSwitch>,
         makeAccessible<PopUpButton, AccessiblePopUp>,
         makeAccessible<FractionSlider, AccessibleFractionSlider>,
-        makeTimeField,
+        makeAccessible<TimeField, AccessibleTimeField>,
+        makeAccessible<MenuButton, AccessibleMenuButton>,
+        makeAccessible<SymbolButton, AccessibleMenuButton>,
+        makeAccessible<QListView, AccessibleList>,
         makeAccessible<FanDial, AccessibleGauge>,
         makeAccessible<ThermalBar, AccessibleGauge>,
     };
     return all;
 }
 
-QAccessibleInterface* askMakers(const QString&, QObject* object) {
+QAccessibleInterface* askMakers(const QString& kind, QObject* object) {
     for (const AccessibleMaker maker : makers()) {
         if (QAccessibleInterface* made = maker(object))
             return made;
     }
-    return nullptr;
+    // Asked for each class of the object, the most general one last.
+    return kind == QLatin1String("QWidget") ? makeAccessible<QWidget, AccessibleContainer>(object)
+                                            : nullptr;
 }
 
 } // namespace

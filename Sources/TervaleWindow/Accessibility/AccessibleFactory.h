@@ -8,8 +8,9 @@ namespace tervale {
 /// Makes the interface of an object that it knows; null for every other object.
 using AccessibleMaker = QAccessibleInterface* (*)(QObject* object);
 
-/// Makes the toolkit hand out the window's own interfaces for controls and gauges. Before the first
-/// of them is named: the toolkit makes an interface then, and keeps it. More calls do nothing.
+/// Makes the toolkit hand out the window's own interfaces for controls, gauges, lists and whatever
+/// only holds others. Before the first of them is named: the toolkit makes an interface then, and
+/// keeps it. More calls do nothing.
 void installAccessibleFactory();
 
 /// Adds the interface of a widget that a pane has of its own, under the same condition. A maker

@@ -6,25 +6,16 @@
 
 namespace tervale {
 
-class FanDial;
-class ThermalBar;
-
-/// A gauge as assistive technology sees it: a value between limits that nobody sets.
-/// The value is that of `Gauge::reading`; `announceReading` tells of changes.
-class AccessibleGauge final : public QAccessibleWidget, public QAccessibleValueInterface {
+/// A gauge as assistive technology sees it: a text that holds its name and its reading. Not a value
+/// between limits, which a screen reader would speak of by itself and offer to raise.
+class AccessibleGauge final : public QAccessibleWidget {
   public:
-    explicit AccessibleGauge(FanDial& dial);
-    explicit AccessibleGauge(ThermalBar& bar);
+    template <class Widget>
+    explicit AccessibleGauge(Widget& widget) : AccessibleGauge(widget, widget) {}
 
-    void* interface_cast(QAccessible::InterfaceType type) override;
     QString text(QAccessible::Text kind) const override;
-    QAccessible::State state() const override;
-
-    QVariant currentValue() const override;
-    void setCurrentValue(const QVariant&) override {}
-    QVariant minimumValue() const override;
-    QVariant maximumValue() const override;
-    QVariant minimumStepSize() const override { return {}; }
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
 
   private:
     AccessibleGauge(QWidget& widget, const Gauge& described);

@@ -20,10 +20,15 @@ AccessiblePopUp::AccessiblePopUp(PopUpButton& button, ChoiceValues usedValues)
 void* AccessiblePopUp::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::ValueInterface && values == ChoiceValues::inValueInterface)
         return static_cast<QAccessibleValueInterface*>(this);
+    if (type == QAccessible::TextInterface && values == ChoiceValues::inTexts)
+        return static_cast<QAccessibleTextInterface*>(this);
     return QAccessibleWidget::interface_cast(type);
 }
 
 QString AccessiblePopUp::text(QAccessible::Text kind) const {
+    // A tool tip has the entry once more, as markup.
+    if (kind == QAccessible::Description)
+        return button()->accessibleDescription();
     return kind == QAccessible::Value ? button()->currentText() : QAccessibleWidget::text(kind);
 }
 
@@ -61,6 +66,10 @@ void AccessiblePopUp::doAction(const QString& name) {
         button()->hidePopup();
     else if (button()->isEnabled())
         button()->showPopup();
+}
+
+QString AccessiblePopUp::shownText() const {
+    return button()->currentText();
 }
 
 QVariant AccessiblePopUp::currentValue() const {

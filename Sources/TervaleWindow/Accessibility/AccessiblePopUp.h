@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TervaleWindow/Accessibility/AccessibleText.h"
+
 #include <QAccessibleWidget>
 
 namespace tervale {
@@ -10,18 +12,21 @@ class PopUpButton;
 enum class ChoiceValues {
     /// Through the value interface, as a Mac does.
     inValueInterface,
-    /// As the value among the texts. The value interface would be taken for a number.
+    /// As its text. The value interface would be taken for a number.
     inTexts,
 };
 
 /// A pop-up button with the name that it was given, on every system, and its entry as the value.
-class AccessiblePopUp final : public QAccessibleWidget, public QAccessibleValueInterface {
+class AccessiblePopUp final : public QAccessibleWidget,
+                              public QAccessibleValueInterface,
+                              private AccessibleText {
   public:
     static ChoiceValues usualValues();
 
     explicit AccessiblePopUp(PopUpButton& button, ChoiceValues values = usualValues());
 
     void* interface_cast(QAccessible::InterfaceType type) override;
+    using AccessibleText::text;
     QString text(QAccessible::Text kind) const override;
     QAccessible::State state() const override;
     int childCount() const override;
@@ -37,6 +42,7 @@ class AccessiblePopUp final : public QAccessibleWidget, public QAccessibleValueI
     QVariant minimumStepSize() const override { return {}; }
 
   private:
+    QString shownText() const override;
     PopUpButton* button() const;
 
     ChoiceValues values;

@@ -3,6 +3,10 @@
 #include "TervaleWindow/Accessibility/AccessibleReading.h"
 #include "TervaleWindow/Controls/TimeField.h"
 
+#include <QLineEdit>
+
+#include <cmath>
+
 namespace tervale {
 
 AccessibleTimeField::AccessibleTimeField(TimeField& described)
@@ -11,6 +15,10 @@ AccessibleTimeField::AccessibleTimeField(TimeField& described)
 void* AccessibleTimeField::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::ValueInterface)
         return static_cast<QAccessibleValueInterface*>(this);
+    if (type == QAccessible::TextInterface || type == QAccessible::EditableTextInterface) {
+        auto* typed = field()->findChild<QLineEdit*>();
+        return QAccessible::queryAccessibleInterface(typed)->interface_cast(type);
+    }
     return QAccessibleWidget::interface_cast(type);
 }
 
@@ -36,6 +44,13 @@ void AccessibleTimeField::doAction(const QString& name) {
 
 QVariant AccessibleTimeField::currentValue() const {
     return accessibleReading(field()->minuteOfDay(), field()->text());
+}
+
+void AccessibleTimeField::setCurrentValue(const QVariant& value) {
+    bool isNumber = false;
+    const double minute = std::round(value.toDouble(&isNumber));
+    if (isNumber && field()->isEnabled() && minute >= 0 && minute < TimeField::minutesPerDay)
+        field()->chooseMinuteOfDay(static_cast<int>(minute));
 }
 
 QVariant AccessibleTimeField::minimumValue() const {

@@ -1,6 +1,7 @@
 #include "TervaleWindow/Controls/Divider.h"
 
 #include "TervaleWindow/Appearance/Colors.h"
+#include "TervaleWindow/Controls/Decoration.h"
 
 #include <QPainter>
 
@@ -12,6 +13,7 @@ Divider::Divider(Qt::Orientation orientation, QWidget* parent) : QWidget(parent)
     else
         setFixedWidth(1);
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    markAsDecoration(*this);
 }
 
 void Divider::paintEvent(QPaintEvent*) {

@@ -45,6 +45,7 @@ PaneFrame::PaneFrame(const QString& title, QWidget* parent)
     scrollArea->setWidgetResizable(true);
     scrollArea->setFrameShape(QFrame::NoFrame);
     scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scrollArea->verticalScrollBar()->setAccessibleName(tr("Scroll bar"));
     // The window's ground shows through.
     scrollArea->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);

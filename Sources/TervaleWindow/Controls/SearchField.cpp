@@ -22,9 +22,20 @@ SearchField::SearchField(const QString& prompt, QWidget* parent)
     setPlaceholderText(prompt);
     setAccessibleName(prompt);
     setClearButtonEnabled(true);
+    nameButtons();
     markAsSearchField(*this);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     followPalette();
+}
+
+// They are buttons without a text, and the toolkit gives them no name.
+void SearchField::nameButtons() {
+    magnifier->setText(tr("Search"));
+    connect(magnifier, &QAction::triggered, this, [this] { setFocus(Qt::OtherFocusReason); });
+    for (QAction* action : findChildren<QAction*>()) {
+        if (action != magnifier)
+            action->setText(tr("Clear"));
+    }
 }
 
 QSize SearchField::sizeHint() const {

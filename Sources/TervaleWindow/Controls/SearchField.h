@@ -20,6 +20,7 @@ class SearchField : public QLineEdit {
     void changeEvent(QEvent* event) override;
 
   private:
+    void nameButtons();
     void followPalette();
 
     QAction* magnifier;

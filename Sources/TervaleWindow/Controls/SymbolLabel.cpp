@@ -31,6 +31,10 @@ void SymbolLabel::setText(const QString& text) {
     label->setText(text);
 }
 
+void SymbolLabel::setSpokenText(const QString& text) {
+    label->setAccessibleName(text);
+}
+
 void SymbolLabel::setForeground(const Foreground& wanted) {
     symbolView->setForeground(wanted);
     label->setForeground(wanted);

@@ -22,6 +22,8 @@ class SymbolLabel : public QWidget {
 
     QString text() const;
     void setText(const QString& text);
+    /// What assistive technology reads in place of the text.
+    void setSpokenText(const QString& text);
     void setForeground(const Foreground& wanted);
     void setTextStyle(const TextStyle& style);
     void setOverflow(Overflow overflow);

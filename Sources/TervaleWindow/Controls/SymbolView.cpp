@@ -1,5 +1,6 @@
 #include "TervaleWindow/Controls/SymbolView.h"
 
+#include "TervaleWindow/Controls/Decoration.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 
 #include <QPainter>
@@ -12,6 +13,7 @@ SymbolView::SymbolView(Symbol symbol, int side, Foreground wanted, QWidget* pare
       foreground(wanted) {
     setFixedSize(side, side);
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    markAsDecoration(*this);
 }
 
 void SymbolView::setSymbol(Symbol symbol) {

@@ -4,6 +4,7 @@
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/ForgetTyping.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
@@ -32,6 +33,8 @@ TimeField::TimeField(QWidget* parent) : QTimeEdit(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     followLocale();
     lineEdit()->installEventFilter(this);
+    // By its usual name the toolkit knows it for a part that nobody can read on its own.
+    lineEdit()->setObjectName(QString());
     connect(this, &QTimeEdit::userTimeChanged, this, &TimeField::announce);
     connect(this, &QTimeEdit::editingFinished, this, &TimeField::endTyping);
 }
@@ -61,9 +64,16 @@ void TimeField::stepBy(int steps) {
     else if (section == AmPmSection)
         amount = minutesPerDay / 2;
     const int moved = (minuteOfDay() + steps * amount) % minutesPerDay;
-    setTime(timeAt((moved + minutesPerDay) % minutesPerDay));
+    chooseMinuteOfDay((moved + minutesPerDay) % minutesPerDay);
     setSelectedSection(section);
+}
+
+void TimeField::chooseMinuteOfDay(int minute) {
+    precondition(minute >= 0 && minute < minutesPerDay, "a minute of the day is 0 to 1439");
+    setTime(timeAt(minute));
     announce();
+    QAccessibleValueChangeEvent event(this, minute);
+    QAccessible::updateAccessibility(&event);
 }
 
 QAbstractSpinBox::StepEnabled TimeField::stepEnabled() const {

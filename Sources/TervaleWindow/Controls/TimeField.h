@@ -21,6 +21,8 @@ class TimeField : public QTimeEdit {
     int minuteOfDay() const;
     /// Shows another time without any signal. Anything outside 0 to 1439 is a programming error.
     void setMinuteOfDay(int minute);
+    /// As the user does.
+    void chooseMinuteOfDay(int minute);
 
     void stepBy(int steps) override;
 

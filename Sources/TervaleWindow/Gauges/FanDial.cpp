@@ -45,12 +45,12 @@ FanDial::FanDial(QWidget* parent)
 
 void FanDial::set(const Value& value) {
     const FanDialTexts texts = textsOf(value);
-    const bool changed = value.rpm != lastValue.rpm;
+    const QString before = reading();
     lastValue = value;
     write(texts);
     arcView->set(value.fill(), value.tickFraction());
-    if (changed)
-        announceReading(*this, value.rpm);
+    if (reading() != before)
+        tellReading(*this);
 }
 
 // Only what reads differently now is painted again.
@@ -86,10 +86,10 @@ void FanDial::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
 }
 
-GaugeReading FanDial::reading() const {
-    return {.value = lastValue.rpm,
-            .range = {lastValue.min, lastValue.max},
-            .text = QString("%1 rpm").arg(toWholeNumber(lastValue.rpm), 0, 'f', 0)};
+QString FanDial::reading() const {
+    return QString("%1 rpm, %2")
+        .arg(toWholeNumber(lastValue.rpm), 0, 'f', 0)
+        .arg(writtenTexts.capsule);
 }
 
 QSize FanDial::sizeHint() const {

@@ -36,7 +36,8 @@ class FanDial : public QWidget, public Gauge {
     const FanDialTexts& texts() const { return writtenTexts; }
     const ArcLayerView& arc() const { return *arcView; }
 
-    GaugeReading reading() const override;
+    /// Such as "1732 rpm, Set by Tervale".
+    QString reading() const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -5,10 +5,9 @@
 
 namespace tervale {
 
-void announceReading(QWidget& gauge, double value) {
-    if (!QAccessible::isActive())
-        return;
-    QAccessibleValueChangeEvent event(&gauge, value);
+void tellReading(QWidget& gauge) {
+    // Not a change of value: screen readers speak of those, and a gauge ticks.
+    QAccessibleEvent event(&gauge, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
 }
 

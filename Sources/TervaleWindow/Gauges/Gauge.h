@@ -1,28 +1,21 @@
 #pragma once
 
-#include "Base/ClosedRange.h"
-
 #include <QString>
 
 class QWidget;
 
 namespace tervale {
 
-struct GaugeReading {
-    double value = 0;
-    ClosedRange range;
-    /// The value as people read it, with its unit.
-    QString text;
-};
-
-/// A widget that shows one value between limits.
+/// A widget that shows one reading, which nobody sets.
 class Gauge {
   public:
     virtual ~Gauge() = default;
-    virtual GaugeReading reading() const = 0;
+    /// As people read it, with its unit, such as "58 °C".
+    virtual QString reading() const = 0;
 };
 
-/// Tells assistive technology, if there is any, that a gauge's value has changed.
-void announceReading(QWidget& gauge, double value);
+/// Tells assistive technology, if there is any, that a gauge reads otherwise now. It reads that
+/// anew when somebody comes to the gauge, and says nothing by itself.
+void tellReading(QWidget& gauge);
 
 } // namespace tervale

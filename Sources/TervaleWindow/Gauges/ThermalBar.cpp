@@ -11,15 +11,15 @@ ThermalBar::ThermalBar(int height, QWidget* parent) : BarLayerView(parent) {
 }
 
 void ThermalBar::setValue(double celsius) {
-    const QString textBefore = reading().text;
+    const QString before = reading();
     lastValue = celsius;
     setFraction(fractionOf(celsius, thermalBarRange));
-    if (reading().text != textBefore)
-        announceReading(*this, celsius);
+    if (reading() != before)
+        tellReading(*this);
 }
 
-GaugeReading ThermalBar::reading() const {
-    return {.value = lastValue, .range = thermalBarRange, .text = celsius(lastValue)};
+QString ThermalBar::reading() const {
+    return celsius(lastValue);
 }
 
 QSize ThermalBar::sizeHint() const {

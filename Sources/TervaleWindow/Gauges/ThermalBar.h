@@ -18,7 +18,7 @@ class ThermalBar : public BarLayerView, public Gauge {
     void setValue(double celsius);
     double value() const { return lastValue; }
 
-    GaugeReading reading() const override;
+    QString reading() const override;
     QSize sizeHint() const override;
 
   private:

@@ -3,6 +3,7 @@
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Appearance/MenuTitle.h"
+#include "TervaleWindow/Controls/Decoration.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
@@ -83,6 +84,8 @@ QLayout* ControlsPanel::makeSliderRow() {
     slider = new FractionSlider;
     slider->setAccessibleName(QStringLiteral("Fan speed"));
     sliderFigure = new TabularLabel(roundedFont(15, QFont::Medium));
+    // The slider is read with it.
+    markAsDecoration(*sliderFigure);
     sliderFigure->setFixedWidth(46);
     sliderFigure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(slider, &FractionSlider::fractionChanged, this,

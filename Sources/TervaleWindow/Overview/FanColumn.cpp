@@ -1,6 +1,7 @@
 #include "TervaleWindow/Overview/FanColumn.h"
 
 #include "Profiles/DisplayText.h"
+#include "TervaleWindow/Controls/Decoration.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Gauges/FanDial.h"
 
@@ -14,7 +15,10 @@ constexpr int captionOverlap = 4;
 FanColumn::FanColumn(QWidget* parent)
     : QWidget(parent),
       dial(new FanDial(this)),
-      number(new TextLabel({}, TextStyle::caption(), TextColor::secondary, this)) {}
+      number(new TextLabel({}, TextStyle::caption(), TextColor::secondary, this)) {
+    // The dial has it for a name.
+    markAsDecoration(*number);
+}
 
 void FanColumn::show(const Model::DisplayFan& fan, Caption caption) {
     const QString title = QString::fromStdString(displayText::fan(fan.index));

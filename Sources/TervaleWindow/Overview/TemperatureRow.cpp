@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Controls/Decoration.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/TightLayout.h"
@@ -24,7 +25,10 @@ TemperatureRow::TemperatureRow(SensorGroup group, QGridLayout& grid, int row)
       hottestFigure(new TabularLabel(systemFont(fontSize::caption), TextColor::secondary)) {
     const auto name = group.title();
     title->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    // The bar is read with both.
     bar->setAccessibleName(title->text());
+    markAsDecoration(*title);
+    markAsDecoration(*figure);
     figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     hottestFigure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     figure->setLineHeight(20);
@@ -49,7 +53,15 @@ void TemperatureRow::show(std::optional<double> value, std::optional<double> hot
     figure->setForeground(ThermalColor{*value});
     hottestFigure->setVisible(hottest.has_value());
     if (hottest)
-        hottestFigure->setText(QStringLiteral("hottest core ") + celsius(*hottest));
+        showHottest(QStringLiteral("hottest core ") + celsius(*hottest));
+}
+
+void TemperatureRow::showHottest(const QString& text) {
+    if (text == hottestFigure->text())
+        return;
+    // First, since a label without a name of its own tells of its text.
+    hottestFigure->setAccessibleName(QStringLiteral("%1, %2").arg(title->text(), text));
+    hottestFigure->setText(text);
 }
 
 } // namespace tervale

@@ -4,6 +4,7 @@
 
 #include <QGridLayout>
 #include <QObject>
+#include <QString>
 
 #include <optional>
 
@@ -27,6 +28,8 @@ class TemperatureRow final : public QObject {
     bool isShown() const { return shown; }
 
   private:
+    void showHottest(const QString& text);
+
     bool shown = false;
     TextLabel* title;
     ThermalBar* bar;

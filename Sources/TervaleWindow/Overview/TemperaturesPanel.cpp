@@ -1,6 +1,7 @@
 #include "TervaleWindow/Overview/TemperaturesPanel.h"
 
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Controls/Decoration.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Gauges/GaugeMath.h"
 #include "TervaleWindow/Overview/TemperatureRow.h"
@@ -32,6 +33,7 @@ QLayout* makeHeader() {
 
 QWidget* makeScale() {
     auto* scale = new QWidget;
+    markAsDecoration(*scale);
     auto* row = new QHBoxLayout(scale);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(caption(celsius(thermalBarRange.lower)));

@@ -19,6 +19,8 @@ void TimerLabel::show(const TimerLine& line) {
     if (line == whole)
         return;
     whole = line;
+    // Where the line is shortened to the eye.
+    setSpokenText(whole.text());
     updateGeometry();
     fit();
 }

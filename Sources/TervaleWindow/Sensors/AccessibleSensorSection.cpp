@@ -1,9 +1,8 @@
 #include "TervaleWindow/Sensors/AccessibleSensorSection.h"
 
+#include "TervaleWindow/Accessibility/AccessibleChildren.h"
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
-#include "TervaleWindow/Accessibility/AccessibleReading.h"
 #include "TervaleWindow/Appearance/Format.h"
-#include "TervaleWindow/Gauges/GaugeMath.h"
 #include "TervaleWindow/Sensors/SensorSectionCard.h"
 
 #include <QAccessibleWidget>
@@ -13,8 +12,9 @@ namespace tervale {
 
 namespace {
 
-/// The row at a fixed place of a section; invalid while there are fewer rows.
-class AccessibleSensorRow final : public QAccessibleInterface, public QAccessibleValueInterface {
+/// The row at a fixed place of a section; invalid while there are fewer rows. Its reading is a part
+/// of its name: a value between limits would be offered to be raised.
+class AccessibleSensorRow final : public QAccessibleInterface {
   public:
     AccessibleSensorRow(SensorSectionCard& owner, int place) : card(&owner), index(place) {}
 
@@ -31,20 +31,10 @@ class AccessibleSensorRow final : public QAccessibleInterface, public QAccessibl
     QAccessible::Role role() const override { return QAccessible::ListItem; }
     void setText(QAccessible::Text, const QString&) override {}
 
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
-                                                   : nullptr;
-    }
-
     QString text(QAccessible::Text kind) const override {
-        if (!isValid())
-            return {};
-        if (kind == QAccessible::Name)
-            return row().name;
-        // Some screen readers say an item's description only, others its value only.
-        if (kind == QAccessible::Value || kind == QAccessible::Description)
-            return celsius(row().value);
-        return {};
+        return isValid() && kind == QAccessible::Name
+                   ? QStringLiteral("%1, %2").arg(row().name, celsius(row().value))
+                   : QString();
     }
 
     QRect rect() const override {
@@ -59,21 +49,12 @@ class AccessibleSensorRow final : public QAccessibleInterface, public QAccessibl
         state.invalid = !isValid();
         if (state.invalid)
             return state;
-        state.readOnly = true;
         state.focusable = true;
         state.focused = card->currentRow() == index;
         state.invisible = !card->isVisible();
         state.offscreen = !card->visibleRegion().intersects(card->sectionLayout().row(index).row);
         return state;
     }
-
-    QVariant currentValue() const override {
-        return isValid() ? accessibleReading(row().value, celsius(row().value)) : QVariant();
-    }
-    void setCurrentValue(const QVariant&) override {}
-    QVariant minimumValue() const override { return thermalBarRange.lower; }
-    QVariant maximumValue() const override { return thermalBarRange.upper; }
-    QVariant minimumStepSize() const override { return {}; }
 
   private:
     const SensorRow& row() const { return card->section().rows[static_cast<std::size_t>(index)]; }
@@ -85,11 +66,8 @@ class AccessibleSensorRow final : public QAccessibleInterface, public QAccessibl
 class AccessibleSensorSection final : public QAccessibleWidget {
   public:
     explicit AccessibleSensorSection(SensorSectionCard& card)
-        : QAccessibleWidget(&card, QAccessible::List) {}
-    ~AccessibleSensorSection() override {
-        for (const QAccessible::Id row : rows)
-            QAccessible::deleteAccessibleInterface(row);
-    }
+        : QAccessibleWidget(&card, QAccessible::List),
+          rows([&card](int place) { return new AccessibleSensorRow(card, place); }) {}
 
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Description ? card().section().count()
@@ -99,13 +77,7 @@ class AccessibleSensorSection final : public QAccessibleWidget {
     int childCount() const override { return card().rowCount(); }
 
     QAccessibleInterface* child(int index) const override {
-        if (index < 0 || index >= childCount())
-            return nullptr;
-        // An interface stays the same for as long as anybody may know it.
-        while (static_cast<int>(rows.size()) <= index)
-            rows.push_back(QAccessible::registerAccessibleInterface(
-                new AccessibleSensorRow(card(), static_cast<int>(rows.size()))));
-        return QAccessible::accessibleInterface(rows[static_cast<std::size_t>(index)]);
+        return index >= 0 && index < childCount() ? rows.at(index) : nullptr;
     }
 
     QAccessibleInterface* childAt(int x, int y) const override {
@@ -118,11 +90,7 @@ class AccessibleSensorSection final : public QAccessibleWidget {
     }
 
     int indexOfChild(const QAccessibleInterface* sought) const override {
-        for (int index = 0; index < static_cast<int>(rows.size()); ++index) {
-            if (child(index) == sought)
-                return sought ? index : -1;
-        }
-        return -1;
+        return rows.indexOf(sought);
     }
 
     QAccessibleInterface* focusChild() const override {
@@ -133,8 +101,16 @@ class AccessibleSensorSection final : public QAccessibleWidget {
   private:
     SensorSectionCard& card() const { return *static_cast<SensorSectionCard*>(object()); }
 
-    mutable std::vector<QAccessible::Id> rows;
+    mutable AccessibleChildren rows;
 };
+
+void tellOfCurrentRow(SensorSectionCard& card, QAccessible::Event type) {
+    if (!card.currentRow())
+        return;
+    QAccessibleEvent event(&card, type);
+    event.setChild(*card.currentRow());
+    QAccessible::updateAccessibility(&event);
+}
 
 } // namespace
 
@@ -142,19 +118,19 @@ void registerAccessibleSensorSection() {
     registerAccessible(makeAccessible<SensorSectionCard, AccessibleSensorSection>);
 }
 
-void announceSensorList(SensorSectionCard& card) {
-    if (!QAccessible::isActive())
-        return;
+void tellSensorList(SensorSectionCard& card) {
     QAccessibleEvent event(&card, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&event);
 }
 
-void announceCurrentSensor(SensorSectionCard& card) {
-    if (!QAccessible::isActive() || !card.currentRow())
-        return;
-    QAccessibleEvent event(&card, QAccessible::Focus);
-    event.setChild(*card.currentRow());
-    QAccessible::updateAccessibility(&event);
+void tellCurrentReading(SensorSectionCard& card) {
+    tellOfCurrentRow(card, QAccessible::NameChanged);
+}
+
+void tellCurrentSensor(SensorSectionCard& card) {
+    // Whoever read the row before may remember an old reading.
+    tellCurrentReading(card);
+    tellOfCurrentRow(card, QAccessible::Focus);
 }
 
 } // namespace tervale

@@ -9,8 +9,10 @@ class SensorSectionCard;
 void registerAccessibleSensorSection();
 
 /// Tells assistive technology, if there is any, that a section holds other sensors than before.
-void announceSensorList(SensorSectionCard& card);
+void tellSensorList(SensorSectionCard& card);
 /// Tells it that the focus went to the section's current row.
-void announceCurrentSensor(SensorSectionCard& card);
+void tellCurrentSensor(SensorSectionCard& card);
+/// Tells it that this row reads otherwise now. Of the other rows nothing is told: readings tick.
+void tellCurrentReading(SensorSectionCard& card);
 
 } // namespace tervale

@@ -3,6 +3,7 @@
 #include "Base/Precondition.h"
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Controls/TextLabel.h"
+#include "TervaleWindow/Sensors/AccessibleSensorSection.h"
 #include "TervaleWindow/Sensors/SensorSectionCard.h"
 
 #include <QKeyEvent>
@@ -120,6 +121,7 @@ void SensorList::keyPressEvent(QKeyEvent* event) {
     }
     const std::int64_t from = currentIndex().value_or(*step > 0 ? -1 : rowCount());
     goTo(static_cast<int>(std::clamp<std::int64_t>(from + *step, 0, rowCount() - 1)));
+    tellCurrent();
 }
 
 void SensorList::focusInEvent(QFocusEvent* event) {
@@ -128,6 +130,13 @@ void SensorList::focusInEvent(QFocusEvent* event) {
         showCurrent();
     else
         goTo(0);
+    // The toolkit tells of the list itself right after this event.
+    QMetaObject::invokeMethod(this, &SensorList::tellCurrent, Qt::QueuedConnection);
+}
+
+void SensorList::tellCurrent() {
+    for (SensorSectionCard* card : cards)
+        tellCurrentSensor(*card);
 }
 
 void SensorList::focusOutEvent(QFocusEvent* event) {

@@ -41,6 +41,7 @@ class SensorList final : public QWidget {
     int rowsOnScreen() const;
     void goTo(int index);
     void showCurrent();
+    void tellCurrent();
 
     std::vector<SensorSectionCard*> cards;
     TextLabel* emptyLabel;

@@ -62,12 +62,14 @@ void SensorSectionCard::setSection(SensorSection next) {
         animation.begin(longestWay());
     else
         animation.stop();
-    announce(before);
+    tellChange(before);
 }
 
-void SensorSectionCard::announce(const SensorSection& before) {
+void SensorSectionCard::tellChange(const SensorSection& before) {
     if (before.rows.size() != shown.rows.size())
-        announceSensorList(*this);
+        tellSensorList(*this);
+    else if (current && *current < rowCount())
+        tellCurrentReading(*this);
 }
 
 void SensorSectionCard::setCurrentRow(std::optional<int> row) {
@@ -75,8 +77,6 @@ void SensorSectionCard::setCurrentRow(std::optional<int> row) {
         return;
     current = row;
     update();
-    if (current)
-        announceCurrentSensor(*this);
 }
 
 SensorSectionLayout SensorSectionCard::sectionLayout() const {

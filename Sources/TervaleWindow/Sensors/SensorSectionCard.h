@@ -40,7 +40,7 @@ class SensorSectionCard final : public Card {
     Transition lengths(int row) const;
     /// Of the bars that are on screen, in pixels.
     double longestWay() const;
-    void announce(const SensorSection& before);
+    void tellChange(const SensorSection& before);
 
     SensorSection shown;
     /// Of each row's bar, from 0 to 1.

@@ -76,6 +76,8 @@ QWidget* SettingsView::makeLaunchPanel() {
         QStringLiteral(
             "Starts Tervale in the menu bar when you log in, with the last profile running."),
         TextStyle::caption(), TextColor::secondary);
+    // The switch has it for a name.
+    title->setBuddy(toggle);
     toggle->setAccessibleDescription(caption->text());
 
     const auto update = [this, title, toggle] {

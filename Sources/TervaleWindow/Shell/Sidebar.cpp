@@ -1,5 +1,6 @@
 #include "TervaleWindow/Shell/Sidebar.h"
 
+#include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Shell/SidebarRowDelegate.h"
 #include "TervaleWindow/Shell/SidebarSummary.h"
@@ -11,6 +12,8 @@ namespace tervale {
 
 Sidebar::Sidebar(Model& model, QWidget* parent) : QWidget(parent), list(new QListWidget) {
     setFixedWidth(width);
+    // Before the first widget is named.
+    installAccessibleFactory();
     list->setAccessibleName(QStringLiteral("Panes"));
     list->setItemDelegate(new SidebarRowDelegate(list));
     list->setFrameShape(QFrame::NoFrame);
@@ -20,10 +23,7 @@ Sidebar::Sidebar(Model& model, QWidget* parent) : QWidget(parent), list(new QLis
         auto* item = new QListWidgetItem(title(pane), list);
         item->setData(SidebarRowDelegate::symbolRole, static_cast<int>(symbol(pane)));
     }
-    connect(list, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row >= 0)
-            emit sectionChosen(allPanes[static_cast<std::size_t>(row)]);
-    });
+    connect(list, &QListWidget::itemSelectionChanged, this, &Sidebar::tellChoice);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 12, 1, 0);
@@ -38,6 +38,13 @@ Sidebar::Sidebar(Model& model, QWidget* parent) : QWidget(parent), list(new QLis
 void Sidebar::setSection(std::optional<Pane> section) {
     const QSignalBlocker quiet(list);
     list->setCurrentRow(section ? static_cast<int>(*section) : -1);
+}
+
+// The row that is selected is the one that is marked, whatever selected it.
+void Sidebar::tellChoice() {
+    const QModelIndexList selected = list->selectionModel()->selectedRows();
+    if (!selected.isEmpty())
+        emit sectionChosen(allPanes[static_cast<std::size_t>(selected.front().row())]);
 }
 
 void Sidebar::paintEvent(QPaintEvent*) {

@@ -30,6 +30,8 @@ class Sidebar final : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void tellChoice();
+
     QListWidget* list;
 };
 

@@ -46,6 +46,8 @@ SidebarSummary::Row SidebarSummary::addRow(Symbol symbol, const QString& title) 
 }
 
 void SidebarSummary::showFigure(const Row& row, const QString& figure) {
+    if (row.figure->text() == figure)
+        return;
     row.figure->setText(figure);
     // The symbol, which tells people what the figure is of, is not spoken.
     row.figure->setAccessibleName(tr("%1, %2").arg(row.title, figure));

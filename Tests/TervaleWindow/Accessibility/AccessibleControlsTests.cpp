@@ -1,17 +1,21 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Accessibility/AccessiblePopUp.h"
-#include "TervaleWindow/Accessibility/AccessibleTimeField.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
+#include "TervaleWindow/Controls/MenuButton.h"
 #include "TervaleWindow/Controls/ModeButton.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
+#include "TervaleWindow/Controls/SearchField.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
 
 #include <QAbstractItemView>
+#include <QMenu>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QToolButton>
 
 using namespace tervale;
 
@@ -112,6 +116,61 @@ TEST_F(AccessibleControls, GiveThePopUpsEntryAsItsValueWhereValuesAreTexts) {
     EXPECT_EQ(elsewhere.valueInterface(), nullptr);
 }
 
+TEST_F(AccessibleControls, ReadThePopUpsEntryAsItsTextElsewhere) {
+    PopUpButton& button = show(profiles());
+    button.setToolTip("<p>No profile</p>");
+    QAccessibleTextInterface* entry = accessible(button)->textInterface();
+    ASSERT_NE(entry, nullptr);
+    EXPECT_EQ(entry->text(0, entry->characterCount()), "No profile");
+    button.setCurrentIndex(1);
+    EXPECT_EQ(entry->text(0, entry->characterCount()), "Quiet");
+    EXPECT_EQ(accessible(button)->text(QAccessible::Description), "");
+    AccessiblePopUp onAMac(button, ChoiceValues::inValueInterface);
+    EXPECT_EQ(onAMac.textInterface(), nullptr);
+}
+
+TEST_F(AccessibleControls, OpenAMenuByAnActionThatReturns) {
+    MenuButton& button = show(new MenuButton("Timer", new QMenu));
+    QSignalSpy chosen(button.menu()->addAction("1 hour"), &QAction::triggered);
+    EXPECT_EQ(accessible(button)->role(), QAccessible::ButtonMenu);
+    EXPECT_EQ(accessible(button)->text(QAccessible::Name), "Timer");
+    act(button, QAccessibleActionInterface::showMenuAction());
+    ASSERT_TRUE(button.menu()->isVisible());
+    EXPECT_TRUE(accessible(button)->state().expanded);
+    QAccessibleInterface* menu = accessible(button)->child(0);
+    EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+    EXPECT_EQ(accessible(button)->indexOfChild(menu), 0);
+    menu->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_FALSE(button.menu()->isVisible());
+    act(button, QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(button.menu()->isVisible());
+    act(button, QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(button.menu()->isVisible());
+}
+
+TEST_F(AccessibleControls, PressAButtonWithoutAMenu) {
+    SymbolButton& button = show(new SymbolButton(Symbol::minus, "Remove profile"));
+    QSignalSpy clicks(&button, &QAbstractButton::clicked);
+    EXPECT_EQ(accessible(button)->role(), QAccessible::Button);
+    EXPECT_EQ(accessible(button)->text(QAccessible::Description), "");
+    act(button, QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks.count(), 1);
+    button.setEnabled(false);
+    EXPECT_FALSE(accessible(button)->actionInterface()->actionNames().contains(
+        QAccessibleActionInterface::pressAction()));
+}
+
+TEST_F(AccessibleControls, NameTheButtonsOfASearch) {
+    SearchField& field = show(new SearchField("Filter sensors"));
+    field.setText("gpu");
+    QStringList names;
+    for (auto* button : field.findChildren<QToolButton*>())
+        names << accessible(*button)->text(QAccessible::Name);
+    names.sort();
+    EXPECT_EQ(names, (QStringList{"Clear", "Search"}));
+}
+
 TEST_F(AccessibleControls, ShowTheSliderInPercent) {
     auto& slider = show(new FractionSlider);
     slider.setAccessibleName("Speed");
@@ -148,33 +207,45 @@ TEST_F(AccessibleControls, MakeEachChangeOfTheSliderAGesture) {
     EXPECT_EQ(reports, "+-+-+-");
 }
 
-TEST_F(AccessibleControls, GiveTheTimeThatAFieldShowsAsItsValueWhereValuesAreTexts) {
+TEST_F(AccessibleControls, GiveTheTimeThatAFieldShowsAsItsValue) {
     auto& field = show(new TimeField);
     field.setLocale(QLocale::c());
     field.setAccessibleName("From");
     field.setMinuteOfDay(425);
-    AccessibleTimeField onAMac(field);
-    EXPECT_EQ(onAMac.role(), QAccessible::SpinBox);
-    EXPECT_EQ(onAMac.text(QAccessible::Name), "From");
-    EXPECT_EQ(onAMac.text(QAccessible::Value), field.text());
-    ASSERT_NE(onAMac.valueInterface(), nullptr);
-    EXPECT_EQ(onAMac.valueInterface()->currentValue().toString(), field.text());
-    EXPECT_EQ(onAMac.valueInterface()->currentValue().toDouble(), 425);
+    QAccessibleInterface* time = accessible(field);
+    EXPECT_EQ(time->role(), QAccessible::SpinBox);
+    EXPECT_EQ(time->text(QAccessible::Name), "From");
+    EXPECT_EQ(time->text(QAccessible::Value), field.text());
+    ASSERT_NE(time->valueInterface(), nullptr);
+    EXPECT_EQ(time->valueInterface()->currentValue().toString(), field.text());
+    EXPECT_EQ(time->valueInterface()->currentValue().toDouble(), 425);
 }
 
 TEST_F(AccessibleControls, StepATimeAsTheKeysDo) {
     auto& field = show(new TimeField);
     field.setMinuteOfDay(425);
-    AccessibleTimeField onAMac(field);
     QSignalSpy changes(&field, &TimeField::minuteOfDayChanged);
-    onAMac.doAction(QAccessibleActionInterface::increaseAction());
+    act(field, QAccessibleActionInterface::increaseAction());
     EXPECT_NE(field.minuteOfDay(), 425);
-    onAMac.doAction(QAccessibleActionInterface::decreaseAction());
+    act(field, QAccessibleActionInterface::decreaseAction());
     EXPECT_EQ(field.minuteOfDay(), 425);
     EXPECT_EQ(changes.count(), 2);
 }
 
-TEST_F(AccessibleControls, LeaveATimesTextToTheToolkitElsewhere) {
+TEST_F(AccessibleControls, SetATimeAsThePersonDoes) {
     auto& field = show(new TimeField);
-    EXPECT_NE(accessible(field)->textInterface(), nullptr);
+    field.setLocale(QLocale::c());
+    QSignalSpy changes(&field, &TimeField::minuteOfDayChanged);
+    QAccessibleValueInterface* value = accessible(field)->valueInterface();
+    value->setCurrentValue(8 * 60);
+    EXPECT_EQ(field.text(), "08:00");
+    for (const QVariant& none : {QVariant(-1), QVariant(1440), QVariant("no number")})
+        value->setCurrentValue(none);
+    EXPECT_EQ(changes.count(), 1);
+    QAccessibleTextInterface* text = accessible(field)->textInterface();
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->text(0, text->characterCount()), "08:00");
+    accessible(field)->editableTextInterface()->replaceText(0, 5, "09:30");
+    EXPECT_EQ(field.minuteOfDay(), 9 * 60 + 30);
+    EXPECT_EQ(changes.count(), 2);
 }

@@ -75,17 +75,17 @@ TEST_F(OverviewGauges, ShowsTheAverageAndTheHottestOfTheProcessorAndOneFigureOfO
     EXPECT_TRUE(shows("100 °C"));
 }
 
-TEST_F(OverviewGauges, NamesItsGaugesAndTheirValues) {
+TEST_F(OverviewGauges, ReadsItsGaugesInWords) {
     show();
-    const auto valueOf = [](QWidget* gauge) {
-        return QAccessible::queryAccessibleInterface(gauge)->text(QAccessible::Value);
+    const auto nameOf = [](QWidget* gauge) {
+        return QAccessible::queryAccessibleInterface(gauge)->text(QAccessible::Name);
     };
     auto* dial = named<FanDial>("Fan 1");
     ASSERT_NE(dial, nullptr);
-    EXPECT_EQ(valueOf(dial), "2893 rpm");
+    EXPECT_EQ(nameOf(dial), "Fan 1, 2893 rpm, Set by Tervale");
     auto* bar = named<ThermalBar>("CPU");
     ASSERT_NE(bar, nullptr);
-    EXPECT_EQ(valueOf(bar), "58 °C");
+    EXPECT_EQ(nameOf(bar), "CPU, 58 °C");
 }
 
 } // namespace

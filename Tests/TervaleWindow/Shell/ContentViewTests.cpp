@@ -96,6 +96,21 @@ TEST_F(Content, ShowsThePaneThatIsClicked) {
     EXPECT_NE(qobject_cast<ProfilesView*>(view->detail()), nullptr);
 }
 
+TEST_F(Content, ShowsThePaneThatAssistiveTechnologyChooses) {
+    show();
+    auto* rows = QAccessible::queryAccessibleInterface(&list());
+    rows->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(view->section(), Pane::profiles);
+    EXPECT_NE(qobject_cast<ProfilesView*>(view->detail()), nullptr);
+}
+
+TEST_F(Content, ShowsThePaneThatIsMarkedWhateverTheCurrentRow) {
+    show();
+    list().selectionModel()->select(list().model()->index(3, 0),
+                                    QItemSelectionModel::ClearAndSelect);
+    EXPECT_EQ(view->section(), Pane::settings);
+}
+
 TEST_F(Content, FollowsTheArrowKeys) {
     show();
     QTest::keyClick(&list(), Qt::Key_Down);
