@@ -7,7 +7,7 @@ AccessibleGauge::AccessibleGauge(QWidget& widget, const Gauge& described)
       gauge(described) {}
 
 QString AccessibleGauge::text(QAccessible::Text kind) const {
-    const QString given = QAccessibleWidget::text(kind);
+    QString given = QAccessibleWidget::text(kind);
     if (kind != QAccessible::Name)
         return given;
     return given.isEmpty() ? gauge.reading() : QStringLiteral("%1, %2").arg(given, gauge.reading());

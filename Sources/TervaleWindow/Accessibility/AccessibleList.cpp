@@ -69,8 +69,8 @@ class Row final : public QAccessibleInterface, public QAccessibleActionInterface
     QRect rect() const override {
         if (!isValid())
             return {};
-        const QRect place = list->visualRect(index());
-        return {list->viewport()->mapToGlobal(place.topLeft()), place.size()};
+        const QRect area = list->visualRect(index());
+        return {list->viewport()->mapToGlobal(area.topLeft()), area.size()};
     }
 
     QAccessible::State state() const override {
