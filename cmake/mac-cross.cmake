@@ -27,6 +27,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(Qt6_DIR ${CMAKE_CURRENT_LIST_DIR}/mac/packages/Qt6 CACHE PATH "")
 set(nlohmann_json_DIR ${CMAKE_CURRENT_LIST_DIR}/mac/packages/nlohmann_json CACHE PATH "")
+set(GTest_DIR ${CMAKE_CURRENT_LIST_DIR}/mac/packages/GTest CACHE PATH "")
+# The tests cannot be asked for their names here.
+set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)
 
 # Apple's frameworks: the declarations and the symbols that the adapters use.
 add_compile_options(SHELL:-isystem ${CMAKE_CURRENT_LIST_DIR}/mac/include)

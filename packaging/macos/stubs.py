@@ -10,6 +10,7 @@ class Stub:
     def __init__(self, path):
         text = Path(path).read_text()
         self.install_name = re.search(r"^install-name:\s*'?([^'\n]+)'?", text, re.MULTILINE).group(1)
+        self.version = re.search(r"^current-version:\s*(\S+)", text, re.MULTILINE).group(1)
         self.symbols = set()
         # The parts of each library's exports begin with the targets that they are for.
         for part in re.split(r"^  - (?=targets:)", text, flags=re.MULTILINE)[1:]:
