@@ -108,6 +108,7 @@ void ProfilesList::showRows() {
     {
         const QScopedValueRollback guard(displaying, true);
         std::vector<ProfilesListModel::Row> shown;
+        shown.reserve(draft.profiles().size());
         for (std::size_t index = 0; index < draft.profiles().size(); ++index)
             shown.push_back(rowOf(index));
         rows->setRows(std::move(shown));
