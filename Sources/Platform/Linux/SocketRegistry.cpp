@@ -145,8 +145,9 @@ class SocketRegistry::Link {
 };
 
 SocketRegistry::SocketRegistry(const std::filesystem::path& socketPath,
-                               std::chrono::milliseconds longestWait)
-    : patience(longestWait) {
+                               std::chrono::milliseconds longestWait, std::function<Time()> clock)
+    : patience(longestWait),
+      now(std::move(clock)) {
     // A bare name has no folder to look at. What cannot be made absolute finds no service.
     std::error_code error;
     path = std::filesystem::absolute(socketPath, error);
@@ -192,14 +193,14 @@ IORegistry::Status SocketRegistry::open(Service service, std::uint32_t type,
 }
 
 void SocketRegistry::restore(OpenConnection& connection) {
-    const auto now = std::chrono::steady_clock::now();
+    const Time time = now();
     const auto request = findRequest(connection.className);
-    if (now < connection.nextAttempt || !request)
+    if (time < connection.nextAttempt || !request)
         return;
     connection.link = std::make_unique<Link>(
         path, patience, std::deque<Request>{*request, openRequest(connection.type)});
     connection.pause = std::clamp(2 * connection.pause, shortestPause, longestPause);
-    connection.nextAttempt = now + connection.pause;
+    connection.nextAttempt = time + connection.pause;
 }
 
 void SocketRegistry::release(Service service) {

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -24,8 +25,12 @@ class SocketRegistry final : public IORegistry {
     static constexpr std::chrono::milliseconds shortestPause{100};
     static constexpr std::chrono::milliseconds longestPause{1000};
 
+    using Time = std::chrono::steady_clock::time_point;
+
+    /// `now` says when a process is looked for again.
     explicit SocketRegistry(const std::filesystem::path& path,
-                            std::chrono::milliseconds patience = defaultPatience);
+                            std::chrono::milliseconds patience = defaultPatience,
+                            std::function<Time()> now = std::chrono::steady_clock::now);
     ~SocketRegistry() override;
 
     std::optional<Service> findService(const std::string& className) override;
@@ -48,7 +53,7 @@ class SocketRegistry final : public IORegistry {
         std::uint32_t type = 0;
         std::unique_ptr<Link> link;
         /// Before that, a link that is lost is not made anew.
-        std::chrono::steady_clock::time_point nextAttempt{};
+        Time nextAttempt{};
         /// The last one, while there is no link.
         std::chrono::milliseconds pause{};
     };
@@ -59,6 +64,7 @@ class SocketRegistry final : public IORegistry {
 
     std::filesystem::path path;
     std::chrono::milliseconds patience;
+    std::function<Time()> now;
     std::map<Service, FoundService> services;
     std::map<Connection, OpenConnection> connections;
     std::uint32_t lastHandle = 0;

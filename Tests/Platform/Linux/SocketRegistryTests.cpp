@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <sys/stat.h>
 #include <thread>
@@ -238,34 +239,31 @@ TEST_F(SocketRegistryTest, StopsWaitingForASilentSideAndGoesOnWhenItAnswersAfter
 }
 
 TEST_F(SocketRegistryTest, GoesOnSoonAfterAnotherServesTheSocket) {
-    serve([](RawSocket& client, const Packet&) { client.send(success); });
-    SocketRegistry registry(path);
+    const auto succeed = [](RawSocket& client, const Packet&) { client.send(success); };
+    serve(succeed);
+    SocketRegistry::Time now = std::chrono::steady_clock::now();
+    SocketRegistry registry(path, SocketRegistry::defaultPatience, [&] { return now; });
     const auto connection = open(registry);
     IORegistry::Structure response{};
-    ASSERT_EQ(registry.callStruct(connection, 2, {}, response), 0);
-    hangUp();
-    const auto calls = [&](std::chrono::milliseconds time) {
-        const auto deadline = std::chrono::steady_clock::now() + time;
-        IORegistry::Status status = 0;
-        do {
-            status = registry.callStruct(connection, 2, {}, response);
-            std::this_thread::sleep_for(5ms);
-        } while (status != 0 && std::chrono::steady_clock::now() < deadline);
-        return status;
-    };
-    // Long enough for the pauses to grow.
-    EXPECT_EQ(calls(1000ms), notAttached);
-    serve([](RawSocket& client, const Packet&) { client.send(success); });
-    const auto began = std::chrono::steady_clock::now();
-    EXPECT_EQ(calls(20s), 0);
-    EXPECT_LT(std::chrono::steady_clock::now() - began, 2s);
-    // From now on the pauses are short again.
-    hangUp();
-    EXPECT_EQ(calls(50ms), notAttached);
-    serve([](RawSocket& client, const Packet&) { client.send(success); });
-    const auto again = std::chrono::steady_clock::now();
-    EXPECT_EQ(calls(20s), 0);
-    EXPECT_LT(std::chrono::steady_clock::now() - again, 900ms);
+    const auto call = [&] { return registry.callStruct(connection, 2, {}, response); };
+    ASSERT_EQ(call(), 0);
+    // Each time it is away for longer, and afterwards the pauses are short again.
+    const std::array pauses{100ms, 200ms, 400ms, 800ms, 1000ms, 1000ms};
+    for (std::size_t missed = 0; missed < pauses.size(); ++missed) {
+        SCOPED_TRACE(missed);
+        hangUp();
+        EXPECT_EQ(call(), notAttached) << "that it is gone shows";
+        EXPECT_EQ(call(), notAttached) << "and it is looked for at once";
+        for (std::size_t i = 0; i < missed; ++i) {
+            now += pauses.at(i);
+            EXPECT_EQ(call(), notAttached);
+        }
+        serve(succeed);
+        now += pauses.at(missed) - 1ms;
+        EXPECT_EQ(call(), notAttached) << "not before its time";
+        now += 1ms;
+        EXPECT_EQ(call(), 0);
+    }
 }
 
 TEST_F(SocketRegistryTest, WaitsOnceForAnotherThatDoesNotAnswerAtFirst) {
