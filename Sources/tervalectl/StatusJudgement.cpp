@@ -12,7 +12,10 @@ namespace {
 
 using namespace std::string_view_literals;
 
+/// Of a machine whose fans run at full speed; nothing comes before it.
 constexpr std::string_view tooHot = "Too hot: ";
+/// Behind what keeps them from it.
+constexpr std::string_view hotInVain = "It is too hot: ";
 /// Stands behind whatever else there is to tell.
 constexpr std::string_view dryRun = "Dry run: ";
 
@@ -32,11 +35,12 @@ bool tellsThatAllIsWell(const BridgeState& state) {
         return true;
     const auto begins = [&](std::string_view text) { return state.status->starts_with(text); };
     return !tellsStoringFailure(state) && state.status->find(dryRun) == std::string::npos &&
-           (tellsSafety(state) || std::ranges::any_of(answers, begins));
+           (begins(tooHot) || std::ranges::any_of(answers, begins));
 }
 
 bool tellsSafety(const BridgeState& state) {
-    return state.status && state.status->starts_with(tooHot);
+    return state.status && (state.status->starts_with(tooHot) ||
+                            state.status->find(hotInVain) != std::string::npos);
 }
 
 } // namespace tervale

@@ -9,7 +9,7 @@ namespace tervale {
 bool tellsThatAllIsWell(const BridgeState& state);
 
 /// Whether the agent says that the safety latch is engaged: the machine is too hot, and the fans
-/// run at full speed whatever was selected.
+/// run at full speed whatever was selected, or would if nothing kept them from it.
 bool tellsSafety(const BridgeState& state);
 
 } // namespace tervale

@@ -124,16 +124,20 @@ TEST_F(AgentCommands, TellWhetherTheSafetyLatchIsEngaged) {
             Bridge bridge(center);
             agent.state.status = "Too hot: Max until every CPU and GPU sensor is below 85 °C.";
             bridge.publish(agent.state);
+            agent.state.status =
+                "Fan 1 cannot be set. It is too hot: the fans should run at Max until "
+                "every CPU and GPU sensor is below 85 °C.";
+            bridge.publish(agent.state);
             agent.state.status.reset();
             bridge.publish(agent.state);
         });
     };
-    ASSERT_EQ(run({"state", "--follow", "--count", "3", "--json"}), ExitStatus::done);
+    ASSERT_EQ(run({"state", "--follow", "--count", "4", "--json"}), ExitStatus::done);
     std::vector<bool> engaged;
     std::istringstream lines(output);
     for (std::string line; std::getline(lines, line);)
         engaged.push_back(line.find(R"("safety":true)") != std::string::npos);
-    EXPECT_EQ(engaged, (std::vector<bool>{false, true, false})) << output;
+    EXPECT_EQ(engaged, (std::vector<bool>{false, true, true, false})) << output;
 }
 
 TEST_F(AgentCommands, FollowTheStateInLinesForPeople) {
