@@ -68,6 +68,7 @@ Agent::Agent(Seams given)
     if (seams.reach)
         unreached = seams.reach();
     control();
+    store();
     tellStatus();
     publish();
 }
@@ -168,8 +169,8 @@ void Agent::confirm() {
 }
 
 void Agent::store() {
-    if (std::exchange(unconfirmed, false))
-        preferences.store(state);
+    unconfirmed = false;
+    preferences.store(state);
 }
 
 void Agent::perform(const BridgeCommand& command) {
@@ -196,6 +197,8 @@ void Agent::saveProfiles(const std::vector<Profile>& profiles) {
     notice.reset();
     // Keep what cannot be read, so that the user can repair it.
     if (preferences.unreadable() == AgentPreferences::Unreadable::profiles) {
+        // What has arrived before this drives the fans while the disk takes its time.
+        control();
         const auto name = preferences.keepUnreadableProfiles();
         if (!name) {
             notify(unreadableNotKept);

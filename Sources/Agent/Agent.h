@@ -90,7 +90,7 @@ class Agent {
     void endTimer();
     /// Drives, stores and confirms what has arrived.
     void confirm();
-    /// What has arrived and is not stored yet.
+    /// What is not stored yet.
     void store();
     void notify(std::string text);
     void tellUnreadable();

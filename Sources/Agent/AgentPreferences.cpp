@@ -72,7 +72,7 @@ void AgentPreferences::takeUpProfiles(BridgeState& state) {
     offersStarters = !preferences.contains(ProfileStore::profilesKey);
     if (offersStarters) {
         state.profiles = starterProfiles();
-        profileStore.setProfiles(state.profiles);
+        profilesChanged = true;
         return;
     }
     const auto profiles = stored<std::vector<Profile>>(preferences, ProfileStore::profilesKey);

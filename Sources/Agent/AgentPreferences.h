@@ -24,7 +24,7 @@ class AgentPreferences {
     AgentPreferences(Preferences& stored, const Clock& clock);
 
     /// Fills in what is stored, as far as it can be read, and the starter profiles for a user who
-    /// never stored any.
+    /// never stored any. Those are yet to be stored.
     void takeUp(BridgeState& state);
     /// Writes and reads again what failed, if it is time to, and fills in what could be read.
     /// Whether the state may be another now.

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
@@ -27,6 +28,8 @@ class CountingPreferences final : public Preferences {
         return fails ? std::optional<std::string>("full") : kept.setData(key, data);
     }
     bool keepCopy(const std::string& key, const std::string& copy) override {
+        if (atWrite)
+            atWrite();
         return kept.keepCopy(key, copy);
     }
     std::vector<std::string> keys(const std::string& prefix) const override {
@@ -41,12 +44,16 @@ class CountingPreferences final : public Preferences {
     bool fails = false;
 };
 
-/// An agent whose event loop goes on when a test says so.
-class AgentTurnTest : public testing::Test {
+/// What an agent works with whose event loop goes on when a test says so.
+class AgentsFirstTurn : public testing::Test {
   protected:
-    AgentTurnTest() {
-        preferences.writes = 0;
-        heard.clear();
+    Agent::Seams seams() {
+        return {.smc = smc,
+                .center = center,
+                .preferences = preferences,
+                .clock = clock,
+                .load = {},
+                .later = [this](std::function<void()> task) { tasks.push_back(std::move(task)); }};
     }
     void send(const BridgeCommand& command) { Bridge(center).send(command); }
     /// A list like no other.
@@ -70,14 +77,48 @@ class AgentTurnTest : public testing::Test {
     std::vector<Profile> saved;
     ObserverToken token =
         Bridge(center).onState([this](const BridgeState& state) { heard.push_back(state); });
-    Agent agent{
-        {.smc = smc,
-         .center = center,
-         .preferences = preferences,
-         .clock = clock,
-         .load = {},
-         .later = [this](std::function<void()> task) { tasks.push_back(std::move(task)); }}};
 };
+
+/// One that has begun.
+class AgentTurnTest : public AgentsFirstTurn {
+  protected:
+    AgentTurnTest() {
+        preferences.writes = 0;
+        heard.clear();
+    }
+
+    Agent agent{seams()};
+};
+
+TEST_F(AgentsFirstTurn, DrivesTheFansBeforeItStoresTheStarters) {
+    ProfileStore(preferences).setSelection(action::Fixed{1});
+    int seen = 0;
+    preferences.atWrite = [&] {
+        ++seen;
+        EXPECT_TRUE(smc.fan(0).manual);
+        EXPECT_TRUE(heard.empty()) << "whoever hears of them can go by their being stored";
+    };
+    const Agent agent(seams());
+    EXPECT_EQ(seen, 1);
+    EXPECT_EQ(ProfileStore(preferences).profiles(), starterProfiles());
+    EXPECT_EQ(heard.size(), 1U);
+}
+
+TEST_F(AgentsFirstTurn, DrivesTheFansBeforeItKeepsProfilesThatCannotBeRead) {
+    preferences.setData(ProfileStore::profilesKey, Preferences::Data(1, std::byte{'{'}));
+    Agent agent(seams());
+    int seen = 0;
+    preferences.atWrite = [&] {
+        ++seen;
+        EXPECT_TRUE(smc.fan(0).manual);
+    };
+    send(command::Select{action::Fixed{1}});
+    save();
+    EXPECT_EQ(seen, 1) << "the copy";
+    turn();
+    EXPECT_EQ(seen, 3) << "selection and profiles";
+    EXPECT_EQ(ProfileStore(preferences).profiles(), saved);
+}
 
 TEST_F(AgentTurnTest, ConfirmsThousandsOfSavesThatArriveTogetherByOneStateAndStoresThemOnce) {
     for (int i = 0; i < 5000; ++i)
