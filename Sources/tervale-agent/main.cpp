@@ -7,6 +7,7 @@
 #include "tervale-agent/AgentCommandLine.h"
 #include "tervale-agent/AgentProgram.h"
 #include "tervale-agent/Guard.h"
+#include "tervale-agent/ToolkitMessages.h"
 
 #include <QCoreApplication>
 
@@ -30,6 +31,14 @@ int complain(const AgentCommandLine::Run& run, const char* line, int status = ex
     AgentLog::standard(run.logLevel).complain(line);
     return status;
 }
+
+/// What the toolkit tells. Its lines are counted by themselves, so that they crowd nothing out.
+struct ToolkitLog {
+    explicit ToolkitLog(AgentLog::Level most) : log(AgentLog::standard(most)) {}
+
+    AgentLog log;
+    ToolkitMessages messages{log};
+};
 
 int runAgent(const AgentCommandLine::Run& run) {
     const std::unique_ptr<NotificationCenter> center = makeNotificationCenter();
@@ -77,7 +86,13 @@ int main(int count, char** arguments) {
     std::setlocale(LC_NUMERIC, "C");
     return std::visit(
         overloaded{
-            [](const AgentCommandLine::Run& run) { return runAgent(run); },
+            [](const AgentCommandLine::Run& run) {
+                // Never let go of: the toolkit has something to tell also while it ends.
+                const ToolkitLog& toolkit = *new ToolkitLog(run.logLevel);
+                const int status = runAgent(run);
+                toolkit.log.drain(LineWriter::lastPatience);
+                return status;
+            },
             [](const AgentCommandLine::ShowHelp&) {
                 return terminal().print(AgentCommandLine::help().toStdString());
             },

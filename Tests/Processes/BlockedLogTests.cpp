@@ -112,6 +112,22 @@ TEST_F(BlockedLogTest, KeepsNoAgentFromDrivingTheFansAndIsToldWhatWasLeftOut) {
     EXPECT_TRUE(read().contains(" lines were left out.\n")) << logged.right(2000).constData();
 }
 
+TEST_F(BlockedLogTest, KeepsNoAgentWhoseToolkitHasMuchToTell) {
+    QProcessEnvironment environment = bus.environment();
+    // A line for each message of the bus, some of them from a thread of the toolkit's own.
+    environment.insert("QDBUS_DEBUG", "1");
+    environment.insert("QT_LOGGING_RULES", "qt.dbus.*=true");
+    startAgent(environment);
+    ASSERT_TRUE(eventually([this] { return read().contains("QDBus"); }));
+    selectMaximumAndBlock();
+    bridge.send(command::Select{action::Automatic{}});
+    EXPECT_TRUE(eventually([this] { return automatic(); }));
+    EXPECT_TRUE(selectsMaximum()) << "it goes on";
+    agent->send(SIGTERM);
+    EXPECT_TRUE(agent->ends());
+    EXPECT_TRUE(automatic());
+}
+
 TEST_F(BlockedLogTest, KeepsNoAgentFromHandingBackBeforeSleep) {
     FakeLoginManager manager(bus.connect());
     QProcessEnvironment environment = bus.environment();
