@@ -22,6 +22,10 @@ ModeButton::ModeButton(const QString& title, QWidget* parent) : QPushButton(titl
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
     FocusRing::shared().surround(*this, capsuleHeight / 2);
+    connect(this, &QAbstractButton::toggled, this, [this](bool selected) {
+        FocusRing::shared().setGround(*this,
+                                      selected ? RingGround::aroundAccent : RingGround::window);
+    });
 }
 
 bool ModeButton::isSelected() const {

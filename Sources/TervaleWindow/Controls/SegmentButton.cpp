@@ -16,14 +16,20 @@ QFont fontOf(bool selected) {
     return systemFont(fontSize::body, selected ? QFont::Medium : QFont::Normal);
 }
 
+/// In high contrast the selected segment changes colours with its text: any other ground is too
+/// near the one that the segments lie on.
 QColor selectedFill(const Colors& colors) {
-    if (!colors.dark)
+    if (!colors.dark && !colors.highContrast)
         return colors.card;
-    const float share = 0.28f;
+    const float share = colors.highContrast ? 1 : 0.28f;
     const auto mix = [share](float from, float to) { return from + share * (to - from); };
     return QColor::fromRgbF(mix(colors.card.redF(), colors.label.redF()),
                             mix(colors.card.greenF(), colors.label.greenF()),
                             mix(colors.card.blueF(), colors.label.blueF()));
+}
+
+QColor textColor(const Colors& colors, bool selected) {
+    return selected && colors.highContrast ? colors.card : colors.label;
 }
 
 void paintSelection(QPainter& painter, const QRectF& segment, const Colors& colors) {
@@ -63,7 +69,7 @@ void SegmentButton::paintEvent(QPaintEvent*) {
         paintSelection(painter, rect(), colors);
     const QFont shown = fontOf(isChecked());
     painter.setFont(shown);
-    painter.setPen(colors.label);
+    painter.setPen(textColor(colors, isChecked()));
     painter.drawText(rect(), Qt::AlignCenter,
                      QFontMetrics(shown).elidedText(text(), Qt::ElideRight, width() - 8));
 }

@@ -55,6 +55,7 @@ bool ToggleSwitch::hitButton(const QPoint& point) const {
 }
 
 void ToggleSwitch::slide(bool on) {
+    FocusRing::shared().setGround(*this, on ? RingGround::aroundAccent : RingGround::window);
     animation.stop();
     const qreal end = on ? 1 : 0;
     if (!isVisible() || reducedMotion() ||

@@ -1,13 +1,12 @@
 #include "TervaleWindow/Style/FocusRing.h"
 
-#include "TervaleWindow/Appearance/Theme.h"
-
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSlider>
 #include <QStyleOption>
 #include <QVariant>
@@ -17,25 +16,19 @@ namespace tervale {
 namespace {
 
 constexpr const char* radiusProperty = "tervaleFocusRadius";
+constexpr const char* groundProperty = "tervaleFocusGround";
 constexpr const char* keyboardFocusProperty = "tervaleKeyboardFocus";
 
 /// The radius of the usual box of a control.
 constexpr int usualRadius = 7;
+/// Paler than the accent colour as text is there, since a groove is less dark than a card.
+constexpr QRgb ringOnDark = 0xff8cb9ff;
 
 /// What brought the focus to a widget. Only the keyboard's leaves a ring around most controls.
 enum class FocusOrigin { other, keyboard };
 
 void setFocusOrigin(QWidget& widget, FocusOrigin origin) {
     widget.setProperty(keyboardFocusProperty, origin == FocusOrigin::keyboard);
-}
-
-/// A translucent ring is hard to see on dark or accent-coloured grounds, and in high contrast.
-float ringOpacity(const Colors& colors, RingGround ground) {
-    if (colors.highContrast)
-        return 1;
-    if (ground == RingGround::accent)
-        return 0.8f;
-    return colors.dark ? 0.6f : 0.35f;
 }
 
 bool isField(const QWidget& widget) {
@@ -71,12 +64,25 @@ bool isInterruption(Qt::FocusReason reason) {
 
 } // namespace
 
+QColor focusRingColor(const Colors& colors, RingGround ground) {
+    switch (ground) {
+    case RingGround::accent:
+        return Qt::white;
+    case RingGround::aroundAccent: {
+        QColor color = colors.label;
+        color.setAlpha(255);
+        return color;
+    }
+    case RingGround::window:
+        break;
+    }
+    return colors.dark ? QColor(ringOnDark) : colors.accentLabel;
+}
+
 void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const Colors& colors,
                     RingGround ground) {
     painter.setRenderHint(QPainter::Antialiasing);
-    QColor color = ground == RingGround::accent ? QColor(Qt::white) : Theme::accent();
-    color.setAlphaF(ringOpacity(colors, ground));
-    painter.setPen(QPen(color, focusRingWidth));
+    painter.setPen(QPen(focusRingColor(colors, ground), focusRingWidth));
     painter.setBrush(Qt::NoBrush);
     const qreal half = focusRingWidth / 2.0;
     painter.drawRoundedRect(shape.adjusted(-half, -half, half, half), radius + half, radius + half);
@@ -89,6 +95,14 @@ void setFocusRadius(QWidget& widget, int radius) {
 int focusRadius(const QWidget& widget) {
     const QVariant radius = widget.property(radiusProperty);
     return radius.isValid() ? radius.toInt() : usualRadius;
+}
+
+RingGround focusGround(const QWidget& widget) {
+    const QVariant ground = widget.property(groundProperty);
+    if (ground.isValid())
+        return static_cast<RingGround>(ground.toInt());
+    const auto* button = qobject_cast<const QPushButton*>(&widget);
+    return button && button->isDefault() ? RingGround::aroundAccent : RingGround::window;
 }
 
 bool hasKeyboardFocus(const QWidget& widget) {
@@ -107,7 +121,8 @@ void FocusRingStyle::drawControl(ControlElement element, const QStyleOption* opt
         return;
     const int margin = focusRingWidth;
     paintFocusRing(*painter, QRectF(option->rect).adjusted(margin, margin, -margin, -margin),
-                   focusRadius(*frame->widget()), Colors::of(option->palette));
+                   focusRadius(*frame->widget()), Colors::of(option->palette),
+                   focusGround(*frame->widget()));
 }
 
 int FocusRingStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -146,6 +161,14 @@ void FocusRing::surround(QWidget& widget, int radius) {
     // A Mac's style would add its own.
     widget.setAttribute(Qt::WA_MacShowFocusRect, false);
     watch(widget);
+}
+
+void FocusRing::setGround(QWidget& widget, RingGround ground) {
+    if (ground == focusGround(widget))
+        return;
+    widget.setProperty(groundProperty, static_cast<int>(ground));
+    if (frame && frame->widget() == &widget)
+        frame->update();
 }
 
 void FocusRing::watchStandardWidget(QWidget& widget) {

@@ -12,8 +12,11 @@ namespace tervale {
 
 inline constexpr int focusRingWidth = 3;
 
-/// What a ring stands out from.
-enum class RingGround { window, accent };
+/// What a ring stands out from: the ground around it; the accent-coloured shape that it lies in; or
+/// both an accent-coloured shape and the ground around that.
+enum class RingGround { window, accent, aroundAccent };
+/// At least three times as light or as dark as that, in every palette.
+QColor focusRingColor(const Colors& colors, RingGround ground);
 /// The one look of the focus, around the outside of a shape.
 void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const Colors& colors,
                     RingGround ground = RingGround::window);
@@ -21,6 +24,8 @@ void paintFocusRing(QPainter& painter, const QRectF& shape, qreal radius, const 
 /// The corner radius of the ring around a widget that is not the usual box.
 void setFocusRadius(QWidget& widget, int radius);
 int focusRadius(const QWidget& widget);
+/// What the ring around a widget stands out from.
+RingGround focusGround(const QWidget& widget);
 /// Whether the focus is here and shows: the keyboard brought it, or the widget is a field.
 bool hasKeyboardFocus(const QWidget& widget);
 /// Moves the focus on, with its ring if it has one, before a control that may have it goes or is
@@ -55,6 +60,8 @@ class FocusRing : public QObject {
     void watch(QWidget& widget);
     /// As `watch`, for a control that no style of the toolkit draws.
     void surround(QWidget& widget, int radius);
+    /// For a control that is filled with the accent colour, or no longer is.
+    void setGround(QWidget& widget, RingGround ground);
     /// As `watch` for the toolkit's fields and controls; other widgets are let be.
     void watchStandardWidget(QWidget& widget);
     void unwatch(QWidget& widget);

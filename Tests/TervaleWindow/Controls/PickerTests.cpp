@@ -2,6 +2,7 @@
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Controls/SegmentedPicker.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
+#include "TervaleWindow/Support/Palettes.h"
 
 #include <QAbstractItemView>
 #include <QRadioButton>
@@ -151,6 +152,27 @@ TEST_F(PickerTest, TheSelectedSegmentStandsOutInLightAndDark) {
         EXPECT_FALSE(isClose(pixel(picker, first), pixel(picker, second), 20));
         EXPECT_FALSE(isClose(pixel(picker, first), palette.color(QPalette::WindowText), 100));
     }
+}
+
+TEST_F(PickerTest, TheSelectedSegmentStandsOutThreefoldInHighContrast) {
+    SegmentedPicker& picker = show(new SegmentedPicker({"Hottest sensor", "Core average"}));
+    const QPoint first(8, 6);
+    const QPoint second(picker.width() - 8, 6);
+    for (const NamedPalette& each : everyPalette()) {
+        if (!each.highContrast)
+            continue;
+        wear(each.palette);
+        EXPECT_GE(contrast(pixel(picker, second), pixel(picker, first)), 3) << each.name;
+    }
+}
+
+// Else it is as pale as it is designed.
+TEST_F(PickerTest, TheSelectedSegmentHasTheColorsOfTheDesign) {
+    SegmentedPicker& picker = show(new SegmentedPicker({"Hottest sensor", "Core average"}));
+    wear(paletteOf(Look::own, Scheme::light));
+    EXPECT_TRUE(isClose(pixel(picker, {8, 6}), QColor(0xff, 0xff, 0xff), 1));
+    wear(paletteOf(Look::own, Scheme::dark));
+    EXPECT_TRUE(isClose(pixel(picker, {8, 6}), QColor(0x63, 0x63, 0x68), 2));
 }
 
 TEST_F(PickerTest, ASegmentTakesANewTitle) {

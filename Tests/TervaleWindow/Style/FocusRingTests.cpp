@@ -1,28 +1,63 @@
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/ModeButton.h"
+#include "TervaleWindow/Controls/ToggleSwitch.h"
 #include "TervaleWindow/Style/FocusRing.h"
 #include "TervaleWindow/Style/ListRowPainting.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
+#include "TervaleWindow/Support/Palettes.h"
 
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QPushButton>
 #include <QStyleFactory>
+
+#include <utility>
+#include <vector>
 
 using namespace tervale;
 
 namespace {
 
-QPalette plainPalette(const QColor& ground, const QColor& text) {
-    QPalette palette(text, ground, ground, ground, ground, text, ground);
-    palette.setColor(QPalette::Window, ground);
-    return palette;
-}
+/// Of what tells where the focus is, to what it lies beside.
+constexpr double leastContrast = 3;
+
+/// How often a place of a widget is painted.
+class PaintsOfAPlace final : public QObject {
+  public:
+    PaintsOfAPlace(QWidget& widget, QPoint place) : place(place) {
+        widget.installEventFilter(this);
+    }
+    int count = 0;
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint &&
+            static_cast<QPaintEvent*>(event)->region().contains(place))
+            ++count;
+        return false;
+    }
+
+  private:
+    QPoint place;
+};
 
 struct FocusRingTest : ControlsInWindow {
     /// Between the outer edge of a control and that of its ring.
     QColor ringColor(const QWidget& control) {
         return pixel(window, control.geometry().topLeft() + QPoint(control.width() / 2, -2));
+    }
+    /// Above and below a control's upper edge: within it, on its ring, beyond that.
+    struct Edge {
+        QColor inside;
+        QColor ring;
+        QColor outside;
+    };
+    Edge edgeOf(const QWidget& control, int x) {
+        const QImage image = window.grab().toImage();
+        const QPoint top = control.geometry().topLeft() + QPoint(x, 0);
+        return {image.pixelColor(top + QPoint(0, 2)), image.pixelColor(top - QPoint(0, 2)),
+                image.pixelColor(top - QPoint(0, 6))};
     }
 };
 
@@ -94,17 +129,83 @@ TEST_F(FocusRingTest, IsAroundTheKnobOfASliderThatTheKeyboardReached) {
     EXPECT_GT(with.blue() - with.red(), without.blue() - without.red() + 30);
 }
 
-TEST_F(FocusRingTest, IsSolidInHighContrastOnEveryGround) {
-    show(new QPushButton("Revert")).setFocus(Qt::MouseFocusReason);
-    QPushButton& button = show(new QPushButton("Save"));
+TEST(FocusRingColor, StandsOutFromWhatItLiesOnInEveryPalette) {
+    for (const NamedPalette& each : everyPalette()) {
+        SCOPED_TRACE(each.name);
+        const Colors colors = Colors::of(each.palette);
+        EXPECT_EQ(colors.highContrast, each.highContrast);
+        const QColor usual = focusRingColor(colors, RingGround::window);
+        const QColor around = focusRingColor(colors, RingGround::aroundAccent);
+        for (const QColor& ground : {colors.window, colors.card, colors.sidebar}) {
+            EXPECT_GE(contrast(ground, usual), leastContrast);
+            EXPECT_GE(contrast(ground, around), leastContrast);
+        }
+        for (const QColor& ground : {colors.window, colors.card})
+            EXPECT_GE(contrast(onto(ground, colors.quaternary), usual), leastContrast);
+        EXPECT_GE(contrast(colors.control, usual), leastContrast);
+        EXPECT_GE(contrast(Theme::accent(), around), leastContrast);
+        const QColor within = focusRingColor(colors, RingGround::accent);
+        EXPECT_GE(contrast(Theme::accent(), within), leastContrast);
+    }
+}
+
+TEST_F(FocusRingTest, StandsOutFromEachControlAndItsGroundInEveryPalette) {
+    rows.setContentsMargins(20, 20, 20, 20);
+    rows.setSpacing(20);
+    auto* chosen = new ModeButton("50%");
+    chosen->setSelected(Selection::selected);
+    auto* on = new ToggleSwitch("Launch at login");
+    on->setChecked(true);
+    auto* save = new QPushButton("Save");
+    save->setDefault(true);
+    // Looked at where neither a corner nor a knob is.
+    const std::vector<std::pair<QWidget*, int>> controls{{chosen, 20},
+                                                         {new ModeButton("25%"), 20},
+                                                         {on, 12},
+                                                         {new ToggleSwitch("Launch at login"), 26},
+                                                         {save, 12},
+                                                         {new QPushButton("Revert"), 12},
+                                                         {new QLineEdit("Night"), 12}};
+    for (const auto& [control, x] : controls)
+        show(control);
+    for (const NamedPalette& each : everyPalette()) {
+        wear(each.palette);
+        for (const auto& [control, x] : controls) {
+            SCOPED_TRACE(each.name + ", " + control->metaObject()->className());
+            // The first one has the focus already, and not from the keyboard.
+            control->clearFocus();
+            control->setFocus(Qt::TabFocusReason);
+            QApplication::processEvents();
+            const Edge edge = edgeOf(*control, x);
+            EXPECT_GE(contrast(edge.inside, edge.ring), leastContrast);
+            EXPECT_GE(contrast(edge.outside, edge.ring), leastContrast);
+        }
+    }
+}
+
+TEST_F(FocusRingTest, FollowsTheControlThatIsFilledWithTheAccent) {
+    ModeButton& button = show(new ModeButton("50%"));
+    button.clearFocus();
+    button.setFocus(Qt::TabFocusReason);
     QApplication::processEvents();
-    QTest::keyClick(&window, Qt::Key_Tab);
-    ASSERT_TRUE(button.hasFocus());
-    for (const auto& [ground, text] : {std::pair(Qt::white, Qt::black), {Qt::black, Qt::white}}) {
-        const QPalette palette = plainPalette(ground, text);
-        EXPECT_TRUE(isClose(ringOfRow(palette, {}), Theme::accent(), 1));
-        EXPECT_TRUE(isClose(ringOfRow(palette, QStyle::State_Selected), Qt::white, 1));
-        wear(palette);
-        EXPECT_TRUE(isClose(ringColor(button), Theme::accent(), 1));
+    const QColor before = ringColor(button);
+    ASSERT_NE(visibleRing(), nullptr);
+    PaintsOfAPlace paints(*visibleRing(), QPoint(visibleRing()->width() / 2, 1));
+    button.setSelected(Selection::selected);
+    QApplication::processEvents();
+    EXPECT_GT(paints.count, 0);
+    EXPECT_FALSE(isClose(ringColor(button), before, 40));
+    button.setSelected(Selection::unselected);
+    QApplication::processEvents();
+    EXPECT_TRUE(isClose(ringColor(button), before, 1));
+}
+
+TEST_F(FocusRingTest, OfARowStandsOutInEveryPalette) {
+    for (const NamedPalette& each : everyPalette()) {
+        SCOPED_TRACE(each.name);
+        EXPECT_GE(contrast(each.palette.color(QPalette::Window), ringOfRow(each.palette, {})),
+                  leastContrast);
+        EXPECT_GE(contrast(Theme::accent(), ringOfRow(each.palette, QStyle::State_Selected)),
+                  leastContrast);
     }
 }
