@@ -1,3 +1,4 @@
+#include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
@@ -7,6 +8,7 @@
 #include "TervaleWindow/Shell/ContentView.h"
 #include "TervaleWindow/Shell/Sidebar.h"
 #include "TervaleWindow/Shell/SidebarSummary.h"
+#include "TervaleWindow/Support/Contrast.h"
 #include "TervaleWindow/Support/ModelFixture.h"
 
 #include <QAccessible>
@@ -179,6 +181,21 @@ TEST_F(Content, LeavesOutOfTheSummaryWhatIsNotThere) {
     model->refresh();
     EXPECT_TRUE(summary().isEmpty());
     EXPECT_TRUE(view->findChild<SidebarSummary*>()->isVisible());
+}
+
+TEST_F(Content, KeepsTheGroundOfTheSummaryWithoutAController) {
+    controller.absent = true;
+    show();
+    EXPECT_TRUE(summary().isEmpty());
+    auto* box = view->findChild<SidebarSummary*>();
+    ASSERT_TRUE(box->isVisible());
+    const Colors colors = Colors::of(view->palette());
+    const QColor ground = onto(colors.sidebar, colors.quaternary);
+    const QPoint middle = box->mapTo(view.get(), box->rect().center());
+    const QColor seen = view->grab().toImage().pixelColor(middle);
+    EXPECT_NEAR(seen.red(), ground.red(), 1);
+    EXPECT_NEAR(seen.green(), ground.green(), 1);
+    EXPECT_NEAR(seen.blue(), ground.blue(), 1);
 }
 
 TEST_F(Content, SaysWhatTheFiguresOfTheSummaryAreOf) {
