@@ -183,6 +183,10 @@ QWidget* scrollingList() {
 
 } // namespace
 
+QStringList controlsPictures() {
+    return {"controls", "controls-slider-focus", "controls-list", "controls-menu"};
+}
+
 void drawControls(const std::function<void(const QString&, const QImage&)>& take) {
     const auto save = [&take](QWidget& widget, const QString& name) {
         take(name, widget.grab().toImage());
