@@ -305,7 +305,8 @@ TEST_F(AgentProgramTest, HasTheMachineWaitForAControllerThatDoesNotAnswerBeforeS
     ASSERT_TRUE(eventually([&] { return !manager.isDelayed(); }));
     EXPECT_GT(waited.elapsed(), 2500);
     EXPECT_LT(waited.elapsed(), 6500) << "but not for ever";
-    EXPECT_TRUE(agent.errors().contains("could not be handed back before the sleep"));
+    EXPECT_TRUE(eventually(
+        [&] { return agent.errors().contains("could not be handed back before the sleep"); }));
     simulator.send(SIGCONT);
 }
 
