@@ -1,6 +1,7 @@
 #include "SMC/LateRegistry.h"
 
 #include "SMC/ControllerService.h"
+#include "SMC/KernelStatus.h"
 #include "SMC/SMC.h"
 
 namespace tervale {
@@ -41,7 +42,8 @@ void LateRegistry::release(Service) {}
 
 IORegistry::Status LateRegistry::callStruct(Connection, std::uint32_t selector,
                                             const Structure& request, Structure& response) {
-    return reached ? registry.callStruct(*reached, selector, request, response) : notAttached;
+    return reached ? registry.callStruct(*reached, selector, request, response)
+                   : kernelStatus::notAttached;
 }
 
 // The controller's connection lasts as long as the object.

@@ -11,9 +11,6 @@ namespace tervale {
 /// fails until `reach` has reached the other registry's. It serves one connection.
 class LateRegistry final : public IORegistry {
   public:
-    /// The kernel's code for a device that is not attached.
-    static constexpr auto notAttached = static_cast<Status>(0xe00002d9);
-
     /// `registry` outlives the object.
     explicit LateRegistry(IORegistry& registry) : registry(registry) {}
     ~LateRegistry() override;

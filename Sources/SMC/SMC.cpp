@@ -3,6 +3,7 @@
 #include "Base/Precondition.h"
 #include "SMC/ControllerService.h"
 #include "SMC/SMCCodec.h"
+#include "SMC/SMCResult.h"
 #include "SMC/SMCStructure.h"
 
 #include <algorithm>
@@ -18,9 +19,6 @@ std::string hexadecimal(IORegistry::Status status) {
     std::snprintf(text, sizeof text, "%x", static_cast<unsigned>(status));
     return text;
 }
-
-/// The controller's result for a key that it does not have.
-constexpr std::uint8_t unknownKey = 132;
 
 SMCStructure requestOf(SMCCommand command, std::uint32_t key) {
     SMCStructure request;
@@ -54,7 +52,7 @@ std::optional<SMCStructure> SMC::ask(const std::string& key, const SMCStructure&
     if (status != 0)
         throw SMCError(key + ": IOKit error 0x" + hexadecimal(status));
     const auto answer = SMCStructure::fromBytes(response);
-    if (answer.result == unknownKey)
+    if (answer.result == smcResult::unknownKey)
         return std::nullopt;
     if (answer.result != 0)
         throw refusal(key, answer.result);
@@ -64,7 +62,7 @@ std::optional<SMCStructure> SMC::ask(const std::string& key, const SMCStructure&
 SMCStructure SMC::call(const std::string& key, const SMCStructure& request) {
     if (const auto answer = ask(key, request))
         return *answer;
-    throw refusal(key, unknownKey);
+    throw refusal(key, smcResult::unknownKey);
 }
 
 SMC::Info SMC::info(const std::string& key) {

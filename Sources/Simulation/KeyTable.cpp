@@ -2,6 +2,7 @@
 
 #include "Base/Precondition.h"
 #include "SMC/SMCCodec.h"
+#include "SMC/SMCResult.h"
 #include "Simulation/SensorKeys.h"
 
 #include <algorithm>
@@ -16,9 +17,6 @@ namespace tervale {
 namespace {
 
 using keySource::FanValue;
-
-constexpr std::uint8_t unknownKey = 132;
-constexpr std::uint8_t notReadable = 133;
 
 std::vector<std::byte> bigEndian(std::uint32_t value, std::size_t size) {
     std::vector<std::byte> bytes(size);
@@ -140,8 +138,8 @@ void KeyTable::addDecoys() {
     add(opaque("TZ0C", "sp78", 2));
     add(opaque("Tf0S", "ioft", 8));
     // Listed, but not to be had.
-    add(refusing(constant("Tp0E", "flt ", 50.0), unknownKey, unknownKey));
-    add(refusing(constant("TW0T", "flt ", 50.0), 0, notReadable));
+    add(refusing(constant("Tp0E", "flt ", 50.0), smcResult::unknownKey, smcResult::unknownKey));
+    add(refusing(constant("TW0T", "flt ", 50.0), 0, smcResult::notReadable));
     add(opaque("TzBg", "{rec", 48));
     add(opaque("MSHP", "ch8*", 40));
 }

@@ -3,7 +3,9 @@
 #include "Base/Overloaded.h"
 #include "Base/Precondition.h"
 #include "Profiles/Profile.h"
+#include "SMC/KernelStatus.h"
 #include "SMC/SMCCodec.h"
+#include "SMC/SMCResult.h"
 #include "Simulation/SimulatedProcessor.h"
 
 #include <algorithm>
@@ -14,19 +16,6 @@
 namespace tervale {
 
 namespace {
-
-constexpr auto succeeded = std::uint8_t{0};
-constexpr auto unknownCommand = std::uint8_t{130};
-constexpr auto unknownKey = std::uint8_t{132};
-constexpr auto notReadable = std::uint8_t{133};
-constexpr auto notWritable = std::uint8_t{134};
-constexpr auto wrongSize = std::uint8_t{135};
-constexpr auto badValue = std::uint8_t{137};
-
-constexpr auto kernelSuccess = IORegistry::Status{0};
-constexpr auto kernelBadArgument = static_cast<IORegistry::Status>(0xe00002c2);
-constexpr auto kernelUnsupported = static_cast<IORegistry::Status>(0xe00002c7);
-constexpr auto kernelNotOpen = static_cast<IORegistry::Status>(0xe00002cd);
 
 constexpr auto* serviceClass = "AppleSMC";
 
@@ -70,13 +59,13 @@ std::optional<IORegistry::Service> SimulatedMac::findService(const std::string& 
 IORegistry::Status SimulatedMac::open(Service service, std::uint32_t type, Connection& connection) {
     const auto found = services.find(service);
     if (found == services.end() || type != 0)
-        return kernelBadArgument;
+        return kernelStatus::badArgument;
     const auto* refusing = std::get_if<service::Refusing>(&serviceState);
     if (refusing != nullptr && found->second == Device::controller)
         return refusing->status;
     connections.emplace(++lastHandle, found->second);
     connection = lastHandle;
-    return kernelSuccess;
+    return kernelStatus::success;
 }
 
 void SimulatedMac::release(Service service) {
@@ -94,14 +83,14 @@ IORegistry::Status SimulatedMac::callStruct(Connection connection, std::uint32_t
     if (isOpen && found->second == Device::processor)
         return callProcessor(selector, response);
     count(SMCStructure::fromBytes(request).command);
-    return isOpen ? callController(selector, request, response) : kernelNotOpen;
+    return isOpen ? callController(selector, request, response) : kernelStatus::notOpen;
 }
 
 IORegistry::Status SimulatedMac::callProcessor(std::uint32_t selector, Structure& response) const {
     if (selector != simulatedProcessor::loadSelector)
-        return kernelUnsupported;
+        return kernelStatus::unsupported;
     response = simulatedProcessor::encode(load());
-    return kernelSuccess;
+    return kernelStatus::success;
 }
 
 IORegistry::Status SimulatedMac::callController(std::uint32_t selector, const Structure& request,
@@ -110,7 +99,7 @@ IORegistry::Status SimulatedMac::callController(std::uint32_t selector, const St
     if (everyCall)
         return *everyCall;
     if (selector != smcExchangeSelector)
-        return kernelUnsupported;
+        return kernelStatus::unsupported;
     const SimulatedKey* key =
         question.command == codeOf(SMCCommand::keyByIndex) ? nullptr : keys.find(question.key);
     if (const InjectedFault* injected = key != nullptr ? faultOf(*key) : nullptr)
@@ -119,7 +108,7 @@ IORegistry::Status SimulatedMac::callController(std::uint32_t selector, const St
     SMCStructure answer = SMCStructure::fromBytes(response);
     answer.result = execute(question, key, answer);
     response = answer.toBytes();
-    return kernelSuccess;
+    return kernelStatus::success;
 }
 
 void SimulatedMac::count(std::uint8_t command) {
@@ -138,12 +127,12 @@ SimulatedMac::Result SimulatedMac::execute(const SMCStructure& request, const Si
     if (request.command == codeOf(SMCCommand::keyByIndex))
         return nameKey(request.index, response);
     if (request.command == codeOf(SMCCommand::keyInformation))
-        return key == nullptr ? unknownKey : describe(*key, response);
+        return key == nullptr ? smcResult::unknownKey : describe(*key, response);
     if (request.command == codeOf(SMCCommand::read))
-        return key == nullptr ? unknownKey : read(*key, request, response);
+        return key == nullptr ? smcResult::unknownKey : read(*key, request, response);
     if (request.command == codeOf(SMCCommand::write))
-        return key == nullptr ? unknownKey : write(*key, request);
-    return unknownCommand;
+        return key == nullptr ? smcResult::unknownKey : write(*key, request);
+    return smcResult::unknownCommand;
 }
 
 const SimulatedMac::InjectedFault* SimulatedMac::faultOf(const SimulatedKey& key) const {
@@ -207,13 +196,13 @@ double SimulatedMac::fanValue(const keySource::FanValue& source) const {
 
 SimulatedMac::Result SimulatedMac::nameKey(std::uint32_t index, SMCStructure& response) const {
     if (index >= keys.size())
-        return unknownKey;
+        return smcResult::unknownKey;
     response.key = SMCCodec::fourCC(keys[index].name);
-    return succeeded;
+    return smcResult::success;
 }
 
 SimulatedMac::Result SimulatedMac::describe(const SimulatedKey& key, SMCStructure& response) const {
-    if (key.describeResult != succeeded)
+    if (key.describeResult != smcResult::success)
         return key.describeResult;
     const InjectedFault* injected = faultOf(key);
     if (injected != nullptr)
@@ -221,52 +210,52 @@ SimulatedMac::Result SimulatedMac::describe(const SimulatedKey& key, SMCStructur
             return refused->result;
     response.dataSize = key.size;
     response.dataType = SMCCodec::fourCC(key.type);
-    return succeeded;
+    return smcResult::success;
 }
 
 SimulatedMac::Result SimulatedMac::read(const SimulatedKey& key, const SMCStructure& request,
                                         SMCStructure& response) const {
-    if (const Result refused = refusal(key); refused != succeeded)
+    if (const Result refused = refusal(key); refused != smcResult::success)
         return refused;
     if (request.dataSize != key.size)
-        return wrongSize;
+        return smcResult::wrongSize;
     const std::vector<std::byte> bytes = value(key);
     if (bytes.size() > response.bytes.size())
-        return notReadable;
+        return smcResult::notReadable;
     std::copy(bytes.begin(), bytes.end(), response.bytes.begin());
-    return succeeded;
+    return smcResult::success;
 }
 
 SimulatedMac::Result SimulatedMac::write(const SimulatedKey& key, const SMCStructure& request) {
-    if (const Result refused = refusal(key); refused != succeeded)
+    if (const Result refused = refusal(key); refused != smcResult::success)
         return refused;
     if (request.dataSize != key.size || key.size > request.bytes.size())
-        return wrongSize;
+        return smcResult::wrongSize;
     const auto bytes = std::span(request.bytes).first(key.size);
     if (const auto* fan = std::get_if<keySource::FanValue>(&key.source))
         return writeFan(*fan, bytes);
     if (!std::holds_alternative<keySource::Unlock>(key.source))
-        return notWritable;
+        return smcResult::notWritable;
     if (bytes[0] != std::byte{0})
         hardware.unlock();
     else
         hardware.lock();
-    return succeeded;
+    return smcResult::success;
 }
 
 SimulatedMac::Result SimulatedMac::writeFan(const keySource::FanValue& source,
                                             std::span<const std::byte> bytes) {
     if (source.value == keySource::FanValue::mode) {
         const auto mode = std::to_integer<std::uint8_t>(bytes[0]);
-        return hardware.setFanMode(source.fan, mode) ? succeeded : notWritable;
+        return hardware.setFanMode(source.fan, mode) ? smcResult::success : smcResult::notWritable;
     }
     if (source.value != keySource::FanValue::target)
-        return notWritable;
+        return smcResult::notWritable;
     const float rpm = floatIn(bytes);
     if (!std::isfinite(rpm))
-        return badValue;
+        return smcResult::badValue;
     hardware.setFanTarget(source.fan, static_cast<double>(rpm));
-    return succeeded;
+    return smcResult::success;
 }
 
 } // namespace tervale

@@ -13,8 +13,8 @@ namespace tervale {
 
 namespace {
 
-constexpr QLatin1String path("/com/velnor/tervale");
-constexpr QLatin1String interface("com.velnor.tervale.NotificationCenter");
+constexpr QLatin1String objectPath("/com/velnor/tervale");
+constexpr QLatin1String centerInterface("com.velnor.tervale.NotificationCenter");
 constexpr QLatin1String member("Posted");
 
 /// A message may have twice as many bytes. The bus hangs up on who sends one that is too long.
@@ -58,8 +58,9 @@ DBusObserver::DBusObserver(std::string name, NotificationCenter::Handler observi
 
 void DBusObserver::join(QDBusConnection connection) {
     if (!retired)
-        connection.connect(QString(), path, interface, member, {QString::fromStdString(name)},
-                           QString(), this, SLOT(receive(QDBusMessage)));
+        connection.connect(QString(), objectPath, centerInterface, member,
+                           {QString::fromStdString(name)}, QString(), this,
+                           SLOT(receive(QDBusMessage)));
 }
 
 void DBusObserver::retire() {
@@ -179,7 +180,7 @@ void DBusNotificationCenter::post(const std::string& name,
                                   const std::optional<std::string>& object) {
     if (object && object->size() > longestObject)
         return;
-    QDBusMessage signal = QDBusMessage::createSignal(path, interface, member);
+    QDBusMessage signal = QDBusMessage::createSignal(objectPath, centerInterface, member);
     signal << QString::fromStdString(name);
     if (object)
         signal << QString::fromStdString(*object);

@@ -1,5 +1,7 @@
 #include "Platform/Linux/LoginManager.h"
 
+#include "Platform/Linux/Logind.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 
@@ -7,20 +9,12 @@
 
 namespace tervale {
 
-namespace {
-
-constexpr QLatin1String name("org.freedesktop.login1");
-constexpr QLatin1String path("/org/freedesktop/login1");
-constexpr QLatin1String interface("org.freedesktop.login1.Manager");
-
-} // namespace
-
 LoginManager::LoginManager(const QDBusConnection& systemBus, SleepHandlers given)
     : bus(systemBus),
       handlers(std::move(given)),
-      owner(name, bus, QDBusServiceWatcher::WatchForOwnerChange) {
-    bus.connect(name, path, interface, QStringLiteral("PrepareForSleep"), this,
-                SLOT(prepareForSleep(bool)));
+      owner(logind::name, bus, QDBusServiceWatcher::WatchForOwnerChange) {
+    bus.connect(logind::name, logind::path, logind::manager, QStringLiteral("PrepareForSleep"),
+                this, SLOT(prepareForSleep(bool)));
     connect(&owner, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& present) {
                 if (present.isEmpty())
@@ -44,8 +38,8 @@ void LoginManager::prepareForSleep(bool begins) {
 }
 
 void LoginManager::askForDelay() {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(name, path, interface, QStringLiteral("Inhibit"));
+    QDBusMessage call = QDBusMessage::createMethodCall(logind::name, logind::path, logind::manager,
+                                                       QStringLiteral("Inhibit"));
     call << QStringLiteral("sleep") << QStringLiteral("Tervale")
          << QStringLiteral("The fans are handed back") << QStringLiteral("delay");
     asking = std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(call));

@@ -1,5 +1,7 @@
 #include "Platform/Linux/LoginSession.h"
 
+#include "Platform/Linux/Logind.h"
+
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -14,11 +16,7 @@ namespace tervale {
 
 namespace {
 
-constexpr QLatin1String name("org.freedesktop.login1");
-constexpr QLatin1String path("/org/freedesktop/login1");
-constexpr QLatin1String interface("org.freedesktop.login1.Manager");
 constexpr QLatin1String propertiesInterface("org.freedesktop.DBus.Properties");
-constexpr QLatin1String sessionInterface("org.freedesktop.login1.Session");
 
 } // namespace
 
@@ -30,14 +28,14 @@ LoginSession::LoginSession(const QDBusConnection& systemBus, std::function<void(
     connect(&changes, &QFileSystemWatcher::directoryChanged, this, &LoginSession::look);
     // Without its type known, nothing would be connected.
     qDBusRegisterMetaType<QDBusObjectPath>();
-    bus.connect(name, path, interface, QStringLiteral("SessionRemoved"), this,
+    bus.connect(logind::name, logind::path, logind::manager, QStringLiteral("SessionRemoved"), this,
                 SLOT(remove(QString, QDBusObjectPath)));
     findSession();
 }
 
 void LoginSession::findSession() {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(name, path, interface, QStringLiteral("GetSessionByPID"));
+    QDBusMessage call = QDBusMessage::createMethodCall(logind::name, logind::path, logind::manager,
+                                                       QStringLiteral("GetSessionByPID"));
     call << static_cast<uint>(::getpid());
     auto* asking = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
     connect(asking, &QDBusPendingCallWatcher::finished, this, [this, asking] {
@@ -50,8 +48,8 @@ void LoginSession::findSession() {
 
 void LoginSession::follow(const QString& found) {
     session = found;
-    bus.connect(name, session, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
-                SLOT(look()));
+    bus.connect(logind::name, session, propertiesInterface, QStringLiteral("PropertiesChanged"),
+                this, SLOT(look()));
     // A system without the folder has no such manager.
     changes.addPath(files);
     // What happened before was nobody's news.
@@ -66,9 +64,9 @@ void LoginSession::remove(const QString&, const QDBusObjectPath& removed) {
 void LoginSession::look() {
     if (session.isEmpty() || !over)
         return;
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(name, session, propertiesInterface, QStringLiteral("Get"));
-    call << sessionInterface << QStringLiteral("State");
+    QDBusMessage call = QDBusMessage::createMethodCall(logind::name, session, propertiesInterface,
+                                                       QStringLiteral("Get"));
+    call << logind::session << QStringLiteral("State");
     auto* asking = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
     connect(asking, &QDBusPendingCallWatcher::finished, this, [this, asking] {
         const QDBusPendingReply<QDBusVariant> answer = *asking;

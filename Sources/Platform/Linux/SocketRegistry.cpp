@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/RuntimeFolder.h"
+#include "SMC/KernelStatus.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -19,12 +20,6 @@ using controllerSocket::Reply;
 using controllerSocket::Request;
 
 namespace {
-
-// The kernel's codes for the same mishaps.
-constexpr auto badArgument = static_cast<IORegistry::Status>(0xe00002c2);
-constexpr auto notOpen = static_cast<IORegistry::Status>(0xe00002cd);
-constexpr auto timedOut = static_cast<IORegistry::Status>(0xe00002d6);
-constexpr auto notAttached = static_cast<IORegistry::Status>(0xe00002d9);
 
 using Instant = std::chrono::steady_clock::time_point;
 
@@ -86,7 +81,7 @@ class SocketRegistry::Link {
                 overdue ? receiveOverdue(late) : request(preparation.front(), unused);
             const Status answer = status == 0 ? late.status : status;
             if (answer != 0) {
-                if (answer != timedOut)
+                if (answer != kernelStatus::timedOut)
                     hangUp();
                 return false;
             }
@@ -102,12 +97,12 @@ class SocketRegistry::Link {
             if (const Status status = receiveOverdue(reply); status != 0)
                 return status;
         if (!socket)
-            return notAttached;
+            return kernelStatus::notAttached;
         if (::send(socket.number(), &request, sizeof request, MSG_NOSIGNAL) !=
             static_cast<ssize_t>(sizeof request))
             return hangUp();
         const Status status = receive(reply, deadline);
-        overdue = status == timedOut;
+        overdue = status == kernelStatus::timedOut;
         if (status != 0)
             return status;
         if (reply.status == 0)
@@ -124,16 +119,16 @@ class SocketRegistry::Link {
     }
     Status receive(Reply& reply, Instant deadline) {
         if (!socket)
-            return notAttached;
+            return kernelStatus::notAttached;
         if (!waitForInput(socket.number(), deadline))
-            return timedOut;
+            return kernelStatus::timedOut;
         // MSG_TRUNC has the length of a packet that is too long.
         const ssize_t length = ::recv(socket.number(), &reply, sizeof reply, MSG_TRUNC);
         return length == static_cast<ssize_t>(sizeof reply) ? 0 : hangUp();
     }
     Status hangUp() {
         socket.close();
-        return notAttached;
+        return kernelStatus::notAttached;
     }
 
     FileDescriptor socket;
@@ -176,12 +171,12 @@ IORegistry::Status SocketRegistry::open(Service service, std::uint32_t type,
                                         Connection& connection) {
     const auto found = services.find(service);
     if (found == services.end())
-        return badArgument;
+        return kernelStatus::badArgument;
     std::unique_ptr<Link> link = std::move(found->second.link);
     if (!link)
         link = find(found->second.className);
     if (!link)
-        return notAttached;
+        return kernelStatus::notAttached;
     Structure unused{};
     const Status status = link->request(openRequest(type), unused);
     if (status != 0)
@@ -211,7 +206,7 @@ IORegistry::Status SocketRegistry::callStruct(Connection connection, std::uint32
                                               const Structure& request, Structure& response) {
     const auto found = connections.find(connection);
     if (found == connections.end())
-        return notOpen;
+        return kernelStatus::notOpen;
     OpenConnection& opened = found->second;
     if (opened.link->isLost())
         restore(opened);
@@ -221,7 +216,7 @@ IORegistry::Status SocketRegistry::callStruct(Connection connection, std::uint32
     });
     opened.link->setPatience(isBusy ? std::chrono::milliseconds(0) : patience);
     if (!opened.link->prepare())
-        return notAttached;
+        return kernelStatus::notAttached;
     opened.pause = {};
     opened.nextAttempt = {};
     return opened.link->request(

@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/RuntimeFolder.h"
+#include "SMC/KernelStatus.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -23,9 +24,6 @@ using controllerSocket::Request;
 
 namespace {
 
-constexpr auto notFound = static_cast<IORegistry::Status>(0xe00002f0);
-constexpr auto notOpen = static_cast<IORegistry::Status>(0xe00002cd);
-
 /// How often whoever waits is thought of.
 constexpr std::chrono::milliseconds lookInterval{500};
 
@@ -35,12 +33,12 @@ const sockaddr* generic(const sockaddr_un& address) {
     return reinterpret_cast<const sockaddr*>(&address);
 }
 
-SocketServer::Refused refusal(const std::filesystem::path& path, const std::string& reason) {
+SocketServer::Refused refusedAt(const std::filesystem::path& path, const std::string& reason) {
     return SocketServer::Refused("Cannot serve on '" + path.string() + "': " + reason + ".");
 }
 
 SocketServer::Refused systemRefusal(const std::filesystem::path& path) {
-    return refusal(path, std::strerror(errno));
+    return refusedAt(path, std::strerror(errno));
 }
 
 /// Makes way for a new socket, or throws.
@@ -49,12 +47,12 @@ void removeStale(const std::filesystem::path& path, const sockaddr_un& address) 
     if (::lstat(path.c_str(), &status) != 0)
         return;
     if (!S_ISSOCK(status.st_mode))
-        throw refusal(path, "there is a file in its place");
+        throw refusedAt(path, "there is a file in its place");
     const FileDescriptor probe(::socket(AF_UNIX, socketType, 0));
     const bool connected = ::connect(probe.number(), generic(address), sizeof address) == 0;
     // Nobody listens, which is the only proof that nobody serves: a busy server says EAGAIN.
     if (connected || errno != ECONNREFUSED)
-        throw refusal(path, "another process serves there");
+        throw refusedAt(path, "another process serves there");
     if (::unlink(path.c_str()) != 0)
         throw systemRefusal(path);
 }
@@ -131,7 +129,7 @@ class SocketServer::Client {
             return std::nullopt;
         searched = true;
         service = registry.findService(className(request.structure));
-        return Reply{service ? 0 : notFound, {}};
+        return Reply{service ? 0 : kernelStatus::notFound, {}};
     }
     std::optional<Reply> open(const Request& request) {
         if (!service || connection)
@@ -145,7 +143,7 @@ class SocketServer::Client {
     Reply exchange(const Request& request) {
         Reply reply;
         if (!connection)
-            return {notOpen, {}};
+            return {kernelStatus::notOpen, {}};
         reply.status =
             registry.callStruct(*connection, request.number, request.structure, reply.structure);
         return reply;
@@ -192,7 +190,7 @@ SocketServer::FileIdentity SocketServer::identityOf(const std::filesystem::path&
 void SocketServer::listen() {
     const auto address = controllerSocket::address(path);
     if (!address)
-        throw refusal(path, "the path is too long");
+        throw refusedAt(path, "the path is too long");
     // Of several that start at once, one replaces what it finds and the others then find it.
     const FileDescriptor folder(
         ::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -200,7 +198,7 @@ void SocketServer::listen() {
         throw systemRefusal(path);
     // Clients do not look where somebody else could have put a socket.
     if (!isPrivateFolder(path.parent_path()))
-        throw refusal(path, "its folder is not this user's alone to write to");
+        throw refusedAt(path, "its folder is not this user's alone to write to");
     removeStale(path, *address);
     // The socket's own mode becomes that of its file, less what the mask takes away.
     if (::fchmod(socket.number(), S_IRUSR | S_IWUSR) != 0 ||

@@ -1,5 +1,6 @@
 #include "Platform/Linux/RawSocket.h"
 #include "Platform/Linux/SocketRegistry.h"
+#include "SMC/KernelStatus.h"
 #include "SMC/SMC.h"
 #include "Support/TemporaryFolder.h"
 
@@ -14,9 +15,6 @@ using namespace tervale;
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr auto notAttached = static_cast<IORegistry::Status>(0xe00002d9);
-constexpr auto timedOut = static_cast<IORegistry::Status>(0xe00002d6);
 
 IORegistry::Structure filledWith(int byte) {
     IORegistry::Structure structure;
@@ -194,8 +192,8 @@ TEST_F(SocketRegistryTest, FailsOnceTheOtherSideHasGone) {
     SocketRegistry registry(path, 200ms);
     const auto connection = open(registry);
     IORegistry::Structure response{};
-    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
-    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
 }
 
 TEST_F(SocketRegistryTest, HangsUpOnRepliesOfAnotherLength) {
@@ -205,8 +203,8 @@ TEST_F(SocketRegistryTest, HangsUpOnRepliesOfAnotherLength) {
     SocketRegistry registry(path, 200ms);
     const auto connection = open(registry);
     IORegistry::Structure response{};
-    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
-    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
 }
 
 TEST_F(SocketRegistryTest, StopsWaitingForASilentSideAndGoesOnWhenItAnswersAfterAll) {
@@ -220,12 +218,12 @@ TEST_F(SocketRegistryTest, StopsWaitingForASilentSideAndGoesOnWhenItAnswersAfter
     SocketRegistry registry(path, 200ms);
     const auto connection = open(registry);
     IORegistry::Structure response{};
-    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), timedOut);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::timedOut);
 
     // Only the first call has waited.
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 50; ++i)
-        EXPECT_EQ(registry.callStruct(connection, 2, {}, response), timedOut);
+        EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::timedOut);
     EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
     EXPECT_EQ(exchanges, 1);
 
@@ -252,15 +250,15 @@ TEST_F(SocketRegistryTest, GoesOnSoonAfterAnotherServesTheSocket) {
     for (std::size_t missed = 0; missed < pauses.size(); ++missed) {
         SCOPED_TRACE(missed);
         hangUp();
-        EXPECT_EQ(call(), notAttached) << "that it is gone shows";
-        EXPECT_EQ(call(), notAttached) << "and it is looked for at once";
+        EXPECT_EQ(call(), kernelStatus::notAttached) << "that it is gone shows";
+        EXPECT_EQ(call(), kernelStatus::notAttached) << "and it is looked for at once";
         for (std::size_t i = 0; i < missed; ++i) {
             now += pauses.at(i);
-            EXPECT_EQ(call(), notAttached);
+            EXPECT_EQ(call(), kernelStatus::notAttached);
         }
         serve(succeed);
         now += pauses.at(missed) - 1ms;
-        EXPECT_EQ(call(), notAttached) << "not before its time";
+        EXPECT_EQ(call(), kernelStatus::notAttached) << "not before its time";
         now += 1ms;
         EXPECT_EQ(call(), 0);
     }
@@ -281,7 +279,7 @@ TEST_F(SocketRegistryTest, WaitsOnceForAnotherThatDoesNotAnswerAtFirst) {
     IORegistry::Structure response{};
     const auto began = std::chrono::steady_clock::now();
     for (int i = 0; i < 50; ++i)
-        EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+        EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
     EXPECT_LT(std::chrono::steady_clock::now() - began, 1s);
     EXPECT_EQ(requests, 1);
     mayAnswer = true;
@@ -305,9 +303,9 @@ TEST_F(SocketRegistryTest, WaitsForASilentSideOnOneOfItsConnectionsOnly) {
     const auto first = open(registry);
     const auto second = open(registry);
     IORegistry::Structure response{};
-    EXPECT_EQ(registry.callStruct(first, 2, {}, response), timedOut);
+    EXPECT_EQ(registry.callStruct(first, 2, {}, response), kernelStatus::timedOut);
     const auto began = std::chrono::steady_clock::now();
-    EXPECT_EQ(registry.callStruct(second, 2, {}, response), timedOut);
+    EXPECT_EQ(registry.callStruct(second, 2, {}, response), kernelStatus::timedOut);
     EXPECT_LT(std::chrono::steady_clock::now() - began, 400ms);
     mayAnswer = true;
     mayAnswer.notify_all();
@@ -324,8 +322,8 @@ TEST_F(SocketRegistryTest, LeavesAnotherThatLacksTheService) {
     hangUp();
     serve([](RawSocket& client, const Packet&) { client.send(packetOf({0xf0, 2, 0, 0xe0})); });
     IORegistry::Structure response{};
-    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
-    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
+    EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
 }
 
 TEST_F(SocketRegistryTest, GivesEveryServiceAConnectionOfItsOwn) {
