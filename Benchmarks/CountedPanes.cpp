@@ -114,7 +114,7 @@ void profilesPane(std::size_t profiles) {
     countedWork([&] { room.open<ProfilesView>(room.model, room.bridge); });
 }
 
-constexpr std::array tasks{
+constexpr std::array paneTasks{
     CountedTask{"polls", 60, polls},
     CountedTask{"drag", 40, drag},
     CountedTask{"filter", 1000, filter},
@@ -125,7 +125,7 @@ constexpr std::array tasks{
 } // namespace
 
 std::span<const CountedTask> countedPanes() {
-    return tasks;
+    return paneTasks;
 }
 
 } // namespace tervale

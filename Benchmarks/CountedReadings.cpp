@@ -35,12 +35,13 @@ void poll(std::size_t groups) {
     });
 }
 
-constexpr std::array tasks{CountedTask{"discovery", 2000, discover}, CountedTask{"poll", 6, poll}};
+constexpr std::array readingTasks{CountedTask{"discovery", 2000, discover},
+                                  CountedTask{"poll", 6, poll}};
 
 } // namespace
 
 std::span<const CountedTask> countedReadings() {
-    return tasks;
+    return readingTasks;
 }
 
 } // namespace tervale

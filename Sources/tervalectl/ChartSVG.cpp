@@ -84,9 +84,9 @@ std::string darkStyle() {
            rules("accent", dark.accentLabel) + rules("warning", dark.warning) + "}</style>\n";
 }
 
-class Writer {
+class SVGWriter {
   public:
-    explicit Writer(const Chart& drawn)
+    explicit SVGWriter(const Chart& drawn)
         : chart(drawn),
           layout(chartLayout(chartWidth, chartHeight, drawn.celsius())) {}
 
@@ -273,7 +273,7 @@ class Writer {
 } // namespace
 
 std::string chartSVG(const Chart& chart) {
-    return Writer(chart).document();
+    return SVGWriter(chart).document();
 }
 
 } // namespace tervale

@@ -13,8 +13,6 @@ namespace tervale {
 
 namespace {
 
-/// The labels of the axes, with a blank beside the plot.
-constexpr int gutter = 7;
 constexpr int heatRows = 11;
 constexpr int speedRows = 6;
 
@@ -23,13 +21,9 @@ SRGB colorOf(std::uint32_t number) {
     return {component(16), component(8), component(0)};
 }
 
-int rounded(double value) {
-    return static_cast<int>(std::lround(value));
-}
-
-class Writer {
+class TextWriter {
   public:
-    Writer(const Chart& drawn, const TextStyle& used)
+    TextWriter(const Chart& drawn, const TextStyle& used)
         : chart(drawn),
           style(used),
           heat(plotColumns(), heatRows, used),
@@ -49,7 +43,7 @@ class Writer {
     }
 
   private:
-    int plotColumns() const { return style.columns - gutter - 1; }
+    int plotColumns() const { return style.columns - labelColumns - 1; }
     double dotsPerColumn() const { return static_cast<double>(heat.dotsAcross()) / plotColumns(); }
 
     template <class ColorAt>
@@ -58,7 +52,7 @@ class Writer {
         for (const ChartStretch& stretch : stretches) {
             ChartPoint last = stretch.front();
             for (const ChartPoint& point : stretch) {
-                canvas.line(rounded(last.x), rounded(last.y), rounded(point.x), rounded(point.y),
+                canvas.line(nearest(last.x), nearest(last.y), nearest(point.x), nearest(point.y),
                             colorAt, ascii);
                 last = point;
             }
@@ -69,7 +63,7 @@ class Writer {
             const double fraction = 1 - y / layout.heat.height;
             return themeColors::thermal(layout.celsius.lower + fraction * layout.celsius.span());
         };
-        const int limit = rounded(layout.yOfCelsius(SafetyLatch::on));
+        const int limit = nearest(layout.yOfCelsius(SafetyLatch::on));
         for (int x = 0; x < heat.dotsAcross(); x += style.unicode ? 4 : 2)
             heat.dot(x, limit, warning, '.');
         const std::vector<ChartSeries> all = chart.temperatures();
@@ -94,7 +88,7 @@ class Writer {
             const std::string words = label(row++);
             const std::size_t width = words.size() - (words.find("°") == std::string::npos ? 0 : 1);
             const std::string border = style.unicode ? "│" : "|";
-            all.append(gutter - 1 - width, ' ');
+            all.append(labelColumns - 1 - width, ' ');
             all.append(words).append(" ").append(border).append(line).append("\n");
         }
     }
@@ -111,10 +105,10 @@ class Writer {
 
     /// Each line's colour, or its mark where there are no dots; as far as the terminal is wide.
     std::string legend() const {
-        std::string line = std::string(gutter, ' ');
+        std::string line = std::string(labelColumns, ' ');
         std::size_t width = line.size();
         const auto add = [&](const std::string& title, SRGB color, char mark) {
-            const std::string key = (width > gutter ? "   " : "") +
+            const std::string key = (width > labelColumns ? "   " : "") +
                                     (style.unicode ? std::string() : std::string(1, mark) + ' ');
             width += key.size() + title.size();
             if (width > static_cast<std::size_t>(style.columns))
@@ -150,7 +144,7 @@ class Writer {
         constexpr std::size_t times = 4;
         for (const ChartTime& time : chartTimes(chart, layout, times)) {
             const int length = static_cast<int>(time.text.size());
-            const int middle = gutter + 1 + static_cast<int>(time.x / dotsPerColumn());
+            const int middle = labelColumns + 1 + static_cast<int>(time.x / dotsPerColumn());
             canvas.write(std::clamp(middle - length / 2, 0, style.columns - length), 0, time.text);
         }
         return canvas.lines().front();
@@ -172,7 +166,7 @@ class Writer {
 } // namespace
 
 std::string chartText(const Chart& chart, const TextStyle& style) {
-    return Writer(chart, style).text();
+    return TextWriter(chart, style).text();
 }
 
 } // namespace tervale

@@ -5,16 +5,14 @@
 #include "tervalectl/TextCanvas.h"
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 
 namespace tervale {
 
 namespace {
 
-constexpr int gutter = 7;
 constexpr int rows = 9;
-constexpr int mostColumns = 60;
+constexpr int mostCurveColumns = 60;
 
 /// That of the window's editor; the whole of a curve's range where points lie beside it.
 ClosedRange rangeOf(const Curve& curve, CurveAxis axis) {
@@ -32,26 +30,22 @@ bool canBeDrawn(const Curve& curve, ClosedRange range) {
     });
 }
 
-int rounded(double value) {
-    return static_cast<int>(std::lround(value));
-}
-
 } // namespace
 
 std::string curveText(const Curve& curve, CurveAxis axis, const TextStyle& style) {
     const ClosedRange range = rangeOf(curve, axis);
     if (!canBeDrawn(curve, range))
         return {};
-    const int columns = std::min(style.columns - gutter - 2, mostColumns);
+    const int columns = std::min(style.columns - labelColumns - 2, mostCurveColumns);
     TextCanvas canvas(columns, rows, style);
     const double across = canvas.dotsAcross() - 1;
     const double down = canvas.dotsDown() - 1;
     const auto colorAt = [&](double x) -> std::optional<SRGB> {
         return axis == CurveAxis::temperature ? themeColors::thermal(x) : themeColors::accent;
     };
-    const auto heightAt = [&](double x) { return rounded((1 - curve.speed(x)) * down); };
+    const auto heightAt = [&](double x) { return nearest((1 - curve.speed(x)) * down); };
     int last = heightAt(range.lower);
-    for (int dot = 0; dot <= rounded(across); ++dot) {
+    for (int dot = 0; dot <= nearest(across); ++dot) {
         const double x = range.lower + dot / across * range.span();
         const int height = heightAt(x);
         canvas.line(dot, last, dot, height, [&](int) { return colorAt(x); });
@@ -59,21 +53,22 @@ std::string curveText(const Curve& curve, CurveAxis axis, const TextStyle& style
     }
     for (const CurvePoint& point : curve.points) {
         const double column = (point.x - range.lower) / range.span() * (columns - 1);
-        canvas.write(rounded(column), rounded((1 - point.speed) * (rows - 1)),
+        canvas.write(nearest(column), nearest((1 - point.speed) * (rows - 1)),
                      style.unicode ? "●" : "O", colorAt(point.x));
     }
     std::string text;
     int row = 0;
     for (const std::string& line : canvas.lines()) {
         const std::string label = row % 4 == 0 ? std::to_string(100 - 25 * row / 2) + '%' : "";
-        text.append(gutter - 1 - label.size(), ' ');
+        text.append(labelColumns - 1 - label.size(), ' ');
         text.append(label).append(style.unicode ? " │" : " |").append(line).append("\n");
         ++row;
     }
     TextCanvas labels(style.columns, 1, style);
-    for (int x = rounded(range.lower); x <= range.upper; x += 20) {
+    for (int x = nearest(range.lower); x <= range.upper; x += 20) {
         const std::string label = std::to_string(x);
-        const int middle = gutter + 1 + rounded((x - range.lower) / range.span() * (columns - 1));
+        const int middle =
+            labelColumns + 1 + nearest((x - range.lower) / range.span() * (columns - 1));
         labels.write(middle - static_cast<int>(label.size()) / 2, 0, label);
     }
     const char* unit = axis == CurveAxis::load ? "  %" : style.unicode ? "  °C" : "  C";

@@ -15,39 +15,39 @@ namespace tervale {
 namespace {
 
 /// A profile and what is wrong with it.
-struct Finding {
+struct Examined {
     const Profile& profile;
     /// From 1, in the list.
     std::size_t position = 0;
     std::vector<std::string> problems;
 };
 
-std::vector<Finding> examine(const std::vector<Profile>& profiles) {
-    std::vector<Finding> findings;
+std::vector<Examined> examine(const std::vector<Profile>& profiles) {
+    std::vector<Examined> findings;
     findings.reserve(profiles.size());
     for (const Profile& profile : profiles)
         findings.push_back({profile, findings.size() + 1, problems(profile, profiles)});
     return findings;
 }
 
-bool isSound(const Finding& finding) {
+bool isSound(const Examined& finding) {
     return finding.problems.empty();
 }
 
 /// For people; a profile may have no name, which is one of the problems.
-std::string nameOf(const Finding& finding) {
+std::string nameOf(const Examined& finding) {
     const bool blank = finding.profile.name.find_first_not_of(" \t\r\n") == std::string::npos;
     return blank ? "Profile " + std::to_string(finding.position) : finding.profile.name;
 }
 
-std::string sentences(const Finding& finding) {
+std::string sentences(const Examined& finding) {
     std::string text;
     for (const std::string& problem : finding.problems)
         text += (text.empty() ? "" : " ") + problem;
     return text;
 }
 
-void write(JSONWriter& json, const Finding& finding) {
+void write(JSONWriter& json, const Examined& finding) {
     json.object([&] {
         json.member("id", finding.profile.id);
         json.member("name", finding.profile.name);
@@ -63,7 +63,7 @@ void save(const std::vector<Profile>& profiles, AgentConnection& agent, Context&
 
 void requireSound(const std::vector<Profile>& profiles) {
     std::string line;
-    for (const Finding& finding : examine(profiles)) {
+    for (const Examined& finding : examine(profiles)) {
         if (!isSound(finding))
             line += (line.empty() ? "" : " ") + nameOf(finding) + ": " + sentences(finding);
     }
@@ -139,13 +139,13 @@ ExitStatus perform(const ctl::ShowProfile& command, Context& context) {
 
 ExitStatus perform(const ctl::ValidateProfiles& command, Context& context) {
     const std::vector<Profile> profiles = files::readProfiles(command.file, context);
-    const std::vector<Finding> findings = examine(profiles);
+    const std::vector<Examined> findings = examine(profiles);
     if (context.json) {
         JSONWriter json;
         json.array(findings);
         printJSON(context.out, json.text);
     } else {
-        for (const Finding& finding : findings) {
+        for (const Examined& finding : findings) {
             for (const std::string& problem : finding.problems)
                 context.out << printable(nameOf(finding) + ": " + problem) << '\n';
         }

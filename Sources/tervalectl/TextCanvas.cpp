@@ -37,6 +37,10 @@ std::size_t characterLength(std::string_view text) {
 
 } // namespace
 
+int nearest(double place) {
+    return static_cast<int>(std::lround(place));
+}
+
 std::string beginColor(const SRGB& color, TextStyle::Colors colors) {
     switch (colors) {
     case TextStyle::Colors::none:

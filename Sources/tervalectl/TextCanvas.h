@@ -55,6 +55,12 @@ class TextCanvas {
     std::vector<Cell> cells;
 };
 
+/// The whole number nearest to this one, as places and labels are.
+int nearest(double place);
+
+/// What a picture's labels take at its left, with a blank beside the plot.
+inline constexpr int labelColumns = 7;
+
 /// What has a terminal write in the colour from here on, and in its own again; empty where it has
 /// no colours.
 std::string beginColor(const SRGB& color, TextStyle::Colors colors);

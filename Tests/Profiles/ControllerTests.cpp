@@ -1,8 +1,8 @@
 #include "Profiles/Controller.h"
+#include "Support/NotANumber.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <optional>
 #include <random>
 #include <vector>
@@ -11,7 +11,7 @@ using namespace tervale;
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 constexpr auto cpuHottest = TemperatureInput::hottestOf(SensorGroup::cpu);
 constexpr auto gpuHottest = TemperatureInput::hottestOf(SensorGroup::gpu);
 constexpr auto ssdAverage = TemperatureInput::averageOf(SensorGroup::ssd);

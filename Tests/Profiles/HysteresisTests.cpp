@@ -1,10 +1,10 @@
 #include "Profiles/Hysteresis.h"
+#include "Support/NotANumber.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 #include <random>
 
@@ -12,7 +12,7 @@ using namespace tervale;
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 
 } // namespace
 

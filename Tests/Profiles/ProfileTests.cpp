@@ -1,5 +1,6 @@
 #include "Profiles/Profile.h"
 #include "Profiles/TemperatureInputs.h"
+#include "Support/NotANumber.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@ using namespace tervale;
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 const Curve rising{{{40, 0.2}, {60, 0.5}, {80, 1.0}}};
 
 } // namespace

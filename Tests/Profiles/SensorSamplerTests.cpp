@@ -1,4 +1,5 @@
 #include "Profiles/SensorSampler.h"
+#include "Support/NotANumber.h"
 
 #include <gtest/gtest.h>
 
@@ -15,10 +16,10 @@ using namespace tervale;
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 constexpr auto hottest = TemperatureInput::hottestOf(SensorGroup::cpu);
 constexpr auto average = TemperatureInput::averageOf(SensorGroup::cpu);
-constexpr auto gpuHottest = TemperatureInput::hottestOf(SensorGroup::gpu);
+constexpr auto hottestGPU = TemperatureInput::hottestOf(SensorGroup::gpu);
 constexpr TemperatureInputSet both{hottest, average};
 constexpr Date start{1000};
 
@@ -160,12 +161,12 @@ TEST(SensorSampler, ScansAnewWhenAsked) {
     for (int i = 1; i <= 20; ++i)
         machine.add(gpu(i), 40 + i);
     SensorSampler sampler = machine.sampler();
-    sampler.sample({hottest, gpuHottest}, start);
+    sampler.sample({hottest, hottestGPU}, start);
     machine.reads();
     sampler.rescan();
     sampler.sample({hottest}, start + 1);
     EXPECT_EQ(machine.reads(), 20U);
-    sampler.sample({hottest, gpuHottest}, start + 2);
+    sampler.sample({hottest, hottestGPU}, start + 2);
     EXPECT_EQ(machine.reads(), 4U + 20U);
 }
 
@@ -175,9 +176,9 @@ TEST(SensorSampler, KeepsTheAgeOfEachGroupsPlanApart) {
         machine.add(gpu(i), 40 + i);
     SensorSampler sampler = machine.sampler();
     sampler.sample({hottest}, start);
-    sampler.sample({gpuHottest}, start + 30);
+    sampler.sample({hottestGPU}, start + 30);
     machine.reads();
-    sampler.sample({hottest, gpuHottest}, start + 60);
+    sampler.sample({hottest, hottestGPU}, start + 60);
     EXPECT_EQ(machine.reads(), 20U + 4U);
 }
 
@@ -219,7 +220,7 @@ TEST(SensorSampler, TellsNothingOfAGroupThatCannotBeRead) {
 TEST(SensorSampler, TellsNothingOfGroupsWithoutSensorsOrNotAskedFor) {
     Machine machine = warmedByNumber(2);
     SensorSampler sampler = machine.sampler();
-    EXPECT_EQ(sampler.sample({gpuHottest}, start), TemperatureReadings());
+    EXPECT_EQ(sampler.sample({hottestGPU}, start), TemperatureReadings());
     EXPECT_EQ(sampler.sample({}, start), TemperatureReadings());
     EXPECT_EQ(machine.reads(), 0U);
 }

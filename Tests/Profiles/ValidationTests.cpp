@@ -1,4 +1,5 @@
 #include "Profiles/Validation.h"
+#include "Support/NotANumber.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ namespace {
 
 using Problems = std::vector<std::string>;
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 constexpr UUID own{{1}};
 constexpr UUID curveId{{2}};
 constexpr UUID scheduleId{{3}};
@@ -64,7 +65,7 @@ Problems ofActions(const std::vector<Action>& actions) {
     }
     return ofWindows(windows);
 }
-Window automatic(std::int64_t start, std::int64_t end) {
+Window anAutomatic(std::int64_t start, std::int64_t end) {
     return {start, end, action::Automatic{}};
 }
 
@@ -72,7 +73,7 @@ Window automatic(std::int64_t start, std::int64_t end) {
 
 TEST(ProfileProblems, AreNoneForAValidProfile) {
     EXPECT_EQ(ofName("Quiet"), Problems{});
-    EXPECT_EQ(ofWindows({automatic(0, 720), automatic(720, 0)}), Problems{});
+    EXPECT_EQ(ofWindows({anAutomatic(0, 720), anAutomatic(720, 0)}), Problems{});
 }
 
 TEST(ProfileProblems, IncludeABlankName) {
@@ -150,23 +151,25 @@ TEST(ScheduleProblems, AreOneSentenceWithoutWindows) {
 }
 
 TEST(ScheduleProblems, IncludeAWindowWithoutLengthOnce) {
-    EXPECT_EQ(ofWindows({automatic(60, 60)}), Problems{zeroLength});
-    EXPECT_EQ(ofWindows({automatic(0, 0), automatic(600, 700)}), (Problems{zeroLength, overlap}));
-    EXPECT_EQ(ofWindows({automatic(0, 0), automatic(5, 5)}), (Problems{zeroLength, overlap}));
+    EXPECT_EQ(ofWindows({anAutomatic(60, 60)}), Problems{zeroLength});
+    EXPECT_EQ(ofWindows({anAutomatic(0, 0), anAutomatic(600, 700)}),
+              (Problems{zeroLength, overlap}));
+    EXPECT_EQ(ofWindows({anAutomatic(0, 0), anAutomatic(5, 5)}), (Problems{zeroLength, overlap}));
 }
 
 TEST(ScheduleProblems, IncludeTimesOutsideTheDayOnce) {
-    EXPECT_EQ(ofWindows({automatic(0, 1439)}), Problems{});
-    EXPECT_EQ(ofWindows({automatic(0, 1440)}), Problems{times});
-    EXPECT_EQ(ofWindows({automatic(-1, 5), automatic(1440, 3000)}), Problems{times});
-    EXPECT_EQ(ofWindows({automatic(0, 1440), automatic(5, 6)}), (Problems{times, overlap}));
+    EXPECT_EQ(ofWindows({anAutomatic(0, 1439)}), Problems{});
+    EXPECT_EQ(ofWindows({anAutomatic(0, 1440)}), Problems{times});
+    EXPECT_EQ(ofWindows({anAutomatic(-1, 5), anAutomatic(1440, 3000)}), Problems{times});
+    EXPECT_EQ(ofWindows({anAutomatic(0, 1440), anAutomatic(5, 6)}), (Problems{times, overlap}));
 }
 
 TEST(ScheduleProblems, IncludeAnOverlap) {
-    EXPECT_EQ(ofWindows({automatic(1320, 420), automatic(400, 500)}), Problems{overlap});
-    EXPECT_EQ(ofWindows({automatic(1320, 420), automatic(420, 1320)}), Problems{});
-    EXPECT_EQ(ofWindows({automatic(1438, 0), automatic(1439, 0)}), Problems{overlap});
-    EXPECT_EQ(ofWindows({automatic(0, 1), automatic(0, 1), automatic(0, 1)}), Problems{overlap});
+    EXPECT_EQ(ofWindows({anAutomatic(1320, 420), anAutomatic(400, 500)}), Problems{overlap});
+    EXPECT_EQ(ofWindows({anAutomatic(1320, 420), anAutomatic(420, 1320)}), Problems{});
+    EXPECT_EQ(ofWindows({anAutomatic(1438, 0), anAutomatic(1439, 0)}), Problems{overlap});
+    EXPECT_EQ(ofWindows({anAutomatic(0, 1), anAutomatic(0, 1), anAutomatic(0, 1)}),
+              Problems{overlap});
 }
 
 TEST(ScheduleProblems, IncludeASpeedOutOfRange) {
@@ -217,7 +220,7 @@ TEST(ScheduleProblems, FindAnOverlapWhereTheMinutesAreCountedTwice) {
         std::array<int, 1440> counts{};
         std::vector<Window> windows;
         for (std::size_t i = random() % 4 + 1; i > 0; --i) {
-            windows.push_back(automatic(time(), time()));
+            windows.push_back(anAutomatic(time(), time()));
             const auto [start, end, ignored] = windows.back();
             for (std::int64_t minute = 0; minute < 1440; ++minute) {
                 const bool afterStart = minute >= start;

@@ -1,6 +1,7 @@
 #include "SMC/ErrorOf.h"
 #include "SMC/SMCCodec.h"
 #include "SMC/ScriptedRegistry.h"
+#include "Support/NotANumber.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,7 @@ using test::errorOf;
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 double decode(std::string_view type, std::initializer_list<unsigned> bytes) {

@@ -1,6 +1,7 @@
 #include "SMC/ErrorOf.h"
 #include "SMC/SMC.h"
 #include "SMC/ScriptedRegistry.h"
+#include "Support/NotANumber.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,6 @@ namespace {
 using Lines = std::vector<std::string>;
 using Sensors = std::vector<TemperatureSensor>;
 using Readings = std::unordered_map<TemperatureSensor, double>;
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
 
 struct TemperatureReadout : testing::Test {
     ScriptedRegistry registry;
@@ -76,7 +76,7 @@ TEST_F(TemperatureReadout, FindsOnlySensorsWithABelievableReading) {
     registry.setFloat("Tp02", 5);
     registry.setFloat("Tp03", 130);
     registry.setFloat("Tp04", 130.1F);
-    registry.setFloat("Tp05", notANumber);
+    registry.setFloat("Tp05", static_cast<float>(test::notANumber));
     registry.setFloat("Tp06", 0);
     registry.setFloat("Tp07", -40);
     EXPECT_EQ(discover(), (Sensors{{"Tp02", SensorGroup::cpu}, {"Tp03", SensorGroup::cpu}}));
@@ -111,7 +111,8 @@ TEST_F(TemperatureReadout, FailsWhenTheKeysCannotBeCounted) {
 }
 
 TEST_F(TemperatureReadout, StopsTheProcessForACountThatIsNoNumberOfKeys) {
-    for (const float count : {-1.0F, notANumber, std::numeric_limits<float>::infinity(), 1e30F}) {
+    for (const float count : {-1.0F, static_cast<float>(test::notANumber),
+                              std::numeric_limits<float>::infinity(), 1e30F}) {
         registry.setFloat("#KEY", count);
         EXPECT_DEATH(smc.temperatureSensors(), "negative number of keys|no 64-bit integer");
     }
@@ -129,7 +130,7 @@ TEST_F(TemperatureReadout, ReadsDiscoveredSensorsInOneCallEach) {
 TEST_F(TemperatureReadout, LeavesASensorOutOnlyWhileItsReadingIsUnbelievable) {
     registry.setFloat("Tp01", 50);
     const Sensors sensors = discover();
-    for (const float value : {200.0F, 130.1F, 4.9F, notANumber}) {
+    for (const float value : {200.0F, 130.1F, 4.9F, static_cast<float>(test::notANumber)}) {
         registry.setFloat("Tp01", value);
         EXPECT_TRUE(smc.temperatures(sensors).empty()) << value;
     }

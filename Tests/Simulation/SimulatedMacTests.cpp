@@ -1,3 +1,4 @@
+#include "SMC/ErrorOf.h"
 #include "SMC/SMC.h"
 #include "SMC/SMCCodec.h"
 #include "Simulation/SensorKeys.h"
@@ -24,15 +25,6 @@ std::vector<std::string> allKeys(SMC& smc) {
     return names;
 }
 
-std::string messageOf(const std::function<void()>& attempt) {
-    try {
-        attempt();
-    } catch (const SMCError& error) {
-        return error.description;
-    }
-    return "no error";
-}
-
 TEST(SimulatedMac, HasAtLeastFifteenHundredKeysSortedByName) {
     SimulatedMac mac(still());
     SMC smc(mac);
@@ -53,7 +45,7 @@ TEST(SimulatedMac, HasReadableKeysOfEverySupportedTypeAndSomeOfOthers) {
         if (!smc.exists(name))
             continue;
         const std::string type = smc.info(name).type;
-        const std::string message = messageOf([&] { smc.read(name); });
+        const std::string message = test::errorOf([&] { smc.read(name); });
         if (message == "no error")
             readable.insert(type);
         else if (message.starts_with("unsupported type"))

@@ -18,11 +18,11 @@ using namespace tervale;
 
 namespace {
 
-const Profile quiet{UUID::random(), "Quiet", kind::Load{}};
+const Profile silent{UUID::random(), "Quiet", kind::Load{}};
 
 class AgentCommands : public testing::Test, protected CommandRunner {
   protected:
-    AgentCommands() { agent.state.profiles = {quiet}; }
+    AgentCommands() { agent.state.profiles = {silent}; }
 
     void obeyAll() {
         agent.obey = [this](const BridgeCommand& command) {
@@ -48,7 +48,7 @@ class AgentCommands : public testing::Test, protected CommandRunner {
 } // namespace
 
 TEST_F(AgentCommands, ShowTheState) {
-    agent.state.selection = action::Profile{quiet.id};
+    agent.state.selection = action::Profile{silent.id};
     agent.state.timerAction = action::Fixed{0.4};
     agent.state.status = "Cooling";
     ASSERT_EQ(run({"state"}), ExitStatus::done);
@@ -184,7 +184,7 @@ TEST_F(AgentCommands, FindProfilesAmongTheAgents) {
     ASSERT_EQ(run({"select", "profile", "Quiet"}), ExitStatus::done);
     EXPECT_EQ(agent.heard,
               (std::vector<BridgeCommand>{command::RequestState{},
-                                          command::Select{action::Profile{quiet.id}}}));
+                                          command::Select{action::Profile{silent.id}}}));
     ASSERT_EQ(run({"timer", "profile", "Loud", "5m"}), ExitStatus::refused);
     EXPECT_EQ(errors, "tervalectl: There is no profile 'Loud'.\n");
     EXPECT_EQ(agent.heard.back(), BridgeCommand(command::RequestState{}));

@@ -14,14 +14,14 @@ using namespace tervale;
 
 namespace {
 
-const Profile rising{*UUID::parse("00000000-0000-0000-0000-000000000001"), "Rising",
-                     kind::Temperature{TemperatureInput::averageOf(SensorGroup::gpu),
-                                       Curve{{{40, 0.0}, {80, 1.0}}}}};
+const Profile charted{*UUID::parse("00000000-0000-0000-0000-000000000001"), "Rising",
+                      kind::Temperature{TemperatureInput::averageOf(SensorGroup::gpu),
+                                        Curve{{{40, 0.0}, {80, 1.0}}}}};
 
 class ChartCommands : public testing::Test, protected CommandRunner {
   protected:
     ChartCommands() {
-        std::ofstream(folder.path / "p.json") << encode(std::vector{rising});
+        std::ofstream(folder.path / "p.json") << encode(std::vector{charted});
         drawPNG = [this](const std::string& svg) {
             drawn = svg;
             return std::string("picture");

@@ -9,17 +9,17 @@ using namespace tervale;
 
 namespace {
 
-const Curve rising{{{40, 0.0}, {60, 0.5}, {80, 1.0}}};
-constexpr TextStyle plain{.columns = 80, .unicode = false};
+const Curve risingCurve{{{40, 0.0}, {60, 0.5}, {80, 1.0}}};
+constexpr TextStyle plainStyle{.columns = 80, .unicode = false};
 
 QStringList linesOf(const Curve& curve, CurveAxis axis = CurveAxis::temperature) {
-    return QString::fromStdString(curveText(curve, axis, plain)).split('\n');
+    return QString::fromStdString(curveText(curve, axis, plainStyle)).split('\n');
 }
 
 } // namespace
 
 TEST(CurveText, MarksThePointsAtTheirPlaces) {
-    const QStringList lines = linesOf(rising);
+    const QStringList lines = linesOf(risingCurve);
     ASSERT_EQ(lines.size(), 9 + 1 + 1);
     const auto place = [&](int row) { return lines[row].indexOf('O'); };
     EXPECT_TRUE(lines[0].startsWith("  100% |"));
@@ -34,14 +34,14 @@ TEST(CurveText, MarksThePointsAtTheirPlaces) {
 }
 
 TEST(CurveText, IsLevelBesideItsEnds) {
-    const QStringList lines = linesOf(rising);
+    const QStringList lines = linesOf(risingCurve);
     EXPECT_TRUE(lines[0].endsWith("**")) << "at full speed above the last point";
     EXPECT_EQ(lines[8].indexOf('*'), 8) << "at none below the first";
 }
 
 TEST(CurveText, HasTheAxisOfItsKind) {
-    EXPECT_TRUE(linesOf(rising)[9].contains("20"));
-    EXPECT_TRUE(linesOf(rising)[9].endsWith("  C"));
+    EXPECT_TRUE(linesOf(risingCurve)[9].contains("20"));
+    EXPECT_TRUE(linesOf(risingCurve)[9].endsWith("  C"));
     const QStringList load = linesOf({{{0, 0}, {100, 1}}}, CurveAxis::load);
     EXPECT_TRUE(load[9].trimmed().startsWith("0"));
     EXPECT_TRUE(load[9].endsWith("  %"));
@@ -66,16 +66,16 @@ TEST(CurveText, IsWiderWherePointsLieBesideTheUsualTemperatures) {
 }
 
 TEST(CurveText, DrawsInTheColorsOfTheTemperature) {
-    const std::string text = curveText(rising, CurveAxis::temperature,
+    const std::string text = curveText(risingCurve, CurveAxis::temperature,
                                        {.columns = 80, .colors = TextStyle::Colors::all});
     EXPECT_NE(text.find("\x1b[38;2;77;140;245m"), std::string::npos) << "blue, below 30 °C";
     EXPECT_NE(text.find("●"), std::string::npos);
 }
 
 TEST(CurveText, DrawsNothingOfWhatCannotBeDrawn) {
-    EXPECT_EQ(curveText({}, CurveAxis::load, plain), "");
-    EXPECT_EQ(curveText({{{-1e308, 0}, {1e308, 1}}}, CurveAxis::load, plain), "");
-    EXPECT_EQ(curveText({{{10, 7}}}, CurveAxis::load, plain), "");
-    EXPECT_EQ(curveText({{{60, 0}, {121, 1}}}, CurveAxis::temperature, plain), "");
-    EXPECT_EQ(curveText({{{-1, 0}, {60, 1}}}, CurveAxis::temperature, plain), "");
+    EXPECT_EQ(curveText({}, CurveAxis::load, plainStyle), "");
+    EXPECT_EQ(curveText({{{-1e308, 0}, {1e308, 1}}}, CurveAxis::load, plainStyle), "");
+    EXPECT_EQ(curveText({{{10, 7}}}, CurveAxis::load, plainStyle), "");
+    EXPECT_EQ(curveText({{{60, 0}, {121, 1}}}, CurveAxis::temperature, plainStyle), "");
+    EXPECT_EQ(curveText({{{-1, 0}, {60, 1}}}, CurveAxis::temperature, plainStyle), "");
 }

@@ -68,7 +68,7 @@ class DoctorTest : public testing::Test, protected CommandRunner {
     }
 };
 
-class Doctor : public DoctorTest {
+class DoctorCommand : public DoctorTest {
   protected:
     ScriptedAgent agent{center};
 };
@@ -114,7 +114,7 @@ class EmptyRegistry final : public IORegistry {
 
 } // namespace
 
-TEST_F(Doctor, FindsNothingWrongWhereAllIsThere) {
+TEST_F(DoctorCommand, FindsNothingWrongWhereAllIsThere) {
     agent.state.status = "Tervale is up to date.";
     agentProcess = {1234, "2026-01-31T09:13:28Z", 1235};
     EXPECT_EQ(run({"doctor"}), ExitStatus::done);
@@ -128,12 +128,12 @@ TEST_F(Doctor, FindsNothingWrongWhereAllIsThere) {
     EXPECT_EQ(line("Preferences"), "Preferences good readable, writable; profiles: 0");
 }
 
-TEST_F(Doctor, LeavesNothingInThePreferences) {
+TEST_F(DoctorCommand, LeavesNothingInThePreferences) {
     EXPECT_EQ(run({"doctor"}), ExitStatus::done);
     EXPECT_TRUE(preferences.keys("").empty());
 }
 
-TEST_F(Doctor, GoesOnWithoutAController) {
+TEST_F(DoctorCommand, GoesOnWithoutAController) {
     EmptyRegistry empty;
     registry = &empty;
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
@@ -143,7 +143,7 @@ TEST_F(Doctor, GoesOnWithoutAController) {
     EXPECT_TRUE(line("Agent").starts_with("Agent good")) << output;
 }
 
-TEST_F(Doctor, OutlivesAControllerThatCountsByWhatIsNoNumber) {
+TEST_F(DoctorCommand, OutlivesAControllerThatCountsByWhatIsNoNumber) {
     test::ScriptedRegistry rubbish;
     registry = &rubbish;
     for (const float count : {std::nanf(""), -3.0F, 3e38F}) {
@@ -157,7 +157,7 @@ TEST_F(Doctor, OutlivesAControllerThatCountsByWhatIsNoNumber) {
     }
 }
 
-TEST_F(Doctor, DoesNotWaitForBillionsOfKeysAndFans) {
+TEST_F(DoctorCommand, DoesNotWaitForBillionsOfKeysAndFans) {
     test::ScriptedRegistry rubbish;
     registry = &rubbish;
     rubbish.set("#KEY", {"ui32", test::bytesOf({255, 255, 255, 255}), {}});
@@ -167,7 +167,7 @@ TEST_F(Doctor, DoesNotWaitForBillionsOfKeysAndFans) {
     EXPECT_NE(output.find(R"("FNum: 1000000000 fans")"), std::string::npos) << output;
 }
 
-TEST_F(Doctor, TellsOfLimitsThatKeepAFanFromBeingDriven) {
+TEST_F(DoctorCommand, TellsOfLimitsThatKeepAFanFromBeingDriven) {
     test::ScriptedRegistry rubbish;
     registry = &rubbish;
     rubbish.setByte("FNum", 2);
@@ -182,13 +182,13 @@ TEST_F(Doctor, TellsOfLimitsThatKeepAFanFromBeingDriven) {
     EXPECT_EQ(line("Fans"), "Fans wrong 2: 1200–6000 rpm, 1200–– rpm; fan 1 has no limits");
 }
 
-TEST_F(Doctor, MissesTheSensorsThatSafetyRestsOn) {
+TEST_F(DoctorCommand, MissesTheSensorsThatSafetyRestsOn) {
     mac = SimulatedMac({.scenario = Scenario::idle, .sensors = 0});
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
     EXPECT_TRUE(line("Sensors").starts_with("Sensors wrong CPU 0, GPU 0")) << output;
 }
 
-TEST_F(Doctor, TellsThatARunningAgentDoesNotAnswer) {
+TEST_F(DoctorCommand, TellsThatARunningAgentDoesNotAnswer) {
     timeout = 0.05;
     agent.answers = false;
     agentProcess = {1234, "2026-01-31T09:13:28Z", std::nullopt};
@@ -197,19 +197,19 @@ TEST_F(Doctor, TellsThatARunningAgentDoesNotAnswer) {
                              "agent did not answer within 0.05 s.");
 }
 
-TEST_F(Doctor, TellsThatThereIsNoSessionBus) {
+TEST_F(DoctorCommand, TellsThatThereIsNoSessionBus) {
     hasChannel = false;
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
     EXPECT_EQ(line("Session bus"), "Session bus wrong not reachable");
 }
 
-TEST_F(Doctor, TellsWhichPreferencesCannotBeRead) {
+TEST_F(DoctorCommand, TellsWhichPreferencesCannotBeRead) {
     preferences.setString(ProfileStore::selectionKey, "not data");
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
     EXPECT_EQ(line("Preferences"), "Preferences wrong selection cannot be read");
 }
 
-TEST_F(Doctor, TellsWhichPreferencesAreNoneOfTheAgents) {
+TEST_F(DoctorCommand, TellsWhichPreferencesAreNoneOfTheAgents) {
     store(ProfileStore::profilesKey, R"([{"id":7}])");
     store(ProfileStore::selectionKey, R"({"automatic":{}})");
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
@@ -218,7 +218,7 @@ TEST_F(Doctor, TellsWhichPreferencesAreNoneOfTheAgents) {
     EXPECT_EQ(line("Preferences").find("selection"), std::string::npos) << output;
 }
 
-TEST_F(Doctor, StoresAsMuchAsTheAgentMayHaveTo) {
+TEST_F(DoctorCommand, StoresAsMuchAsTheAgentMayHaveTo) {
     FailingPreferences small;
     otherPreferences = &small;
     EXPECT_EQ(run({"doctor"}), ExitStatus::done) << output;
@@ -232,7 +232,7 @@ TEST_F(Doctor, StoresAsMuchAsTheAgentMayHaveTo) {
     EXPECT_EQ(small.keys(""), std::vector<std::string>{ProfileStore::profilesKey});
 }
 
-TEST_F(Doctor, ReadsBackWhatItStored) {
+TEST_F(DoctorCommand, ReadsBackWhatItStored) {
     FailingPreferences forgetful;
     forgetful.losesAByte = true;
     otherPreferences = &forgetful;
@@ -242,7 +242,7 @@ TEST_F(Doctor, ReadsBackWhatItStored) {
     EXPECT_TRUE(forgetful.keys("").empty());
 }
 
-TEST_F(Doctor, TouchesNothingThatIsStored) {
+TEST_F(DoctorCommand, TouchesNothingThatIsStored) {
     store(ProfileStore::profilesKey, "[]");
     store("doctor", "somebody's");
     EXPECT_EQ(run({"doctor"}), ExitStatus::done) << output;
@@ -250,7 +250,7 @@ TEST_F(Doctor, TouchesNothingThatIsStored) {
     EXPECT_EQ(preferences.data("doctor"), dataOf("somebody's"));
 }
 
-TEST_F(Doctor, TellsThatTheGuardIsGone) {
+TEST_F(DoctorCommand, TellsThatTheGuardIsGone) {
     agentProcess = {1234, "2026-01-31T09:13:28Z", 1235};
     guard.reset();
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
@@ -258,7 +258,7 @@ TEST_F(Doctor, TellsThatTheGuardIsGone) {
               "Agent wrong process 1234 since 2026-01-31T09:13:28Z, guard 1235 is gone");
 }
 
-TEST_F(Doctor, NeedsNoGuardBeforeAFanIsTaken) {
+TEST_F(DoctorCommand, NeedsNoGuardBeforeAFanIsTaken) {
     agentProcess = {1234, "2026-01-31T09:13:28Z", std::nullopt};
     guard.reset();
     EXPECT_EQ(run({"doctor"}), ExitStatus::done) << output;
@@ -349,13 +349,13 @@ TEST_F(DoctorOnARealAgent, TellsThatSomethingCouldNotBeStored) {
         << output;
 }
 
-TEST_F(Doctor, TellsThatTheAgentHasEnded) {
+TEST_F(DoctorCommand, TellsThatTheAgentHasEnded) {
     agent.state.status = "The agent has ended. The fans are automatic.";
     EXPECT_EQ(run({"doctor"}), ExitStatus::refused);
     EXPECT_EQ(line("Agent"), "Agent wrong " + *agent.state.status);
 }
 
-TEST_F(Doctor, WritesJSON) {
+TEST_F(DoctorCommand, WritesJSON) {
     hasChannel = false;
     EXPECT_EQ(run({"doctor", "--json"}), ExitStatus::refused);
     EXPECT_TRUE(output.starts_with(R"([{"check":"Controller","ok":true,"details":"answers"},)"))

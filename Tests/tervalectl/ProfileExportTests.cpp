@@ -23,9 +23,8 @@ using namespace tervale;
 
 namespace {
 
-const Curve rising{{{30, 0.2}, {80, 0.8}}};
-const Profile quiet{UUID::random(), "Quiet", kind::Load{rising}};
-const Profile busy{UUID::random(), "Busy", kind::Load{rising}};
+const Profile exported{UUID::random(), "Quiet", kind::Load{{{{30, 0.2}, {80, 0.8}}}}};
+const Profile alsoExported{UUID::random(), "Busy", kind::Load{{{{30, 0.2}, {80, 0.8}}}}};
 
 /// No file of this process becomes longer than so many bytes.
 class FileSizeLimit {
@@ -49,7 +48,7 @@ class FileSizeLimit {
 
 class ProfileExport : public testing::Test, protected CommandRunner {
   protected:
-    ProfileExport() { agent.state.profiles = {quiet}; }
+    ProfileExport() { agent.state.profiles = {exported}; }
 
     QString file(const char* name) const { return QString::fromStdString(folder.path / name); }
     std::string content(const char* name) const {
@@ -70,7 +69,7 @@ class ProfileExport : public testing::Test, protected CommandRunner {
 TEST_F(ProfileExport, KeepsTheFileWhereTheNewOneDoesNotFit) {
     ASSERT_EQ(run({"profiles", "export", file("p.json")}), ExitStatus::done);
     const std::string before = content("p.json");
-    agent.state.profiles = {quiet, busy};
+    agent.state.profiles = {exported, alsoExported};
     {
         const FileSizeLimit limit(before.size());
         EXPECT_EQ(run({"profiles", "export", file("p.json")}), ExitStatus::refused);

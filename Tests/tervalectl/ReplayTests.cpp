@@ -14,15 +14,15 @@ using namespace tervale;
 
 namespace {
 
-const Profile rising{*UUID::parse("00000000-0000-0000-0000-000000000001"), "Rising",
-                     kind::Temperature{TemperatureInput::averageOf(SensorGroup::gpu),
-                                       Curve{{{40, 0.0}, {80, 1.0}}}}};
+const Profile replayed{*UUID::parse("00000000-0000-0000-0000-000000000001"), "Rising",
+                       kind::Temperature{TemperatureInput::averageOf(SensorGroup::gpu),
+                                         Curve{{{40, 0.0}, {80, 1.0}}}}};
 const Profile byLoad{*UUID::parse("00000000-0000-0000-0000-000000000002"), "By load",
                      kind::Load{Curve{{{0, 0.0}, {100, 1.0}}}}};
 
 class ReplayTest : public testing::Test, protected CommandRunner {
   protected:
-    ReplayTest() { std::ofstream(folder.path / "p.json") << encode(std::vector{rising, byLoad}); }
+    ReplayTest() { std::ofstream(folder.path / "p.json") << encode(std::vector{replayed, byLoad}); }
 
     ExitStatus replay(const char* selection, const std::string& trace,
                       const QStringList& options = {"--json"}) {

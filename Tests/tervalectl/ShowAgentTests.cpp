@@ -8,9 +8,9 @@ using namespace tervale;
 
 namespace {
 
-class ShowAgent : public testing::Test, protected CommandRunner {
+class ShowAgentCommand : public testing::Test, protected CommandRunner {
   protected:
-    ShowAgent() {
+    ShowAgentCommand() {
         agent.state.status = "All is well.";
         agentProcess = {1234, "2026-01-31T09:13:28Z", 1235};
     }
@@ -25,7 +25,7 @@ class ShowAgent : public testing::Test, protected CommandRunner {
 
 } // namespace
 
-TEST_F(ShowAgent, TellsItsProcessItsGuardAndItsStatus) {
+TEST_F(ShowAgentCommand, TellsItsProcessItsGuardAndItsStatus) {
     EXPECT_EQ(run({"agent"}), ExitStatus::done);
     EXPECT_TRUE(shows("Answers", "yes")) << output;
     EXPECT_TRUE(shows("Process", "1234")) << output;
@@ -34,7 +34,7 @@ TEST_F(ShowAgent, TellsItsProcessItsGuardAndItsStatus) {
     EXPECT_TRUE(shows("Status", "All is well.")) << output;
 }
 
-TEST_F(ShowAgent, TellsOfOneThatRunsAndDoesNotAnswer) {
+TEST_F(ShowAgentCommand, TellsOfOneThatRunsAndDoesNotAnswer) {
     timeout = 0.05;
     agent.answers = false;
     agentProcess->guard.reset();
@@ -45,7 +45,7 @@ TEST_F(ShowAgent, TellsOfOneThatRunsAndDoesNotAnswer) {
     EXPECT_FALSE(shows("Status", "")) << output;
 }
 
-TEST_F(ShowAgent, TellsThatTheGuardItNamesIsGone) {
+TEST_F(ShowAgentCommand, TellsThatTheGuardItNamesIsGone) {
     guard.reset();
     EXPECT_EQ(run({"agent"}), ExitStatus::done);
     EXPECT_TRUE(shows("Guard", "process 1235 is gone")) << output;
@@ -53,14 +53,14 @@ TEST_F(ShowAgent, TellsThatTheGuardItNamesIsGone) {
     EXPECT_NE(output.find(R"("guard":1235,"guarded":false)"), std::string::npos) << output;
 }
 
-TEST_F(ShowAgent, WritesJSON) {
+TEST_F(ShowAgentCommand, WritesJSON) {
     EXPECT_EQ(run({"agent", "--json"}), ExitStatus::done);
     EXPECT_EQ(output, R"({"answers":true,"process":1234,"started":"2026-01-31T09:13:28Z",)"
                       R"("guard":1235,"guarded":true,"status":"All is well."})"
                       "\n");
 }
 
-TEST_F(ShowAgent, LeavesOutOfTheJSONWhatThereIsNot) {
+TEST_F(ShowAgentCommand, LeavesOutOfTheJSONWhatThereIsNot) {
     timeout = 0.05;
     agent.answers = false;
     agentProcess.reset();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int cornerRadius = 6;
 constexpr int segmentHeight = 24;
-constexpr int sidePadding = 14;
+constexpr int segmentPadding = 14;
 
 QFont fontOf(bool selected) {
     return systemFont(fontSize::body, selected ? QFont::Medium : QFont::Normal);
@@ -49,7 +49,8 @@ SegmentButton::SegmentButton(const QString& title, QWidget* parent) : QRadioButt
 
 // As wide as when it is selected, so that nothing moves then.
 QSize SegmentButton::sizeHint() const {
-    return {QFontMetrics(fontOf(true)).horizontalAdvance(text()) + 2 * sidePadding, segmentHeight};
+    return {QFontMetrics(fontOf(true)).horizontalAdvance(text()) + 2 * segmentPadding,
+            segmentHeight};
 }
 
 QSize SegmentButton::minimumSizeHint() const {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int side = 26;
 constexpr int symbolSide = 16;
-constexpr int cornerRadius = 6;
+constexpr int symbolButtonRadius = 6;
 
 } // namespace
 
@@ -22,7 +22,7 @@ SymbolButton::SymbolButton(Symbol symbol, const QString& name, QWidget* parent)
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
-    FocusRing::shared().surround(*this, cornerRadius);
+    FocusRing::shared().surround(*this, symbolButtonRadius);
 }
 
 QSize SymbolButton::sizeHint() const {
@@ -38,8 +38,8 @@ void SymbolButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     if (isDown() || (isEnabled() && underMouse()))
-        paintBox(painter, rect(), cornerRadius, isDown() ? colors.quaternary : pressedShade(colors),
-                 Qt::transparent);
+        paintBox(painter, rect(), symbolButtonRadius,
+                 isDown() ? colors.quaternary : pressedShade(colors), Qt::transparent);
     QRectF place(0, 0, symbolSide, symbolSide);
     place.moveCenter(QRectF(rect()).center());
     paintSymbol(painter, drawing, place, isDown() ? colors.label : colors.secondary);

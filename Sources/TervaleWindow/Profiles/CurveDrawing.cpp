@@ -16,7 +16,7 @@ constexpr double largestShown = 1e6;
 /// Beyond it no canvas reaches; NaN is outside too.
 constexpr ClosedRange plottable{-largestShown, largestShown};
 
-std::string percent(double fraction) {
+std::string percentText(double fraction) {
     return wholeNumber(fraction * 100) + "%";
 }
 
@@ -25,7 +25,7 @@ void layAxes(CurveDrawing& drawing, const CurvePlot& plot, const std::string& ma
         const double speed = static_cast<double>(line) / (CurveDrawing::speedLines - 1);
         drawing.grid[line] = plot.positionOfSpeed(speed);
         drawing.speeds[line] = {{plot.rect.left - speedLabelOffset, drawing.grid[line]},
-                                percent(speed)};
+                                percentText(speed)};
     }
     for (std::size_t label = 0; label < CurveDrawing::unitLabels; ++label) {
         const double x = plot.range.lower + plot.range.span() * static_cast<double>(label) /
@@ -71,7 +71,7 @@ std::string positionText(const CurvePoint& point, std::string_view unit) {
     // A curve from outside may hold any number, even one that no integer can.
     const double x = std::clamp(point.x, -largestShown, largestShown);
     const double speed = std::clamp(point.speed, -largestShown, largestShown);
-    return wholeNumber(x) + gap + std::string(unit) + ", " + percent(speed);
+    return wholeNumber(x) + gap + std::string(unit) + ", " + percentText(speed);
 }
 
 CurveDrawing drawingOf(const CurveEditing& editing, std::string_view unit,

@@ -1,5 +1,7 @@
 #include "TervaleWindow/Profiles/CurveEditing.h"
 
+#include "TervaleWindow/Profiles/WholePercent.h"
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -10,10 +12,6 @@ namespace tervale {
 namespace {
 
 constexpr std::size_t fewestPoints = 2;
-
-double wholePercent(double speed) {
-    return std::round(speed * 100) / 100;
-}
 
 /// The one point that was moved, added or removed between the two, as an index of the second.
 std::optional<std::size_t> changedPoint(const Curve& from, const Curve& to) {

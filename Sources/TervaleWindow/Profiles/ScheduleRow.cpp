@@ -11,6 +11,7 @@
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Controls/TimeField.h"
+#include "TervaleWindow/Profiles/WholePercent.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -19,7 +20,6 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace tervale {
@@ -46,10 +46,6 @@ TimeField* makeTimeField(const QString& name, QWidget* parent) {
     auto* field = new TimeField(parent);
     field->setAccessibleName(name);
     return field;
-}
-
-double wholePercent(double fraction) {
-    return std::round(fraction * 100) / 100;
 }
 
 bool isStep(int key) {

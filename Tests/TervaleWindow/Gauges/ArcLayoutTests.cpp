@@ -1,3 +1,4 @@
+#include "Support/NotANumber.h"
 #include "TervaleWindow/Appearance/Theme.h"
 #include "TervaleWindow/Gauges/ArcLayout.h"
 #include "TervaleWindow/Gauges/GaugeTestSupport.h"
@@ -5,14 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 using namespace tervale;
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 const QRectF square(10, 10, 190, 190);
 
 /// On the arc's line; degrees anticlockwise from the right.

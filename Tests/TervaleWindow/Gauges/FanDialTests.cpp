@@ -1,3 +1,4 @@
+#include "Support/NotANumber.h"
 #include "TervaleWindow/Gauges/FanDial.h"
 #include "TervaleWindow/Gauges/GaugeTestSupport.h"
 #include "TervaleWindow/Support/InLocale.h"
@@ -14,7 +15,7 @@ using namespace tervale;
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr FanDial::Value half{
     .rpm = 3000, .target = 4000, .min = 1000, .max = 5000, .manual = true};

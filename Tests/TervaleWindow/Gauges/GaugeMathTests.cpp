@@ -1,14 +1,14 @@
+#include "Support/NotANumber.h"
 #include "TervaleWindow/Gauges/GaugeMath.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 using namespace tervale;
 
 namespace {
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using tervale::test::notANumber;
 }
 
 TEST(FractionOf, IsLinearWithinTheRange) {

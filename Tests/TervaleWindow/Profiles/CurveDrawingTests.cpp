@@ -7,9 +7,9 @@
 namespace tervale {
 namespace {
 
-constexpr PlotRect plotRect{40, 12, 900, 200};
+constexpr PlotRect drawingRect{40, 12, 900, 200};
 
-CurveEditing usual() {
+CurveEditing drawn() {
     CurveEditing editing;
     editing.range = {20, 110};
     editing.curve.points = {{40, 0.1}, {60, 0.35}, {80, 0.75}, {95, 1.0}};
@@ -17,7 +17,7 @@ CurveEditing usual() {
 }
 
 CurveDrawing temperatureDrawing(std::optional<double> marker = std::nullopt) {
-    return drawingOf(usual(), "°C", marker, plotRect);
+    return drawingOf(drawn(), "°C", marker, drawingRect);
 }
 
 TEST(CurveDrawing, RulesFiveLinesWithTheirPercents) {
@@ -42,18 +42,18 @@ TEST(CurveDrawing, RunsFlatToBothEdges) {
 }
 
 TEST(CurveDrawing, DrawsNoLineWithoutPoints) {
-    CurveEditing editing = usual();
+    CurveEditing editing = drawn();
     editing.curve.points.clear();
-    const CurveDrawing drawing = drawingOf(editing, "°C", {}, plotRect);
+    const CurveDrawing drawing = drawingOf(editing, "°C", {}, drawingRect);
     EXPECT_TRUE(drawing.line.empty());
     EXPECT_TRUE(drawing.knots.empty());
 }
 
 TEST(CurveDrawing, EnlargesThePointThatIsDragged) {
-    CurveEditing editing = usual();
+    CurveEditing editing = drawn();
     editing.dragging = 2;
     editing.chosen = 2;
-    const CurveDrawing drawing = drawingOf(editing, "°C", {}, plotRect);
+    const CurveDrawing drawing = drawingOf(editing, "°C", {}, drawingRect);
     EXPECT_EQ(drawing.knots[1], (CurveDrawing::Knot{{440, 142}, 6, 60, false}));
     EXPECT_EQ(drawing.knots[2], (CurveDrawing::Knot{{640, 62}, 7.5, 80, true}));
 }
@@ -65,12 +65,12 @@ TEST(CurveDrawing, MarksTheCurrentValue) {
 }
 
 TEST(CurveDrawing, TellsLoadFromTemperatureByItsUnit) {
-    const CurveDrawing drawing = drawingOf({{}, {0, 100}, {}, {}, {}}, "%", 42.0, plotRect);
+    const CurveDrawing drawing = drawingOf({{}, {0, 100}, {}, {}, {}}, "%", 42.0, drawingRect);
     EXPECT_TRUE(drawing.load);
     EXPECT_EQ(drawing.units[1].text, "20%");
     EXPECT_EQ(drawing.marker->text, "now 42%");
     EXPECT_FALSE(temperatureDrawing().load);
-    EXPECT_FALSE(drawingOf(usual(), "% ", {}, plotRect).load);
+    EXPECT_FALSE(drawingOf(drawn(), "% ", {}, drawingRect).load);
 }
 
 TEST(CurveDrawing, SpeaksAPointWithItsUnit) {
@@ -80,11 +80,11 @@ TEST(CurveDrawing, SpeaksAPointWithItsUnit) {
 }
 
 TEST(CurveDrawing, MarksAValueBesideThePlotWhereTheScaleGoesOn) {
-    EXPECT_EQ(temperatureDrawing(20.0).marker->x, plotRect.left);
-    EXPECT_EQ(temperatureDrawing(110.0).marker->x, plotRect.right());
-    const double degree = plotRect.width / 90;
-    EXPECT_DOUBLE_EQ(temperatureDrawing(112.0).marker->x, plotRect.right() + 2 * degree);
-    EXPECT_DOUBLE_EQ(temperatureDrawing(17.0).marker->x, plotRect.left - 3 * degree);
+    EXPECT_EQ(temperatureDrawing(20.0).marker->x, drawingRect.left);
+    EXPECT_EQ(temperatureDrawing(110.0).marker->x, drawingRect.right());
+    const double degree = drawingRect.width / 90;
+    EXPECT_DOUBLE_EQ(temperatureDrawing(112.0).marker->x, drawingRect.right() + 2 * degree);
+    EXPECT_DOUBLE_EQ(temperatureDrawing(17.0).marker->x, drawingRect.left - 3 * degree);
 }
 
 TEST(CurveDrawing, MarksNothingThatIsNoReading) {
