@@ -8,4 +8,6 @@ target_compile_options(tervale_warnings INTERFACE
     # A constructor's parameter may bear the name of the member that it sets.
     $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>
     # GCC 12 takes the joining of a literal and a short string for an overlapping copy.
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # Where several sources are compiled as one, it takes each for a header, in which nothing should be nameless.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
