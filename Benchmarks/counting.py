@@ -81,7 +81,7 @@ def count_task(name, size=None):
             arguments = [name] if size is None else [name, size]
         # The first time, the cache of the fonts is made; by the window itself, since an empty one asks for none.
         subprocess.run([str(BUILD / "Benchmarks/tervale-startup"), "0"], env=environment(folder),
-                       cwd=folder, check=True, stdout=subprocess.DEVNULL)
+                       cwd=folder, check=True, capture_output=True)
         return count(folder, program, *arguments, function=function)
 
 
