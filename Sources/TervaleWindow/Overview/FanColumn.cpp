@@ -22,7 +22,9 @@ FanColumn::FanColumn(QWidget* parent)
 
 void FanColumn::show(const Model::DisplayFan& fan, Caption caption) {
     const QString title = QString::fromStdString(displayText::fan(fan.index));
-    dial->setAccessibleName(title);
+    // Every name that is given is told, and the dial tells of its reading itself.
+    if (dial->accessibleName() != title)
+        dial->setAccessibleName(title);
     dial->set({.rpm = fan.actual,
                .target = fan.target,
                .min = fan.min,

@@ -1,6 +1,7 @@
 #include "TervaleWindow/Accessibility/AccessibleFactory.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
+#include "TervaleWindow/Support/HeardEvents.h"
 
 #include <QAbstractItemView>
 #include <QListWidget>
@@ -58,6 +59,28 @@ TEST_F(AccessibleLists, HaveAFocusedRowOnlyWithTheFocus) {
     EXPECT_TRUE(accessible(second)->child(0)->state().focused);
     EXPECT_EQ(accessible(first)->focusChild(), nullptr);
     EXPECT_EQ(accessible(second)->focusChild(), accessible(second)->child(0));
+}
+
+TEST_F(AccessibleLists, TellTheRowThatTheFocusComesTo) {
+    QListWidget& first = panes();
+    QListWidget& second = panes();
+    accessible(second);
+    QApplication::processEvents();
+    first.setFocus();
+    QApplication::processEvents();
+    HeardEvents heard;
+    QTest::keyClick(&first, Qt::Key_Tab);
+    ASSERT_TRUE(second.hasFocus());
+    QApplication::processEvents();
+    EXPECT_EQ(heard.take(), (QStringList{"focus: Panes", "focus: Overview"}));
+}
+
+TEST_F(AccessibleLists, TellTheNewNameOfARow) {
+    QListWidget& list = panes();
+    accessible(list)->child(1);
+    HeardEvents heard;
+    list.item(1)->setText("Curves");
+    EXPECT_EQ(heard.take(), QStringList{"name: Curves"});
 }
 
 TEST_F(AccessibleLists, ChooseInAPopUpButtonAndCloseIt) {

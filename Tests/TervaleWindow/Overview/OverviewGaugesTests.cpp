@@ -2,6 +2,7 @@
 #include "TervaleWindow/Gauges/ThermalBar.h"
 #include "TervaleWindow/Overview/FansPanel.h"
 #include "TervaleWindow/Overview/OverviewFixture.h"
+#include "TervaleWindow/Support/HeardEvents.h"
 
 #include <QAccessible>
 
@@ -86,6 +87,14 @@ TEST_F(OverviewGauges, ReadsItsGaugesInWords) {
     auto* bar = named<ThermalBar>("CPU");
     ASSERT_NE(bar, nullptr);
     EXPECT_EQ(nameOf(bar), "CPU, 58 °C");
+}
+
+TEST_F(OverviewGauges, TellOfAFanOnceAndOnlyWhenItReadsOtherwise) {
+    show();
+    HeardEvents heard;
+    controller.setFan(0, 3500, 3600, 1200, 5777, 1);
+    model->refresh();
+    EXPECT_EQ(heard.take().filter("Fan "), QStringList{"name: Fan 1, 3500 rpm, Set by Tervale"});
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "TervaleWindow/Sensors/SensorsFixture.h"
+#include "TervaleWindow/Support/HeardEvents.h"
 
 #include <QAccessible>
 
@@ -129,4 +130,17 @@ TEST_F(SensorsKeyboard, TellsAssistiveTechnologyWhereTheKeyboardIs) {
     EXPECT_FALSE(section->child(0)->state().focused);
     EXPECT_TRUE(section->child(1)->state().focused);
     EXPECT_EQ(section->focusChild(), section->child(1));
+}
+
+TEST_F(SensorsKeyboard, SaysTheSensorThatTheFocusComesTo) {
+    useUsualSensors();
+    show();
+    HeardEvents heard;
+    list().setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+    const QString first =
+        QAccessible::queryAccessibleInterface(cards()[0])->child(0)->text(QAccessible::Name);
+    EXPECT_EQ(heard.take().filter("focus: ").last(), "focus: " + first);
+    QTest::keyClick(&list(), Qt::Key_Down);
+    EXPECT_EQ(heard.take().filter("focus: "), QStringList{"focus: CPU Tp01, 57 °C"});
 }
