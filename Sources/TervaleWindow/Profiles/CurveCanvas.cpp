@@ -55,6 +55,8 @@ CurveCanvas::CurveCanvas(ClosedRange range, const QString& unit, PlotInsets inse
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAccessibleName(tr("Fan speed curve"));
+    setAccessibleDescription(tr("Left and Right choose a point, arrows with Alt move it, Insert "
+                                "adds one, Delete removes it."));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
@@ -68,8 +70,45 @@ void CurveCanvas::setCurve(const Curve& curve) {
         endGesture();
     }
     hover(pointer);
-    tellPosition();
+    tell();
     update();
+}
+
+void CurveCanvas::movePoint(std::size_t index, double units, double percent) {
+    editPoint(index, [units, percent](const CurveEditing& state) {
+        return state.moveChosen(units, percent);
+    });
+}
+
+void CurveCanvas::addPointAfter(std::size_t index) {
+    editPoint(index, [](CurveEditing& state) { return state.insertAfterChosen(); });
+}
+
+void CurveCanvas::removePoint(std::size_t index) {
+    editPoint(index, [](CurveEditing& state) { return state.removeChosen(); });
+}
+
+void CurveCanvas::editPoint(std::size_t index, const EditingStep& step) {
+    if (gesture || index >= editing.curve.points.size())
+        return;
+    // Who edits a value is at that, and would be led away by the news of another point.
+    editing.chosen = toldChosen = index;
+    clicked = false;
+    emit settled();
+    edit(step);
+    emit settled();
+    update();
+}
+
+void CurveCanvas::choosePoint(std::size_t index) {
+    if (gesture || index >= editing.curve.points.size())
+        return;
+    closeClick();
+    edit([index](CurveEditing& state) {
+        state.chosen = index;
+        return std::nullopt;
+    });
+    setFocus(Qt::OtherFocusReason);
 }
 
 void CurveCanvas::setMarker(std::optional<double> value) {
@@ -269,6 +308,9 @@ void CurveCanvas::removeByKey() {
 }
 
 void CurveCanvas::focusInEvent(QFocusEvent* event) {
+    // The toolkit tells of the canvas itself right after this event.
+    arriving = true;
+    QMetaObject::invokeMethod(this, &CurveCanvas::tellArrival, Qt::QueuedConnection);
     const bool byPointer = event->reason() == Qt::MouseFocusReason;
     if (!editing.chosen && !byPointer)
         choose(CurveEditing::Direction::right);
@@ -294,7 +336,7 @@ void CurveCanvas::choose(CurveEditing::Direction direction) {
     });
 }
 
-void CurveCanvas::edit(const std::function<std::optional<CurveEdit>(CurveEditing&)>& step) {
+void CurveCanvas::edit(const EditingStep& step) {
     // A position that is still shown may be another point's by now.
     if (!gesture)
         QToolTip::hideText();
@@ -307,14 +349,25 @@ void CurveCanvas::edit(const std::function<std::optional<CurveEdit>(CurveEditing
     }
     // The owner may have done otherwise.
     editing.holdWhatIsThere();
-    if (editing.chosen != chosen || editing.dragging != dragging) {
+    if (editing.chosen != chosen || editing.dragging != dragging)
         update();
-        tellPosition();
-    }
+    tell();
 }
 
-void CurveCanvas::tellPosition() {
-    tellCurvePosition(*this);
+void CurveCanvas::tell() {
+    if (toldPoints == editing.curve.points && toldChosen == editing.chosen)
+        return;
+    const std::vector<CurvePoint> points = std::exchange(toldPoints, editing.curve.points);
+    const auto chosen = std::exchange(toldChosen, editing.chosen);
+    tellCurvePoints(*this, points);
+    // A point that is spoken of as it is reached is not spoken of once more.
+    if (!arriving && (toldChosen != chosen || toldPoints.size() != points.size()))
+        tellChosenPoint(*this);
+}
+
+void CurveCanvas::tellArrival() {
+    arriving = false;
+    tellChosenPoint(*this);
 }
 
 QPointF CurveCanvas::chosenPlace() const {

@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tervale {
 
@@ -17,7 +18,7 @@ namespace tervale {
 /// for what is to be done to it. The point under the pointer is marked. Pressing takes hold of a
 /// point or adds one, a double click removes one. Left and Right choose a point; arrows with Alt
 /// move it by one unit or one percent, with Shift as well by ten; Insert or + adds one after it;
-/// Delete removes it.
+/// Delete removes it. Assistive technology sees each point with its values.
 class CurveCanvas final : public QWidget {
     Q_OBJECT
 
@@ -32,10 +33,18 @@ class CurveCanvas final : public QWidget {
     /// Shows another curve without any signal. One that differs ends the gesture, unless it comes
     /// as the answer to `edited`.
     void setCurve(const Curve& curve);
+    /// What assistive technology does to the point of that index, if there is one and the pointer
+    /// holds none. Each is complete at once.
+    void movePoint(std::size_t index, double units, double percent);
+    void addPointAfter(std::size_t index);
+    void removePoint(std::size_t index);
+    /// The focus comes with it.
+    void choosePoint(std::size_t index);
     /// The current input value, if it is known.
     void setMarker(std::optional<double> value);
     /// The chosen point, such as "60 °C, 35%"; empty while none is chosen.
     QString chosenPosition() const;
+    const std::string& unitShown() const { return unit; }
     /// The plot in the canvas's coordinates.
     PlotRect plot() const;
 
@@ -61,6 +70,7 @@ class CurveCanvas final : public QWidget {
     void hideEvent(QHideEvent* event) override;
 
   private:
+    using EditingStep = std::function<std::optional<CurveEdit>(CurveEditing&)>;
     enum class Press { single, second };
     struct Gesture {
         QPointF start;
@@ -80,9 +90,12 @@ class CurveCanvas final : public QWidget {
     void insertByKey();
     void removeByKey();
     /// Runs one step of the state machine, and tells everybody what it changed.
-    void edit(const std::function<std::optional<CurveEdit>(CurveEditing&)>& step);
+    void edit(const EditingStep& step);
+    void editPoint(std::size_t index, const EditingStep& step);
     void choose(CurveEditing::Direction direction);
-    void tellPosition();
+    /// Tells assistive technology of what it does not know yet.
+    void tell();
+    void tellArrival();
     void showPosition();
     /// Where the chosen point is, or else the middle.
     QPointF chosenPlace() const;
@@ -101,6 +114,11 @@ class CurveCanvas final : public QWidget {
     KeyBurst moves;
     /// What comes by `setCurve` is the answer to an edit.
     bool asking = false;
+    // What assistive technology knows.
+    std::vector<CurvePoint> toldPoints;
+    std::optional<std::size_t> toldChosen;
+    /// The focus has come, and the chosen point is told right after it.
+    bool arriving = false;
 };
 
 } // namespace tervale

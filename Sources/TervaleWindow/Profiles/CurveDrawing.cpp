@@ -65,13 +65,19 @@ std::string wholeNumber(double value) {
     return std::to_string(roundedToInteger(value));
 }
 
-std::string positionText(const CurvePoint& point, std::string_view unit) {
+// A curve from outside may hold any number, even one that no integer can.
+std::string unitText(double x, std::string_view unit) {
     // A temperature's unit stands apart from its number, a percent sign does not.
     const std::string gap = isLoadUnit(unit) ? "" : " ";
-    // A curve from outside may hold any number, even one that no integer can.
-    const double x = std::clamp(point.x, -largestShown, largestShown);
-    const double speed = std::clamp(point.speed, -largestShown, largestShown);
-    return wholeNumber(x) + gap + std::string(unit) + ", " + percentText(speed);
+    return wholeNumber(std::clamp(x, -largestShown, largestShown)) + gap + std::string(unit);
+}
+
+std::string speedText(double speed) {
+    return percentText(std::clamp(speed, -largestShown, largestShown));
+}
+
+std::string positionText(const CurvePoint& point, std::string_view unit) {
+    return unitText(point.x, unit) + ", " + speedText(point.speed);
 }
 
 CurveDrawing drawingOf(const CurveEditing& editing, std::string_view unit,

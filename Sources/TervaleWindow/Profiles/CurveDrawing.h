@@ -60,6 +60,10 @@ bool isLoadUnit(std::string_view unit);
 std::string unitMark(std::string_view unit);
 /// A number without its fraction, rounded, halves away from zero.
 std::string wholeNumber(double value);
+/// A value of x with its unit: "60 °C".
+std::string unitText(double x, std::string_view unit);
+/// A speed in percent.
+std::string speedText(double speed);
 /// A point as it is spoken and shown: "60 °C, 35%".
 std::string positionText(const CurvePoint& point, std::string_view unit);
 

@@ -33,6 +33,18 @@ bool CurveEditing::full() const {
     return curve.points.size() >= static_cast<std::size_t>(Profile::maxPoints);
 }
 
+bool CurveEditing::canRemove() const {
+    return curve.points.size() > fewestPoints;
+}
+
+double CurveEditing::lowestX(std::size_t index) const {
+    return index >= 1 ? curve.points[index - 1].x + 1 : range.lower;
+}
+
+double CurveEditing::highestX(std::size_t index) const {
+    return index + 1 < curve.points.size() ? curve.points[index + 1].x - 1 : range.upper;
+}
+
 void CurveEditing::hover(const std::optional<PlotPoint>& location, const PlotRect& plot) {
     hovered = dragging;
     if (!dragging && location && !plot.isEmpty())
@@ -74,12 +86,9 @@ CurveEdit CurveEditing::add(const CurvePoint& point) {
 }
 
 std::optional<CurveEdit> CurveEditing::move(std::size_t index, const CurvePoint& to) const {
-    const std::vector<CurvePoint>& points = curve.points;
-    const double lowest = index >= 1 ? points[index - 1].x + 1 : range.lower;
-    const double highest = index + 1 < points.size() ? points[index + 1].x - 1 : range.upper;
     // Not std::clamp: between neighbours without room the ends are the wrong way round.
-    const CurvePoint place{std::min(highest, std::max(lowest, to.x)), to.speed};
-    if (place == points[index])
+    const CurvePoint place{std::min(highestX(index), std::max(lowestX(index), to.x)), to.speed};
+    if (place == curve.points[index])
         return std::nullopt;
     return curveEdit::Move{index, place};
 }
@@ -89,7 +98,7 @@ void CurveEditing::endDrag() {
 }
 
 std::optional<CurveEdit> CurveEditing::removePoint(const PlotPoint& near, const PlotRect& plot) {
-    if (curve.points.size() <= fewestPoints || plot.isEmpty())
+    if (!canRemove() || plot.isEmpty())
         return std::nullopt;
     const auto found = CurvePlot{plot, range}.nearest(near, curve);
     return found ? std::optional(remove(*found)) : std::nullopt;
@@ -169,7 +178,7 @@ std::optional<CurveEdit> CurveEditing::insertAfterChosen() {
 }
 
 std::optional<CurveEdit> CurveEditing::removeChosen() {
-    if (!chosen || curve.points.size() <= fewestPoints)
+    if (!chosen || !canRemove())
         return std::nullopt;
     return remove(*chosen);
 }

@@ -30,6 +30,11 @@ struct CurveEditing {
 
     /// Whether no point can be added.
     bool full() const;
+    /// Whether there are more points than a curve must have.
+    bool canRemove() const;
+    /// How far down, and up, the point's x can be moved between its neighbours.
+    double lowestX(std::size_t index) const;
+    double highestX(std::size_t index) const;
 
     /// Follows the pointer, which is elsewhere without a location.
     void hover(const std::optional<PlotPoint>& location, const PlotRect& plot);

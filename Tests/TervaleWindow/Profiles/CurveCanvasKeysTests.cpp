@@ -1,7 +1,5 @@
 #include "TervaleWindow/Profiles/CurveCanvasFixture.h"
 
-#include <QAccessible>
-
 namespace tervale {
 namespace {
 
@@ -45,18 +43,6 @@ TEST_F(CurveCanvasKeys, LeavesUpAndDownToWhatScrolls) {
     event.setAccepted(true);
     QApplication::sendEvent(&canvas, &event);
     EXPECT_FALSE(event.isAccepted());
-}
-
-TEST_F(CurveCanvasKeys, SpeaksTheChosenPoint) {
-    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&canvas);
-    ASSERT_NE(spoken, nullptr);
-    EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), "Fan speed curve");
-    EXPECT_EQ(spoken->text(QAccessible::Value).toStdString(), "40 °C, 10%");
-    key(Qt::Key_Right);
-    EXPECT_EQ(spoken->text(QAccessible::Value).toStdString(), "60 °C, 35%");
-    EXPECT_EQ(spoken->text(QAccessible::Description).toStdString(), "60 °C, 35%");
-    ASSERT_NE(spoken->valueInterface(), nullptr);
-    EXPECT_EQ(spoken->valueInterface()->currentValue().toString().toStdString(), "60 °C, 35%");
 }
 
 TEST_F(CurveCanvasKeys, LeavesTheKeysAloneWhileAPointIsHeld) {
