@@ -8,6 +8,7 @@
 
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -58,10 +59,8 @@ ProfileEditor::ProfileEditor(Model& model, DraftOwner& draftShown, QWidget* pare
     column->addWidget(problemsCard);
     column->addStretch(1);
 
-    connect(name, &QLineEdit::textEdited, this, [this](const QString& text) {
-        if (!retired)
-            draft.perform(profileEdit::Rename{text.toStdString()});
-    });
+    // Not only what is typed: assistive technology sets a text.
+    connect(name, &QLineEdit::textChanged, this, &ProfileEditor::rename);
     connect(name, &QLineEdit::editingFinished, this, &ProfileEditor::endTyping);
     connect(&draft, &DraftOwner::problemsChanged, this, [this] {
         if (!retired)
@@ -69,6 +68,15 @@ ProfileEditor::ProfileEditor(Model& model, DraftOwner& draftShown, QWidget* pare
     });
     showName();
     showProblems();
+}
+
+void ProfileEditor::rename(const QString& text) {
+    if (retired || displaying)
+        return;
+    draft.perform(profileEdit::Rename{text.toStdString()});
+    // Nobody types here, so that no more is to come.
+    if (!name->hasFocus())
+        draft.settle();
 }
 
 void ProfileEditor::endTyping() {
@@ -97,6 +105,7 @@ void ProfileEditor::retire() {
 }
 
 void ProfileEditor::showName() {
+    const QScopedValueRollback guard(displaying, true);
     // Setting the text would move the cursor.
     const QString text = QString::fromStdString(draft.selected()->name);
     if (name->text() != text)

@@ -38,6 +38,7 @@ class ProfileEditor final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void rename(const QString& text);
     void endTyping();
     void showName();
     void showProblems();
@@ -46,6 +47,8 @@ class ProfileEditor final : public QWidget {
     UUID id;
     std::size_t kind;
     bool retired = false;
+    /// A text that comes from the draft is nobody's wish.
+    bool displaying = false;
     QLineEdit* name;
     ProfileContent* content;
     Card* problemsCard;

@@ -3,6 +3,7 @@
 #include "Base/Overloaded.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
+#include "TervaleWindow/Controls/Decoration.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/PopUpButton.h"
@@ -42,10 +43,10 @@ constexpr int firstTarget = 3;
 // Where what runs stands in the line.
 constexpr int runPlace = 3;
 
-TimeField* makeTimeField(const QString& name, QWidget* parent) {
-    auto* field = new TimeField(parent);
-    field->setAccessibleName(name);
-    return field;
+/// Each name that is given is told, even if it is the same.
+void nameAs(QWidget& control, const QString& name) {
+    if (control.accessibleName() != name)
+        control.setAccessibleName(name);
 }
 
 bool isStep(int key) {
@@ -67,8 +68,8 @@ QMargins ScheduleRow::overhang() {
 
 ScheduleRow::ScheduleRow(QWidget* parent)
     : QWidget(parent),
-      start(makeTimeField(tr("From"), this)),
-      end(makeTimeField(tr("To"), this)),
+      start(new TimeField(this)),
+      end(new TimeField(this)),
       run(new QWidget(this)),
       picker(new PopUpButton(run)),
       slider(new FractionSlider(run)),
@@ -77,15 +78,15 @@ ScheduleRow::ScheduleRow(QWidget* parent)
       runLine(new QHBoxLayout(run)),
       firstLine(new QHBoxLayout),
       secondLine(new QHBoxLayout) {
-    picker->setAccessibleName(tr("Run"));
     picker->addItem(tr("Automatic"));
     picker->addItem(tr("Fixed speed"));
     // Measuring hundreds of names for every row would take long, and its width is bounded anyway.
     picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     picker->setMaximumWidth(widestPicker);
     picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    slider->setAccessibleName(tr("Fan speed"));
     slider->setFixedWidth(usualSliderWidth + 2 * aroundGroove);
+    // The slider is read with it.
+    markAsDecoration(*speed);
     speed->setFixedWidth(speedWidth);
     // The pickers of all rows have one width, whatever they run.
     for (QWidget* part : {static_cast<QWidget*>(slider), static_cast<QWidget*>(speed)}) {
@@ -110,7 +111,10 @@ void ScheduleRow::layOut() {
     runLine->addWidget(speed);
     runLine->addStretch(1);
     firstLine->addWidget(start);
-    firstLine->addWidget(new TextLabel(tr("to"), TextStyle::body(), TextColor::secondary, this));
+    auto* to = new TextLabel(tr("to"), TextStyle::body(), TextColor::secondary, this);
+    // The field is named so.
+    markAsDecoration(*to);
+    firstLine->addWidget(to);
     firstLine->addWidget(end);
     firstLine->addWidget(run, 1);
     firstLine->addWidget(removeButton);
@@ -184,6 +188,7 @@ void ScheduleRow::connectTime(TimeField* field, ScheduleEditing::Edge edge) {
 void ScheduleRow::display(const ScheduleEditing& editing, std::size_t index,
                           std::span<const Profile> profiles) {
     const QScopedValueRollback guard(displaying, true);
+    nameControls(index + 1, editing.windows.size());
     const auto choice = editing.choice(index);
     start->setMinuteOfDay(minuteOf(editing.time(index, ScheduleEditing::Edge::start)));
     end->setMinuteOfDay(minuteOf(editing.time(index, ScheduleEditing::Edge::end)));
@@ -194,6 +199,17 @@ void ScheduleRow::display(const ScheduleEditing& editing, std::size_t index,
     const Window& window = editing.windows[index];
     storedTimes = {window.start, window.end};
     showSpeed(window.action);
+}
+
+void ScheduleRow::nameControls(std::size_t number, std::size_t count) {
+    const auto named = [number, count](const QString& name) {
+        return name.arg(QString::number(number), QString::number(count));
+    };
+    nameAs(*start, named(tr("From, window %1 of %2")));
+    nameAs(*end, named(tr("To, window %1 of %2")));
+    nameAs(*picker, named(tr("Run, window %1 of %2")));
+    nameAs(*slider, named(tr("Fan speed, window %1 of %2")));
+    nameAs(*removeButton, named(tr("Remove window %1 of %2")));
 }
 
 void ScheduleRow::showTargets(std::vector<ScheduleTarget> others) {

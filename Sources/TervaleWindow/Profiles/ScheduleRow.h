@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -61,6 +62,8 @@ class ScheduleRow final : public QWidget {
     void connectControls();
     bool beginsWith(const QKeyEvent& press, const QObject& control);
     void connectTime(TimeField* field, ScheduleEditing::Edge edge);
+    /// So that each has a name of its own in the whole schedule.
+    void nameControls(std::size_t number, std::size_t count);
     void showTargets(std::vector<ScheduleTarget> others);
     void showSpeed(const Action& action);
     std::optional<ScheduleEditing::Choice> choiceAt(int entry) const;

@@ -3,6 +3,7 @@
 #include "TervaleWindow/Profiles/ProfilesFixture.h"
 #include "TervaleWindow/Support/Choosing.h"
 
+#include <QAccessible>
 #include <QRadioButton>
 
 namespace tervale {
@@ -20,6 +21,39 @@ TEST_F(ProfileDetail, TypesANameWithoutLosingCursorOrFocus) {
     EXPECT_EQ(field->cursorPosition(), 4);
     EXPECT_TRUE(field->hasFocus());
     EXPECT_EQ(names()[0].toStdString(), "Waxyrm");
+}
+
+TEST_F(ProfileDetail, TakesANameFromAssistiveTechnology) {
+    openWith(threeProfiles);
+    QAccessibleEditableTextInterface* text =
+        QAccessible::queryAccessibleInterface(nameField())->editableTextInterface();
+    ASSERT_NE(text, nullptr);
+    text->replaceText(0, 4, "Hot");
+    EXPECT_EQ(names()[0].toStdString(), "Hot");
+    text->insertText(3, "ter");
+    EXPECT_EQ(names()[0].toStdString(), "Hotter");
+    EXPECT_TRUE(button("Save")->isEnabled());
+    EXPECT_EQ(view->history().count(), 2);
+    view->undo();
+    EXPECT_EQ(nameField()->text().toStdString(), "Hot");
+    view->undo();
+    EXPECT_EQ(names()[0].toStdString(), "Warm");
+    EXPECT_EQ(nameField()->text().toStdString(), "Warm");
+    view->redo();
+    EXPECT_EQ(view->history().count(), 2);
+    click("Save");
+    const auto commands = takeCommands();
+    ASSERT_EQ(commands.size(), 1U);
+    EXPECT_EQ(std::get<command::SaveProfiles>(commands[0]).profiles[0].name, "Hot");
+}
+
+TEST_F(ProfileDetail, MakesNoStepOfANameThatItShows) {
+    openWith(threeProfiles);
+    clickRow(1);
+    EXPECT_EQ(nameField()->text().toStdString(), "Busy");
+    clickRow(0);
+    EXPECT_EQ(view->history().count(), 0);
+    EXPECT_FALSE(button("Save")->isEnabled());
 }
 
 TEST_F(ProfileDetail, EditsACurveByTheMouse) {

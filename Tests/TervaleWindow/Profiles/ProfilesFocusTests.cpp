@@ -49,7 +49,9 @@ TEST_F(ProfilesFocus, WalksThroughWindowsThatWereAddedLater) {
     nameField()->setFocus();
     const QStringList walked = walk(10);
     EXPECT_EQ(walked.join(", ").toStdString(),
-              "From, To, Run, Remove window, From, To, Run, Remove window, Add Window, Revert");
+              "From, window 1 of 2, To, window 1 of 2, Run, window 1 of 2, Remove window 1 of 2, "
+              "From, window 2 of 2, To, window 2 of 2, Run, window 2 of 2, Remove window 2 of 2, "
+              "Add Window, Revert");
 }
 
 TEST_F(ProfilesFocus, LandsOnTheChosenReadingByTab) {

@@ -32,7 +32,7 @@ class ProfilesLayout : public ProfilesFixture {
 TEST_F(ProfilesLayout, EndsTheRemoveSymbolOfAWindowWhereTheNameFieldEnds) {
     const InLocale leftToRight(QLocale::c());
     openWith({scheduleProfile(1, "Night", action::Automatic{})});
-    const auto* remove = button<SymbolButton>("Remove window");
+    const auto* remove = button<SymbolButton>("Remove window 1 of 1");
     const auto rightOf = [this](const QWidget* widget) {
         return widget->mapTo(view.get(), widget->rect().topRight()).x();
     };

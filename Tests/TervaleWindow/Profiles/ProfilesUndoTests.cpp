@@ -395,7 +395,7 @@ TEST_F(ProfilesUndo, BringsWindowsBackAndTakesThemAway) {
     click("Add Window");
     const auto windows = [this] { return find<ScheduleEditor>()->windows(); };
     const auto both = windows();
-    click("Remove window");
+    click("Remove window 1 of 2");
     EXPECT_EQ(windows(), std::vector<Window>{both[1]});
     view->undo();
     EXPECT_EQ(windows(), both);

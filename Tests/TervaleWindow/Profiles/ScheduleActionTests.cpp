@@ -12,7 +12,7 @@ class ScheduleActions : public ScheduleEditorFixture {};
 TEST_F(ScheduleActions, ListsWhatAWindowMayRun) {
     show({{0, 60, action::Automatic{}}});
     EXPECT_EQ(entries(0), (QStringList{"Automatic", "Fixed speed", "", "Quiet", "Untitled"}));
-    EXPECT_EQ(picker(0)->accessibleName().toStdString(), "Run");
+    EXPECT_EQ(picker(0)->accessibleName().toStdString(), "Run, window 1 of 1");
 }
 
 TEST_F(ScheduleActions, DividesOnlyWhereThereAreProfiles) {

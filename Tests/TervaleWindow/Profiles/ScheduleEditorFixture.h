@@ -42,10 +42,11 @@ class ScheduleEditorFixture : public testing::Test {
 
     void show(const std::vector<Window>& windows) { editor.display(windows, targets); }
     QList<ScheduleRow*> rows() const { return editor.findChildren<ScheduleRow*>(); }
+    /// `name` is how the control's begins; it goes on with the window's number.
     template <class Control>
     Control* control(int row, const QString& name = {}) const {
         for (Control* found : rows()[row]->findChildren<Control*>()) {
-            if (name.isEmpty() || found->accessibleName() == name)
+            if (found->accessibleName().startsWith(name))
                 return found;
         }
         return nullptr;

@@ -1,6 +1,7 @@
 #include "TervaleWindow/Controls/FractionSlider.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Profiles/ScheduleEditorFixture.h"
+#include "TervaleWindow/Support/HeardEvents.h"
 
 #include <QLabel>
 
@@ -44,6 +45,38 @@ TEST_F(ScheduleEditorTest, RemovesTheWindowWhoseButtonIsClicked) {
               (std::vector<Window>{{0, 60, action::Automatic{}}, {120, 180, action::Automatic{}}}));
     ASSERT_EQ(rows().size(), 2);
     EXPECT_EQ(rows()[1], last);
+}
+
+TEST_F(ScheduleEditorTest, NamesTheControlsOfEachWindowByItsNumber) {
+    show({{0, 60, action::Automatic{}},
+          {60, 120, action::Fixed{0.4}},
+          {120, 180, action::Automatic{}}});
+    const auto names = [this](int row) {
+        QStringList found;
+        for (const auto* part : rows()[row]->findChildren<QWidget*>()) {
+            if (!part->accessibleName().isEmpty())
+                found << part->accessibleName();
+        }
+        found.sort();
+        return found.join("; ").toStdString();
+    };
+    EXPECT_EQ(names(1), "Fan speed, window 2 of 3; From, window 2 of 3; Remove window 2 of 3; "
+                        "Run, window 2 of 3; To, window 2 of 3");
+    pressRemove(0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(rows().size(), 2);
+    EXPECT_EQ(names(0), "Fan speed, window 1 of 2; From, window 1 of 2; Remove window 1 of 2; "
+                        "Run, window 1 of 2; To, window 1 of 2");
+    QTest::mouseClick(addButton(), Qt::LeftButton);
+    EXPECT_EQ(control<TimeField>(0, "To")->accessibleName(), "To, window 1 of 3");
+}
+
+TEST_F(ScheduleEditorTest, TellsNoNameThatStaysAsItIs) {
+    show({{0, 60, action::Fixed{0.4}}, {60, 120, action::Automatic{}}});
+    HeardEvents heard;
+    show({{0, 60, action::Fixed{0.5}}, {60, 120, action::Automatic{}}});
+    const QStringList names = heard.take().filter("name: ").filter("window");
+    EXPECT_EQ(names.join("; ").toStdString(), "");
 }
 
 TEST_F(ScheduleEditorTest, RemovesEveryWindowByKeys) {
