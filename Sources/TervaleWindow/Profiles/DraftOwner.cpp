@@ -170,6 +170,8 @@ void DraftOwner::follow(bool connected, const std::vector<Profile>& list) {
     const Origin origin = wasSent(list) ? Origin::savedFromHere : Origin::elsewhere;
     const std::vector<Profile> before = profiles();
     change([&] { working.follow(connected, list, origin); });
+    if (origin == Origin::savedFromHere)
+        emit saved();
     if (profiles() == before)
         return;
     settle();

@@ -77,6 +77,8 @@ class DraftOwner final : public QObject {
     void edited(const tervale::ProfileEdit& edit, std::size_t index);
     /// An edit changed what is wrong with the profile at this place.
     void problemsChanged(std::size_t index);
+    /// The agent has confirmed a list that was taken to be saved.
+    void saved();
     /// What can be saved or reverted may be different; after each of the other signals.
     void changed();
 

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Profiles/ProfilesView.h"
 
+#include "TervaleWindow/Accessibility/Announcer.h"
 #include "TervaleWindow/Controls/Divider.h"
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
@@ -50,6 +51,8 @@ ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent,
     connect(&draft, &DraftOwner::listChanged, this, &ProfilesView::showEditor);
     connect(&draft, &DraftOwner::selectionChanged, this, &ProfilesView::showEditor);
     connect(&draft, &DraftOwner::changed, this, &ProfilesView::showButtons);
+    connect(&draft, &DraftOwner::saved, this,
+            [this] { announce(*this, tr("The profiles are saved.")); });
     connect(list, &ProfilesList::added, this, [this] { editor->editName(); });
     connect(revertButton, &QPushButton::clicked, this, &ProfilesView::revert);
     connect(saveButton, &QPushButton::clicked, this, &ProfilesView::save);

@@ -1,4 +1,5 @@
 #include "TervaleWindow/Profiles/ProfilesFixture.h"
+#include "TervaleWindow/Support/HeardEvents.h"
 #include "TervaleWindow/Support/InLocale.h"
 
 namespace tervale {
@@ -20,6 +21,24 @@ TEST_F(ProfilesSaving, SavesAsOneCommandAndWaitsForTheAgent) {
     EXPECT_FALSE(button("Save")->isEnabled());
     EXPECT_FALSE(button("Revert")->isEnabled());
     EXPECT_EQ(nameField()->text().toStdString(), "Hot");
+}
+
+TEST_F(ProfilesSaving, AnnouncesOnceThatTheAgentHasSaved) {
+    openWith(threeProfiles);
+    HeardEvents heard;
+    typeName("Hot");
+    click("Save");
+    const auto saved = std::get<command::SaveProfiles>(takeCommands().at(0)).profiles;
+    EXPECT_EQ(heard.takeAnnouncements(), QStringList());
+    say(saved);
+    EXPECT_EQ(heard.takeAnnouncements(), QStringList{"The profiles are saved."});
+    // Of whatever else changes nothing is said.
+    BridgeState state;
+    state.profiles = saved;
+    state.launchAtLogin = true;
+    publish(state);
+    say(oneTwoThree);
+    EXPECT_EQ(heard.takeAnnouncements(), QStringList());
 }
 
 TEST_F(ProfilesSaving, SavesByItsShortcutOnlyWhatCanBeSaved) {
