@@ -52,6 +52,16 @@ class WindowProgramTest : public testing::Test {
 
 const QString stateName = "'com.velnor.tervale.state'";
 
+/// What the window itself said; the toolkit's platforms have things of their own to say.
+QList<QByteArray> complaints(ChildProcess& window) {
+    QList<QByteArray> lines;
+    for (const QByteArray& line : window.errors().split('\n')) {
+        if (line.startsWith("tervale-window: "))
+            lines << line;
+    }
+    return lines;
+}
+
 /// Whether the process has drawn text, for which it has to open a font.
 bool hasDrawn(const ChildProcess& window) {
     QFile maps(QStringLiteral("/proc/%1/maps").arg(window.id()));
@@ -83,6 +93,24 @@ TEST_F(WindowProgramTest, OpensWithNeitherControllerNorBus) {
     WindowProgram window(lonely);
     EXPECT_TRUE(eventually([&] { return hasDrawn(window); }));
     EXPECT_TRUE(window.runs());
+}
+
+TEST_F(WindowProgramTest, SaysInOneLineWhatStartsAMacAndAnAgent) {
+    WindowProgram window(bus);
+    ASSERT_TRUE(hearsRequestState());
+    EXPECT_TRUE(quits(window));
+    const QList<QByteArray> lines = complaints(window);
+    ASSERT_EQ(lines.size(), 1) << window.errors().toStdString();
+    for (const char* command : {"tervale-simulator", "tervale-agent", "tervale-window --simulate"})
+        EXPECT_TRUE(lines.front().contains(command)) << lines.front().toStdString();
+}
+
+TEST_F(WindowProgramTest, SaysNothingWhereBothAreThere) {
+    const MacWithAgent mac(bus);
+    WindowProgram window(bus);
+    ASSERT_TRUE(hearsRequestState());
+    EXPECT_TRUE(quits(window));
+    EXPECT_TRUE(complaints(window).isEmpty()) << window.errors().toStdString();
 }
 
 TEST_F(WindowProgramTest, OpensWithoutABusThatAnswers) {

@@ -143,6 +143,10 @@ void ProfilesList::showSelection() {
     selectRow(draft.draft().selection);
     // A profile that is added before the agent has answered would be lost with its answer.
     addButton->setEnabled(draft.draft().loaded);
+    const QString waiting =
+        draft.draft().loaded ? QString() : tr("Waiting for Tervale in the menu bar…");
+    addButton->setToolTip(waiting.isEmpty() ? addButton->accessibleName() : waiting);
+    addButton->setAccessibleDescription(waiting);
     keepFocus();
     duplicateButton->setEnabled(draft.selected() != nullptr);
     removeButton->setEnabled(draft.selected() != nullptr);

@@ -61,6 +61,7 @@ ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent,
     connect(saveShortcut, &QShortcut::activated, this, &ProfilesView::save);
     connect(&model, &Model::stateChanged, this, &ProfilesView::followModel);
     followModel();
+    showInvitation();
     showButtons();
 }
 
@@ -105,11 +106,11 @@ QWidget* ProfilesView::makeDetail() {
 QWidget* ProfilesView::makeEmptyState() {
     auto* panel = new QWidget;
     auto* title = new TextLabel(tr("No profile selected"), TextStyle::title());
-    auto* description = new TextLabel(
+    invitation = new TextLabel(
         tr("Add one with + to make the fan follow temperature, load or the time of day."),
         TextStyle::body(), TextColor::secondary);
-    description->setOverflow(Overflow::wrap);
-    description->setAlignment(Qt::AlignHCenter);
+    invitation->setOverflow(Overflow::wrap);
+    invitation->setAlignment(Qt::AlignHCenter);
     auto* column = tightLayout<QVBoxLayout>(panel);
     column->setContentsMargins(PaneFrame::margin, PaneFrame::margin, PaneFrame::margin,
                                PaneFrame::margin);
@@ -119,7 +120,7 @@ QWidget* ProfilesView::makeEmptyState() {
         new SymbolView(Symbol::sliderHorizontal3, emptySymbolSide, TextColor::secondary), 0,
         Qt::AlignHCenter);
     column->addWidget(title, 0, Qt::AlignHCenter);
-    column->addWidget(description);
+    column->addWidget(invitation);
     column->addStretch(1);
     return panel;
 }
@@ -164,7 +165,13 @@ void ProfilesView::enable(QPushButton& button, bool enabled) {
     button.setEnabled(enabled);
 }
 
+// The button that it speaks of waits for the agent, and so does it.
+void ProfilesView::showInvitation() {
+    invitation->setEnabled(draft.draft().loaded);
+}
+
 void ProfilesView::showEditor() {
+    showInvitation();
     const Profile* selected = draft.selected();
     if (editor && selected && editor->isFor(*selected)) {
         editor->display();

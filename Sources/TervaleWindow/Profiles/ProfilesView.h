@@ -17,6 +17,7 @@ namespace tervale {
 class ProfileEditor;
 class ProfilesList;
 class SymbolLabel;
+class TextLabel;
 
 /// The page on which profiles are made and edited. It works on a draft, which it sends to the
 /// agent as a whole; only the agent's answer makes it the saved list.
@@ -49,6 +50,7 @@ class ProfilesView final : public QWidget {
     QWidget* makeBottomBar();
     void followModel();
     void enable(QPushButton& button, bool enabled);
+    void showInvitation();
     void showEditor();
     void showButtons();
 
@@ -59,6 +61,8 @@ class ProfilesView final : public QWidget {
     QStackedWidget* detail;
     QScrollArea* scrollArea;
     ProfileEditor* editor = nullptr;
+    /// What the empty state says to do.
+    TextLabel* invitation;
     SymbolLabel* notice;
     QHBoxLayout* bottomRow;
     QPushButton* revertButton;

@@ -41,4 +41,8 @@ void TervaleWindowApp::launch(Pane pane) {
     delegate.applicationDidFinishLaunching(bridge);
 }
 
+bool TervaleWindowApp::hasMachine() const {
+    return !model->fans().empty() || !model->sensors().empty();
+}
+
 } // namespace tervale

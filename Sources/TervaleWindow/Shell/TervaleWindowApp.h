@@ -27,6 +27,8 @@ class TervaleWindowApp {
     void launch(Pane pane);
 
     ContentView& window() { return *content; }
+    /// Whether there is a machine to show, once the window is open.
+    bool hasMachine() const;
 
   private:
     // In the order of who uses whom.

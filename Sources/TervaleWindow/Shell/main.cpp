@@ -1,8 +1,10 @@
 #include "Base/Overloaded.h"
 #include "Base/Terminal.h"
+#include "Platform/AgentLock.h"
 #include "TervaleWindow/Shell/ApplicationIcon.h"
 #include "TervaleWindow/Shell/CommandLine.h"
 #include "TervaleWindow/Shell/PictureDrawing.h"
+#include "TervaleWindow/Shell/StartHint.h"
 #include "TervaleWindow/Shell/SystemAppearance.h"
 #include "TervaleWindow/Shell/TervaleWindowApp.h"
 
@@ -36,6 +38,17 @@ CommandLine::System runningSystem() {
                                                              : CommandLine::System::other;
 }
 
+/// Where the machine and the agent are programs that people start, says which are missing.
+void hintAtWhatIsMissing(const TervaleWindowApp& app, const MachineChoice& machine) {
+    if (runningSystem() == CommandLine::System::macOS ||
+        !std::holds_alternative<machineChoice::System>(machine))
+        return;
+    const auto hint = startHint(app.hasMachine() ? Presence::there : Presence::missing,
+                                AgentLock::holder() ? Presence::there : Presence::missing);
+    if (hint)
+        static_cast<void>(terminal().complain(*hint, exitStatus::done));
+}
+
 int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     // Only the program's name: the toolkit has options of its own, which are not ours to offer.
     int count = 1;
@@ -53,6 +66,7 @@ int openWindow(const CommandLine::OpenWindow& request, char** arguments) {
     try {
         TervaleWindowApp app(makeMachine(request.machine));
         app.launch(request.pane);
+        hintAtWhatIsMissing(app, request.machine);
         return QApplication::exec();
     } catch (const NoSuchMachine& error) {
         return terminal().complain(error.what(), exitStatus::failure);

@@ -2,6 +2,7 @@
 #include "TervaleWindow/Profiles/ProfilesFixture.h"
 #include "TervaleWindow/Support/InLocale.h"
 
+#include <QLabel>
 #include <QMouseEvent>
 
 namespace tervale {
@@ -18,6 +19,26 @@ TEST_F(ProfilesFollowing, StaysEmptyUntilTheAgentAnswers) {
     EXPECT_FALSE(button("Save")->isEnabled());
     EXPECT_FALSE(button("Revert")->isEnabled());
     EXPECT_FALSE(button<SymbolButton>("Add profile")->isEnabled());
+}
+
+TEST_F(ProfilesFollowing, InvitesToAddAProfileOnceThatIsPossible) {
+    open();
+    const QLabel* invitation = nullptr;
+    for (const QLabel* label : view->findChildren<QLabel*>()) {
+        if (label->text().startsWith("Add one with +"))
+            invitation = label;
+    }
+    ASSERT_NE(invitation, nullptr);
+    auto* add = button<SymbolButton>("Add profile");
+    EXPECT_FALSE(invitation->isEnabled());
+    EXPECT_EQ(add->toolTip(), "Waiting for Tervale in the menu bar…");
+    EXPECT_EQ(add->accessibleDescription(), add->toolTip());
+    say({});
+    EXPECT_TRUE(invitation->isVisible());
+    EXPECT_TRUE(invitation->isEnabled());
+    EXPECT_TRUE(add->isEnabled());
+    EXPECT_EQ(add->toolTip(), "Add profile");
+    EXPECT_EQ(add->accessibleDescription(), QString());
 }
 
 TEST_F(ProfilesFollowing, LoadsWhatTheAgentPublishes) {
