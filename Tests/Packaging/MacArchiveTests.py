@@ -1,6 +1,7 @@
 import importlib.machinery
 import importlib.util
 import os
+import struct
 import tempfile
 import unittest
 import zipfile
@@ -19,11 +20,14 @@ def program(path):
 
 
 archive = program(SOURCES / "packaging/macos/archive")
+disk_image = program(SOURCES / "packaging/macos/disk-image")
 check_archive = program(SOURCES / "packaging/macos/check-archive")
 cask = program(SOURCES / "packaging/homebrew/cask")
 
 
-class Archive(unittest.TestCase):
+class Packed(unittest.TestCase):
+    """A bundle of our own making, and what was packed of it."""
+
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
@@ -39,11 +43,16 @@ class Archive(unittest.TestCase):
         (framework / "Versions/A/Some").write_bytes(b"library")
         (framework / "Versions/Current").symlink_to("A")
         (framework / "Some").symlink_to("Versions/Current/Some")
-        self.archive = self.folder / "Tervale-1.2.3-macos-arm64.zip"
-        archive.write(self.app, self.archive)
 
     def faults(self):
         return list(check_archive.faults(self.archive, self.app))
+
+
+class Archive(Packed):
+    def setUp(self):
+        super().setUp()
+        self.archive = self.folder / "Tervale-1.2.3-macos-arm64.zip"
+        archive.write(self.app, self.archive)
 
     def repack(self, change):
         """The archive with its entries changed: each is a pair of what is told of it and its content."""
@@ -102,6 +111,95 @@ class Archive(unittest.TestCase):
         for size in (0, 10, len(whole) // 3, len(whole) // 2, len(whole) - 1):
             self.archive.write_bytes(whole[:size])
             self.assertTrue(self.faults(), size)
+
+
+class DiskImage(Packed):
+    def setUp(self):
+        super().setUp()
+        # More than one sector of records, and a file of which there is nothing to store.
+        for number in range(60):
+            (self.app / f"Contents/Resources/Text number {number}.txt").write_text(f"{number}\n")
+        (self.app / "Contents/Resources/empty").touch()
+        self.archive = self.folder / "Tervale-1.2.3-macos-arm64.iso"
+        self.write()
+
+    def write(self):
+        self.archive.write_bytes(disk_image.image(self.app, "Tervale 1.2.3"))
+
+    def patch(self, old, new):
+        content = self.archive.read_bytes()
+        self.assertEqual((content.count(old), len(old)), (1, len(new)))
+        self.archive.write_bytes(content.replace(old, new))
+
+    def test_gives_back_links_modes_and_contents_and_a_link_to_the_applications(self):
+        self.assertEqual(self.faults(), [])
+        self.assertEqual(self.archive.read_bytes()[32808:32840].rstrip(), b"Tervale 1.2.3")
+
+    def test_is_the_same_whoever_packs_it(self):
+        with mock.patch.dict(os.environ, {"SOURCE_DATE_EPOCH": "1700000000"}):
+            self.write()
+            first = self.archive.read_bytes()
+            (self.app / "Contents/MacOS/Tervale").chmod(0o755)
+            os.utime(self.app / "Contents/Resources/LICENSE", (0, 0))
+            self.write()
+        self.assertEqual(self.archive.read_bytes(), first)
+
+    def test_lists_each_folder_in_both_tables_of_paths(self):
+        content = self.archive.read_bytes()
+        descriptor = content[16 * 2048:17 * 2048]
+        (size,) = struct.unpack_from("<I", descriptor, 132)
+        for order, place in (("<", 140), (">", 148)):
+            (sector,) = struct.unpack_from(order + "I", descriptor, place)
+            table = content[sector * 2048:sector * 2048 + size]
+            listed = []
+            while table:
+                length, _, folder, above = struct.unpack_from(order + "2BIH", table)
+                listed.append((folder, above))
+                table = table[8 + length + length % 2:]
+            # A folder's first record tells of itself, and the second of the one above it.
+            for folder, above in listed:
+                own = content[folder * 2048:]
+                parent = own[own[0]:]
+                self.assertEqual(struct.unpack_from("<I", own, 2)[0], folder)
+                self.assertEqual(struct.unpack_from("<I", parent, 2)[0], listed[above - 1][0])
+            folders = 1 + sum(path.is_dir() and not path.is_symlink() for path in self.app.rglob("*")) + 1
+            self.assertEqual(len({folder for folder, _ in listed}), folders)
+
+    def test_is_wrong_with_a_link_that_leads_elsewhere(self):
+        self.patch(b"SL\x15\1\0\x08\0\0\x0cApplications", b"SL\x15\1\0\x08\0\0\x0cApplicationZ")
+        self.assertEqual(self.faults(), ["Applications is a link to /ApplicationZ, not a link to /Applications"])
+
+    def test_is_wrong_with_a_program_that_cannot_be_started(self):
+        content = bytearray(self.archive.read_bytes())
+        # Of all files only the program is one.
+        self.assertEqual(content.count(struct.pack("<I", 0o100755)), 1)
+        content = content.replace(struct.pack("<I", 0o100755), struct.pack("<I", 0o100644))
+        self.archive.write_bytes(content)
+        self.assertEqual(self.faults(), ["Tervale.app/Contents/MacOS/Tervale is a file, not a program"])
+
+    def test_is_wrong_with_another_content_or_another_name(self):
+        self.patch(b"59\n", b"60\n")
+        self.assertEqual(self.faults(), ["Tervale.app/Contents/Resources/Text number 59.txt has another content"])
+        self.write()
+        self.patch(b"Text number 59.txt", b"Text number 60.txt")
+        self.assertEqual(self.faults(), ["Tervale.app/Contents/Resources/Text number 59.txt is missing",
+                                         "Tervale.app/Contents/Resources/Text number 60.txt should not be there"])
+
+    def test_is_wrong_when_it_was_cut_short(self):
+        whole = self.archive.read_bytes()
+        for size in (0, 10, 17 * 2048, len(whole) // 2, len(whole) - 2048):
+            self.archive.write_bytes(whole[:size])
+            self.assertTrue(self.faults(), size)
+
+    def test_is_not_written_with_what_it_cannot_tell(self):
+        longer = self.app / ("a" * 200)
+        longer.touch()
+        with self.assertRaises(SystemExit):
+            self.write()
+        longer.unlink()
+        (self.app / "up").symlink_to("../elsewhere")
+        with self.assertRaises(SystemExit):
+            self.write()
 
 
 class Cask(unittest.TestCase):
