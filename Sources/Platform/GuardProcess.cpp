@@ -20,7 +20,7 @@ namespace {
 
 constexpr char sign = 'a';
 /// No more than one sign of life in such a time, a little less than a tick.
-constexpr std::chrono::milliseconds interval{700};
+constexpr std::chrono::milliseconds betweenSigns{700};
 
 /// Both ends close with their processes, and with programs that these start.
 bool makePair(std::array<FileDescriptor, 2>& ends) {
@@ -81,7 +81,7 @@ bool GuardProcess::greet() {
         unanswered = 0;
     // Many signs in a short time would go unanswered by a guard that is well.
     const auto now = std::chrono::steady_clock::now();
-    if (now - greeted < interval)
+    if (now - greeted < betweenSigns)
         return true;
     greeted = now;
     ++unanswered;
