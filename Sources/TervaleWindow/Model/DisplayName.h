@@ -11,6 +11,9 @@ namespace tervale {
 /// The most characters of a profile's name that are ever shown.
 inline constexpr qsizetype longestName = 300;
 
+/// The most characters of the agent's status that are ever shown.
+inline constexpr qsizetype longestStatus = 1000;
+
 /// A text that is cut after so many characters, the last of which is an ellipsis then.
 QString shortened(const QString& text, qsizetype most);
 

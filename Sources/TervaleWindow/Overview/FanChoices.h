@@ -44,9 +44,6 @@ Action fixedAt(double sliderValue);
 /// What runs now: the timer's action while a timer runs, otherwise the selection.
 const Action& running(const Model& model);
 
-/// The most characters of the agent's status that are shown.
-inline constexpr qsizetype longestStatus = 1000;
-
 /// The heading's second line: the agent's status, cut after `longestStatus`, or a sentence on what
 /// runs.
 QString subtitle(const Model& model);

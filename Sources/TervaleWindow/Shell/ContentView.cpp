@@ -8,6 +8,7 @@
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Settings/SettingsView.h"
 #include "TervaleWindow/Shell/Sidebar.h"
+#include "TervaleWindow/Shell/StateAnnouncements.h"
 #include "TervaleWindow/Shell/SystemMetadata.h"
 #include "TervaleWindow/Shell/WindowCommands.h"
 
@@ -30,6 +31,7 @@ ContentView::ContentView(Model& modelShown, Bridge& bridgeUsed, std::optional<Pa
     connect(sidebar, &Sidebar::sectionChosen, this, &ContentView::setSection);
     setSection(section);
     new WindowCommands(*this);
+    new StateAnnouncements(model, *this);
 }
 
 void ContentView::setSection(std::optional<Pane> section) {

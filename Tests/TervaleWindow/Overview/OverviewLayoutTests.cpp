@@ -1,4 +1,5 @@
 #include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Model/DisplayName.h"
 #include "TervaleWindow/Overview/FanChoices.h"
 #include "TervaleWindow/Overview/OverviewFixture.h"
 
