@@ -8,8 +8,8 @@ class QWidget;
 
 namespace tervale {
 
-/// Announces what the agent tells of by itself, whatever pane is shown: a line of status that comes
-/// or changes, and the end of a timer. What the person has just chosen is not announced.
+/// Announces what the agent tells of, whatever pane is shown: a line of status that comes or
+/// changes, and the end of a timer, be it over or cancelled. What is chosen is not announced.
 class StateAnnouncements final : public QObject {
     Q_OBJECT
 
