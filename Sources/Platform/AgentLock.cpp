@@ -43,7 +43,7 @@ std::optional<AgentLock::Holder> AgentLock::holder(const std::filesystem::path& 
     for (std::string line; std::getline(file, line);) {
         const std::string_view text = line;
         if (text.starts_with("pid="))
-            holder.process = processIn(text.substr(4)).value_or(0);
+            holder.process = processIn(text.substr(4));
         else if (text.starts_with("started="))
             holder.started = text.substr(8);
         else if (text.starts_with("guard="))
@@ -61,8 +61,9 @@ FileLock AgentLock::take(const std::filesystem::path& path, std::chrono::millise
     }
     if (!taken) {
         const std::optional<Holder> other = holder(path);
-        throw Refused(other && other->process > 0
-                          ? "An agent runs already: process " + std::to_string(other->process) + "."
+        throw Refused(other && other->process
+                          ? "An agent runs already: process " + std::to_string(*other->process) +
+                                "."
                           : "An agent runs already.");
     }
     return std::move(*taken);
@@ -91,7 +92,7 @@ void AgentLock::setGuard(std::optional<std::int64_t> process) {
 }
 
 void AgentLock::write() const {
-    std::string text = "pid=" + std::to_string(self.process) + "\nstarted=" + self.started + "\n";
+    std::string text = "pid=" + std::to_string(*self.process) + "\nstarted=" + self.started + "\n";
     if (self.guard)
         text += "guard=" + std::to_string(*self.guard) + "\n";
     // That the lock is held counts, not what the file says of it: a full disk keeps no agent away.

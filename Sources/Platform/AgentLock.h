@@ -29,7 +29,9 @@ class AgentLock {
         using Refused::Refused;
     };
     struct Holder {
-        std::int64_t process = 0;
+        /// None in the moment in which the lock is taken and the file not yet written, and where the
+        /// disk is full.
+        std::optional<std::int64_t> process;
         /// As the file has it.
         std::string started;
         std::optional<std::int64_t> guard;

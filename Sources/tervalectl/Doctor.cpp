@@ -99,8 +99,10 @@ void inspectController(const Context& context, Findings& findings) {
 }
 
 std::string textOf(const RunningAgent& agent) {
+    if (!agent.holder.process)
+        return "a process that has not told its number yet";
     const std::string text =
-        "process " + std::to_string(agent.holder.process) + " since " + agent.holder.started;
+        "process " + std::to_string(*agent.holder.process) + " since " + agent.holder.started;
     if (!agent.holder.guard)
         return text + ", no guard";
     return text + ", guard " + std::to_string(*agent.holder.guard) +

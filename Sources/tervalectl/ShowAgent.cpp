@@ -36,7 +36,7 @@ void printAsJSON(const AgentReport& report, std::ostream& out) {
         json.member("answers", report.state.has_value());
         if (report.process) {
             const AgentLock::Holder& holder = report.process->holder;
-            json.member("process", holder.process);
+            json.optionalMember("process", holder.process);
             json.member("started", holder.started);
             json.optionalMember("guard", holder.guard);
             json.member("guarded", report.process->isGuarded);
@@ -58,8 +58,9 @@ void print(const AgentReport& report, std::ostream& out) {
     Table table({{"AGENT"}, {"VALUE"}});
     table.add({"Answers", report.state ? "yes" : "no"});
     if (const auto& process = report.process) {
-        table.add({"Process", std::to_string(process->holder.process)});
-        table.add({"Started", process->holder.started});
+        const AgentLock::Holder& holder = process->holder;
+        table.add({"Process", holder.process ? std::to_string(*holder.process) : "not told yet"});
+        table.add({"Started", holder.started});
         table.add({"Guard", guardText(*process)});
     }
     if (report.state)

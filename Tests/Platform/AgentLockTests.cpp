@@ -65,6 +65,13 @@ TEST_F(AgentLockTest, LetsOneAgentRunAtATime) {
     EXPECT_EQ(AgentLock::holder(path), std::nullopt);
 }
 
+TEST_F(AgentLockTest, NamesNoProcessBeforeTheFileSaysOne) {
+    const auto justTaken = FileLock::take(path, AgentLock::defaultPatience);
+    ASSERT_TRUE(justTaken);
+    EXPECT_EQ(AgentLock::holder(path), AgentLock::Holder{});
+    EXPECT_EQ(refusal(), "An agent runs already.");
+}
+
 TEST_F(AgentLockTest, TellsTheProcessItsStartAndItsGuard) {
     AgentLock lock(path);
     auto holder = AgentLock::holder(path);

@@ -177,8 +177,10 @@ TEST_F(AgentProgramTest, TakesItsLockAnewWhenTheFileIsRemoved) {
     AgentProcess agent(bus);
     ASSERT_TRUE(selectsMaximum());
     std::filesystem::remove(lock());
-    ASSERT_TRUE(eventually([this] { return AgentLock::holder(lock()).has_value(); }));
-    EXPECT_EQ(AgentLock::holder(lock())->process, agent.id());
+    ASSERT_TRUE(eventually([&] {
+        const auto holder = AgentLock::holder(lock());
+        return holder && holder->process == agent.id();
+    }));
     EXPECT_EQ(AgentLock::holder(lock())->guard, guard());
     EXPECT_TRUE(manual());
 }

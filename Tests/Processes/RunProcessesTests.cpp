@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 class RunProcessesTest : public testing::Test {
   protected:
     bool allRun() const {
-        return eventually([this] { return AgentLock::holder(lock()) && window() > 0; });
+        return eventually([this] { return agent() > 0 && window() > 0; });
     }
     pid_t window() const {
         pid_t process = 0;
@@ -28,9 +28,11 @@ class RunProcessesTest : public testing::Test {
     }
     pid_t agent() const {
         const auto holder = AgentLock::holder(lock());
-        return holder ? static_cast<pid_t>(holder->process) : 0;
+        return holder ? static_cast<pid_t>(holder->process.value_or(0)) : 0;
     }
-    static bool isGone(pid_t process) { return ::kill(process, 0) != 0 && errno == ESRCH; }
+    static bool isGone(pid_t process) {
+        return process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
+    }
     /// As the window tells it.
     fs::path runtimeFolder() const {
         std::string number;

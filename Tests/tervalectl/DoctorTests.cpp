@@ -258,6 +258,16 @@ TEST_F(DoctorCommand, TellsThatTheGuardIsGone) {
               "Agent wrong process 1234 since 2026-01-31T09:13:28Z, guard 1235 is gone");
 }
 
+TEST_F(DoctorCommand, NamesNoProcessBeforeTheAgentDoes) {
+    agentProcess = AgentLock::Holder{};
+    EXPECT_EQ(run({"doctor"}), ExitStatus::done) << output;
+    EXPECT_EQ(line("Agent"), "Agent good a process that has not told its number yet");
+    EXPECT_EQ(run({"agent"}), ExitStatus::done);
+    EXPECT_EQ(line("Process"), "Process not told yet");
+    EXPECT_EQ(run({"agent", "--json"}), ExitStatus::done);
+    EXPECT_EQ(output.find("\"process\""), std::string::npos) << output;
+}
+
 TEST_F(DoctorCommand, NeedsNoGuardBeforeAFanIsTaken) {
     agentProcess = {1234, "2026-01-31T09:13:28Z", std::nullopt};
     guard.reset();
