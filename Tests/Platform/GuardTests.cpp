@@ -53,7 +53,7 @@ class GuardTest : public testing::Test {
     }
     GuardDuty::End stand(int failures, std::function<bool()> isCool) const {
         return GuardDuty{.lock = lock,
-                         .hangLimit = 400ms,
+                         .hangLimit = hangLimit,
                          .handBack =
                              [this, failures]() mutable {
                                  const bool done = failures-- <= 0;
@@ -82,6 +82,8 @@ class GuardTest : public testing::Test {
         return static_cast<GuardDuty::End>(WEXITSTATUS(status));
     }
 
+    /// A guard that waited for longer would end the test. On a busy machine that may be slow, too.
+    std::chrono::milliseconds hangLimit = 20s;
     TemporaryFolder folder;
     std::filesystem::path lock = folder.path / "tervale" / "guard.lock";
     /// By a guard before the one that is started.
@@ -95,27 +97,29 @@ class GuardTest : public testing::Test {
 } // namespace
 
 TEST_F(GuardTest, ReportsForDutyAndAnswersEverySignOfLife) {
+    hangLimit = 3s;
     start();
-    ASSERT_TRUE(hears(5s));
+    ASSERT_TRUE(hears(20s));
+    // Longer in all than the limit.
     for (int i = 0; i < 6; ++i) {
-        std::this_thread::sleep_for(100ms);
+        std::this_thread::sleep_for(600ms);
         giveSign();
-        EXPECT_TRUE(hears(5s));
+        EXPECT_TRUE(hears(20s));
     }
     EXPECT_FALSE(handsBack(0ms));
 }
 
 TEST_F(GuardTest, HandsBackAtOnceWhenTheOtherEndIsClosed) {
     start();
-    ASSERT_TRUE(hears(5s));
+    ASSERT_TRUE(hears(20s));
     agent.close();
-    EXPECT_TRUE(handsBack(300ms));
+    EXPECT_TRUE(handsBack(10s));
     EXPECT_EQ(ends(), GuardDuty::End::handedBack);
 }
 
 TEST_F(GuardTest, TriesAgainUntilTheFansAreAutomatic) {
     start(3);
-    ASSERT_TRUE(hears(5s));
+    ASSERT_TRUE(hears(20s));
     agent.close();
     EXPECT_EQ(ends(), GuardDuty::End::handedBack);
     for (int attempt = 0; attempt < 4; ++attempt)
@@ -125,48 +129,51 @@ TEST_F(GuardTest, TriesAgainUntilTheFansAreAutomatic) {
 
 TEST_F(GuardTest, GoesOnTryingLongAfterItsEagerTime) {
     start(20);
-    ASSERT_TRUE(hears(5s));
+    ASSERT_TRUE(hears(20s));
     agent.close();
     EXPECT_EQ(ends(), GuardDuty::End::handedBack);
 }
 
 TEST_F(GuardTest, GivesUpOnceItsPlaceInTheSessionIsGone) {
     start(1'000'000);
-    ASSERT_TRUE(hears(5s));
+    ASSERT_TRUE(hears(20s));
     agent.close();
-    ASSERT_TRUE(handsBack(5s));
+    ASSERT_TRUE(handsBack(20s));
     std::filesystem::remove(lock);
     EXPECT_EQ(ends(), GuardDuty::End::notHandedBack);
 }
 
 TEST_F(GuardTest, HandsBackAtOnceForASilentAgentOnAHotMachineAndLeavesItAlive) {
+    hangLimit = 10s;
     const auto began = std::chrono::steady_clock::now();
     start(0, [] { return false; });
-    ASSERT_TRUE(hears(5s));
-    EXPECT_TRUE(handsBack(5s));
-    EXPECT_GE(std::chrono::steady_clock::now() - began, 80ms) << "two waits are no silence";
+    ASSERT_TRUE(hears(20s));
+    EXPECT_TRUE(handsBack(8s));
+    EXPECT_GE(std::chrono::steady_clock::now() - began, 2s) << "two waits are no silence";
     giveSign();
-    EXPECT_TRUE(hears(5s)) << "the guard stays on duty";
+    EXPECT_TRUE(hears(20s)) << "the guard stays on duty";
 }
 
 TEST_F(GuardTest, IsPatientWithASilentAgentOnACoolMachine) {
+    hangLimit = 4s;
     start(0, [] { return true; });
-    ASSERT_TRUE(hears(5s));
-    EXPECT_FALSE(handsBack(250ms));
+    ASSERT_TRUE(hears(20s));
+    EXPECT_FALSE(handsBack(1200ms));
     giveSign();
-    EXPECT_TRUE(hears(5s));
+    EXPECT_TRUE(hears(20s));
 }
 
 TEST_F(GuardTest, OutlivesTheSignalsThatEndItsAgent) {
     start();
-    ASSERT_TRUE(hears(5s));
+    ASSERT_TRUE(hears(20s));
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE})
         ASSERT_EQ(::kill(guard, signal), 0);
     giveSign();
-    EXPECT_TRUE(hears(5s));
+    EXPECT_TRUE(hears(20s));
 }
 
 TEST_F(GuardTest, EndsAnAgentThatGivesNoSignOfLifeAndHandsBack) {
+    hangLimit = 400ms;
     // The agent that hangs is a child, whose guard writes to the same pipe.
     const pid_t hanging = ::fork();
     if (hanging == 0) {
@@ -178,20 +185,21 @@ TEST_F(GuardTest, EndsAnAgentThatGivesNoSignOfLifeAndHandsBack) {
     int status = 0;
     ASSERT_EQ(::waitpid(hanging, &status, 0), hanging);
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
-    EXPECT_GE(std::chrono::steady_clock::now() - began, 400ms);
-    EXPECT_TRUE(handsBack(2s));
-    EXPECT_TRUE(handsBack(2s)) << "once more when it is really gone";
+    EXPECT_GE(std::chrono::steady_clock::now() - began, hangLimit);
+    EXPECT_TRUE(handsBack(10s));
+    EXPECT_TRUE(handsBack(10s)) << "once more when it is really gone";
 }
 
 TEST_F(GuardTest, IsPatientWithAnAgentWhileItIsHaltedItself) {
+    hangLimit = 3s;
     start();
-    ASSERT_TRUE(hears(5s));
+    ASSERT_TRUE(hears(20s));
     ASSERT_EQ(::kill(guard, SIGSTOP), 0);
-    std::this_thread::sleep_for(900ms);
+    std::this_thread::sleep_for(4s);
     ASSERT_EQ(::kill(guard, SIGCONT), 0);
     std::this_thread::sleep_for(150ms);
     giveSign();
-    EXPECT_TRUE(hears(5s));
+    EXPECT_TRUE(hears(20s));
     EXPECT_FALSE(handsBack(0ms));
 }
 
@@ -199,9 +207,9 @@ TEST_F(GuardTest, ReportsOnlyOnceTheGuardBeforeItIsDone) {
     held = FileLock::take(lock, 0ms);
     ASSERT_TRUE(held);
     start();
-    EXPECT_FALSE(hears(300ms));
+    EXPECT_FALSE(hears(100ms));
     held.reset();
-    EXPECT_TRUE(hears(5s));
+    EXPECT_TRUE(hears(20s));
 }
 
 TEST_F(GuardTest, HandsBackForAnAgentThatIsGoneBeforeItsReport) {
@@ -211,7 +219,7 @@ TEST_F(GuardTest, HandsBackForAnAgentThatIsGoneBeforeItsReport) {
     agent.close();
     EXPECT_FALSE(handsBack(100ms));
     held.reset();
-    EXPECT_TRUE(handsBack(5s));
+    EXPECT_TRUE(handsBack(20s));
     EXPECT_EQ(ends(), GuardDuty::End::handedBack);
 }
 

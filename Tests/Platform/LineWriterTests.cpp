@@ -63,7 +63,7 @@ TEST_F(LineWriterTest, WritesLinesInOrder) {
     const auto lines = writerTo(writing);
     for (int i = 0; i < 3; ++i)
         lines->write(std::to_string(i) + "\n");
-    EXPECT_TRUE(lines->drain(20s));
+    EXPECT_TRUE(lines->drain(120s));
     EXPECT_EQ(readUntil("2\n"), "0\n1\n2\n");
 }
 
@@ -76,7 +76,7 @@ TEST_F(LineWriterTest, WaitsForNoReaderAndTellsWhatWasLostOnceThereIsOne) {
         lines->write("x\n");
     EXPECT_FALSE(lines->drain(10ms)) << "nobody has read";
     const std::string all = readUntil(" lost\n");
-    EXPECT_TRUE(lines->drain(20s));
+    EXPECT_TRUE(lines->drain(120s));
     const auto count = [&](const std::string& text) {
         std::size_t number = 0;
         for (std::size_t at = all.find(text); at != std::string::npos; at = all.find(text, at + 1))
@@ -104,7 +104,7 @@ TEST_F(LineWriterTest, OutlivesAReaderThatIsGone) {
     const auto lines = writerTo(writing);
     reading.close();
     lines->write("x\n");
-    EXPECT_TRUE(lines->drain(20s)) << "a signal would have ended the process";
+    EXPECT_TRUE(lines->drain(120s)) << "a signal would have ended the process";
 }
 
 TEST_F(LineWriterTest, WritesInTheEndWhatStillWaits) {

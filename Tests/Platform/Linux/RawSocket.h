@@ -50,7 +50,7 @@ class RawSocket {
     }
     void waitForInput() const {
         pollfd waiting{socket.number(), POLLIN, 0};
-        ::poll(&waiting, 1, 20'000);
+        ::poll(&waiting, 1, 120'000);
     }
 
   private:

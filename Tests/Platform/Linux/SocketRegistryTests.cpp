@@ -79,6 +79,15 @@ class SocketRegistryTest : public testing::Test {
         }
         return connection;
     }
+    /// Whether a call does, of which those before may have come too early.
+    static bool succeedsInTheEnd(IORegistry& registry, IORegistry::Connection connection,
+                                 IORegistry::Structure& response) {
+        const auto deadline = std::chrono::steady_clock::now() + 120s;
+        while (registry.callStruct(connection, 2, {}, response) != 0)
+            if (std::chrono::steady_clock::now() > deadline)
+                return false;
+        return true;
+    }
 
     TemporaryFolder folder;
     std::filesystem::path path = folder.path / "socket";
@@ -189,7 +198,7 @@ TEST_F(SocketRegistryTest, FailsOnceTheOtherSideHasGone) {
         else
             client.send(success);
     });
-    SocketRegistry registry(path, 200ms);
+    SocketRegistry registry(path, 2s);
     const auto connection = open(registry);
     IORegistry::Structure response{};
     EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
@@ -200,7 +209,7 @@ TEST_F(SocketRegistryTest, HangsUpOnRepliesOfAnotherLength) {
     serve([](RawSocket& client, const Packet& request) {
         client.send(request[0] == 3 ? Packet(85) : success);
     });
-    SocketRegistry registry(path, 200ms);
+    SocketRegistry registry(path, 2s);
     const auto connection = open(registry);
     IORegistry::Structure response{};
     EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
@@ -215,7 +224,7 @@ TEST_F(SocketRegistryTest, StopsWaitingForASilentSideAndGoesOnWhenItAnswersAfter
             mayAnswer.wait(false);
         client.send(packetOf({0, 0, 0, 0}, static_cast<std::uint8_t>(exchanges)));
     });
-    SocketRegistry registry(path, 200ms);
+    SocketRegistry registry(path, 2s);
     const auto connection = open(registry);
     IORegistry::Structure response{};
     EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::timedOut);
@@ -224,14 +233,12 @@ TEST_F(SocketRegistryTest, StopsWaitingForASilentSideAndGoesOnWhenItAnswersAfter
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 50; ++i)
         EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::timedOut);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
     EXPECT_EQ(exchanges, 1);
 
     mayAnswer = true;
     mayAnswer.notify_all();
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
-    while (registry.callStruct(connection, 2, {}, response) != 0)
-        ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+    ASSERT_TRUE(succeedsInTheEnd(registry, connection, response));
     // The late answer was the first exchange's; this one is the second's.
     EXPECT_EQ(response, filledWith(2));
 }
@@ -266,7 +273,7 @@ TEST_F(SocketRegistryTest, GoesOnSoonAfterAnotherServesTheSocket) {
 
 TEST_F(SocketRegistryTest, WaitsOnceForAnotherThatDoesNotAnswerAtFirst) {
     serve([](RawSocket& client, const Packet&) { client.send(success); });
-    SocketRegistry registry(path, 200ms);
+    SocketRegistry registry(path, 2s);
     const auto connection = open(registry);
     hangUp();
     std::atomic<bool> mayAnswer = false;
@@ -280,13 +287,11 @@ TEST_F(SocketRegistryTest, WaitsOnceForAnotherThatDoesNotAnswerAtFirst) {
     const auto began = std::chrono::steady_clock::now();
     for (int i = 0; i < 50; ++i)
         EXPECT_EQ(registry.callStruct(connection, 2, {}, response), kernelStatus::notAttached);
-    EXPECT_LT(std::chrono::steady_clock::now() - began, 1s);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 10s);
     EXPECT_EQ(requests, 1);
     mayAnswer = true;
     mayAnswer.notify_all();
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
-    while (registry.callStruct(connection, 2, {}, response) != 0)
-        ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+    ASSERT_TRUE(succeedsInTheEnd(registry, connection, response));
     EXPECT_EQ(requests, 3) << "one to find, one to open, one to exchange";
 }
 
@@ -299,25 +304,23 @@ TEST_F(SocketRegistryTest, WaitsForASilentSideOnOneOfItsConnectionsOnly) {
             client.send(success);
         },
         2);
-    SocketRegistry registry(path, 500ms);
+    SocketRegistry registry(path, 4s);
     const auto first = open(registry);
     const auto second = open(registry);
     IORegistry::Structure response{};
     EXPECT_EQ(registry.callStruct(first, 2, {}, response), kernelStatus::timedOut);
     const auto began = std::chrono::steady_clock::now();
     EXPECT_EQ(registry.callStruct(second, 2, {}, response), kernelStatus::timedOut);
-    EXPECT_LT(std::chrono::steady_clock::now() - began, 400ms);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 3s);
     mayAnswer = true;
     mayAnswer.notify_all();
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
     for (const auto connection : {first, second})
-        while (registry.callStruct(connection, 2, {}, response) != 0)
-            ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+        EXPECT_TRUE(succeedsInTheEnd(registry, connection, response));
 }
 
 TEST_F(SocketRegistryTest, LeavesAnotherThatLacksTheService) {
     serve([](RawSocket& client, const Packet&) { client.send(success); });
-    SocketRegistry registry(path, 200ms);
+    SocketRegistry registry(path, 2s);
     const auto connection = open(registry);
     hangUp();
     serve([](RawSocket& client, const Packet&) { client.send(packetOf({0xf0, 2, 0, 0xe0})); });
@@ -328,7 +331,7 @@ TEST_F(SocketRegistryTest, LeavesAnotherThatLacksTheService) {
 
 TEST_F(SocketRegistryTest, GivesEveryServiceAConnectionOfItsOwn) {
     serve([](RawSocket& client, const Packet&) { client.send(success); });
-    SocketRegistry registry(path, 200ms);
+    SocketRegistry registry(path, 2s);
     ASSERT_TRUE(registry.findService("AppleSMC"));
     // The test serves one client only.
     EXPECT_FALSE(registry.findService("AppleSMC"));

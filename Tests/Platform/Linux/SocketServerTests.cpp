@@ -266,7 +266,7 @@ TEST_F(SocketServerTest, LendsAMacToSeveralClientsAtOnce) {
     const SocketServer server(mac, path);
     std::atomic<int> done = 0;
     const auto look = [&] {
-        SocketRegistry socket(path);
+        SocketRegistry socket(path, std::chrono::seconds(60));
         SMC smc(socket);
         for (int i = 0; i < 50; ++i)
             done += static_cast<int>(smc.fans().size());
