@@ -11,7 +11,7 @@
 namespace tervale {
 
 namespace {
-constexpr int patience = 20'000;
+constexpr int patience = 120'000;
 }
 
 bool eventually(const std::function<bool()>& condition) {
