@@ -40,12 +40,18 @@ class CommandRunner {
     NotificationCenter* otherCenter = nullptr;
     /// Told as this machine's load, if there is one.
     std::optional<double> hostLoad;
+    /// Called whenever the load is read: once before the first reading, and once with each.
+    std::function<void()> atLoad;
     /// What it shares belongs to the test.
     Machine machine() {
         const std::shared_ptr<void> nobody;
         return {std::shared_ptr<IORegistry>(nobody, registry),
                 std::shared_ptr<NotificationCenter>(nobody, otherCenter ? otherCenter : &center),
-                [this] { return hostLoad ? hostLoad : std::optional(mac.load()); }};
+                [this] {
+                    if (atLoad)
+                        atLoad();
+                    return hostLoad ? hostLoad : std::optional(mac.load());
+                }};
     }
     Session session() {
         return {.agentProcess = [this] { return agentProcess; },

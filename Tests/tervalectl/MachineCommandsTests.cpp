@@ -5,8 +5,6 @@
 #include "tervalectl/CommandRunner.h"
 #include "tervalectl/MachineReading.h"
 
-#include <QTimer>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,14 +14,6 @@
 using namespace tervale;
 
 namespace {
-
-class MachineCommands : public testing::Test, protected CommandRunner {
-  protected:
-    std::size_t lines() const { return static_cast<std::size_t>(std::ranges::count(output, '\n')); }
-
-    /// What happens while a command runs belongs to it.
-    QObject later;
-};
 
 /// A sensor comes off as soon as it has been found, which reads it once.
 class UnpluggingRegistry final : public DelegatingRegistry {
@@ -93,6 +83,22 @@ class VanishingRegistry final : public DelegatingRegistry {
   private:
     int openings = 0;
     bool gone = false;
+};
+
+class MachineCommands : public testing::Test, protected CommandRunner {
+  protected:
+    std::size_t lines() const { return static_cast<std::size_t>(std::ranges::count(output, '\n')); }
+    /// Has the agent tell another state while the first reading is taken. It is heard only once the
+    /// command waits again, so before the second one.
+    void tellDuringFirstReading(const BridgeState& state) {
+        registry = &onlyController;
+        atLoad = [this, state, loads = 0]() mutable {
+            if (++loads == 2)
+                Bridge(center).publish(state);
+        };
+    }
+
+    OnlyController onlyController{mac};
 };
 
 } // namespace
@@ -195,7 +201,6 @@ TEST_F(MachineCommands, MonitorRecordsTheLoadOfTheMachineThatItWatches) {
     ASSERT_EQ(run({"monitor", "--json", "--count", "1"}), ExitStatus::done);
     EXPECT_EQ(std::get<MachineReading>(decode<MachineReading>(output)).load, mac.load());
     // One that is no simulation is this machine.
-    OnlyController onlyController(mac);
     registry = &onlyController;
     ASSERT_EQ(run({"monitor", "--json", "--count", "1"}), ExitStatus::done);
     EXPECT_EQ(std::get<MachineReading>(decode<MachineReading>(output)).load, hostLoad);
@@ -225,11 +230,8 @@ TEST_F(MachineCommands, MonitorTellsWhatTheAgentSays) {
 TEST_F(MachineCommands, MonitorShowsWhatTheSafetyLatchDoes) {
     ScriptedAgent agent(center);
     agent.state.status = "Too hot: Max until it is cooler.";
-    QTimer::singleShot(300, &later, [&] {
-        agent.state.status.reset();
-        Bridge(center).publish(agent.state);
-    });
-    ASSERT_EQ(run({"monitor", "--count", "2", "--interval", "0.5"}), ExitStatus::done);
+    tellDuringFirstReading(BridgeState{});
+    ASSERT_EQ(run({"monitor", "--count", "2", "--interval", "0.1"}), ExitStatus::done);
     const auto shown = QString::fromStdString(output).split('\n');
     ASSERT_EQ(shown.size(), 4) << output;
     EXPECT_TRUE(shown[0].endsWith("SAFETY")) << output;
@@ -241,12 +243,8 @@ TEST_F(MachineCommands, MonitorTellsThatATimerHasEnded) {
     ScriptedAgent agent(center);
     agent.state.timerAction = action::Fixed{1};
     agent.state.timerEnds = Date{700000000};
-    QTimer::singleShot(300, &later, [&] {
-        agent.state.timerAction.reset();
-        agent.state.timerEnds.reset();
-        Bridge(center).publish(agent.state);
-    });
-    ASSERT_EQ(run({"monitor", "--json", "--count", "2", "--interval", "0.5"}), ExitStatus::done);
+    tellDuringFirstReading(BridgeState{});
+    ASSERT_EQ(run({"monitor", "--json", "--count", "2", "--interval", "0.1"}), ExitStatus::done);
     const auto end = output.find('\n');
     EXPECT_LT(output.find("timerAction"), end) << output;
     EXPECT_EQ(output.find("timerAction", end), std::string::npos) << output;
