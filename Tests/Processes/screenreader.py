@@ -109,6 +109,8 @@ class ScreenReader:
 
     def __init__(self, application):
         Atspi.init()
+        # A window on a busy machine is slow to answer.
+        Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
         self.announced = []
         self.listener = Atspi.EventListener.new(self._hear)
         for kind in ("object:state-changed:showing", "object:property-change", "object:announcement"):
@@ -119,9 +121,13 @@ class ScreenReader:
         self.window = until(lambda: self._window_of(application), f"the window of {application}")
 
     def _window_of(self, application):
-        for program in Part(self.desktop).children:
-            if program.name == application and program.children:
-                return program.children[0]
+        try:
+            for program in Part(self.desktop).children:
+                if program.name == application and program.children:
+                    return program.children[0]
+        except GLib.Error:
+            # One of them went, or is only coming.
+            return None
         return None
 
     def _hear(self, event):

@@ -13,10 +13,14 @@ using namespace tervale;
 
 namespace {
 
-/// Runs the event loop until it is ended, or for a second at the most; tells whether it was ended.
+/// Runs the event loop until it is ended, or for half a minute at the most; tells whether it was
+/// ended.
 bool endsTheApplication(const std::function<void()>& cause) {
     QTimer::singleShot(0, cause);
-    QTimer::singleShot(1000, [] { QCoreApplication::exit(1); });
+    // It goes with the call: the next event loop has a limit of its own.
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, [] { QCoreApplication::exit(1); });
+    limit.start(30'000);
     return QApplication::exec() == 0;
 }
 
