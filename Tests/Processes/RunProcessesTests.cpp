@@ -1,9 +1,9 @@
 #include "Platform/AgentLock.h"
 #include "Processes/Programs.h"
+#include "Support/ProcessState.h"
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -30,9 +30,6 @@ class RunProcessesTest : public testing::Test {
         const auto holder = AgentLock::holder(lock());
         return holder ? static_cast<pid_t>(holder->process.value_or(0)) : 0;
     }
-    static bool isGone(pid_t process) {
-        return process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
-    }
     /// As the window tells it.
     fs::path runtimeFolder() const {
         std::string number;
@@ -43,7 +40,7 @@ class RunProcessesTest : public testing::Test {
     fs::path lock() const { return runtimeFolder() / "tervale" / "agent.lock"; }
     fs::path socket() const { return runtimeFolder() / "tervale" / "controller.socket"; }
     /// Whether nothing is left of a session that lay there.
-    static bool isGone(const fs::path& runtimeFolder) {
+    static bool leftNothing(const fs::path& runtimeFolder) {
         return runtimeFolder.has_parent_path() && !fs::exists(runtimeFolder.parent_path());
     }
     QString program(const std::string& name, const std::string& text) const {
@@ -74,6 +71,7 @@ TEST_F(RunProcessesTest, EndAtOnceWhenTheyAreToldTo) {
                             {TERVALE_SIMULATOR, TERVALE_AGENT, "sh", "-c", waitingWindow},
                             bus.environment());
         ASSERT_TRUE(allRun()) << script.errors().toStdString();
+        ASSERT_TRUE(script.says("Controller on "));
         EXPECT_TRUE(script.output().startsWith("Controller on "));
         const pid_t opened = window();
         const pid_t driving = agent();
@@ -88,16 +86,18 @@ TEST_F(RunProcessesTest, EndAtOnceWhenTheyAreToldTo) {
         EXPECT_TRUE(script.errors().contains("The fans are automatic."))
             << script.errors().toStdString();
         EXPECT_TRUE(eventually([this] { return !fs::exists(socket()); }));
-        EXPECT_TRUE(isGone(folder));
+        EXPECT_TRUE(leftNothing(folder));
     }
 }
 
 TEST_F(RunProcessesTest, EndInOrderWhenTheTerminalInterruptsAllOfThem) {
     const fs::path ending = bus.runtimeFolder() / "ending";
     const fs::path mayEnd = bus.runtimeFolder() / "may-end";
+    // It heeds the signal before it tells that it is there.
     const QString slowWindow =
-        windowThat("trap \": >'" + ending.string() + "'; while [ ! -e '" + mayEnd.string() +
-                   "' ]; do sleep 0.02; done; exit 0\" TERM; while :; do sleep 0.02; done");
+        QString::fromStdString("trap \": >'" + ending.string() + "'; while [ ! -e '" +
+                               mayEnd.string() + "' ]; do sleep 0.02; done; exit 0\" TERM; ") +
+        windowThat("while :; do sleep 0.02; done");
     // The leader of a group, as what a shell starts on a terminal.
     ChildProcess script(
         "setsid", {TERVALE_RUN_PROCESSES, TERVALE_SIMULATOR, TERVALE_AGENT, "sh", "-c", slowWindow},
@@ -117,7 +117,7 @@ TEST_F(RunProcessesTest, EndInOrderWhenTheTerminalInterruptsAllOfThem) {
     EXPECT_TRUE(script.errors().contains("The fans are automatic."))
         << script.errors().toStdString();
     EXPECT_TRUE(isGone(driving));
-    EXPECT_TRUE(isGone(folder));
+    EXPECT_TRUE(leftNothing(folder));
 }
 
 TEST_F(RunProcessesTest, EndWithTheWindow) {
@@ -133,7 +133,7 @@ TEST_F(RunProcessesTest, EndWithTheWindow) {
     EXPECT_TRUE(eventually([this] { return !fs::exists(socket()); }));
     EXPECT_TRUE(script.errors().contains("The fans are automatic."))
         << script.errors().toStdString();
-    EXPECT_TRUE(isGone(folder));
+    EXPECT_TRUE(leftNothing(folder));
 }
 
 TEST_F(RunProcessesTest, EndWithTheAgent) {
@@ -149,7 +149,7 @@ TEST_F(RunProcessesTest, EndWithTheAgent) {
     EXPECT_TRUE(script.errors().contains("The agent has ended, and so do the others.\n"))
         << script.errors().toStdString();
     EXPECT_TRUE(isGone(opened));
-    EXPECT_TRUE(isGone(folder));
+    EXPECT_TRUE(leftNothing(folder));
 }
 
 TEST_F(RunProcessesTest, ShareNothingWithAnAgentThatRunsAlready) {
