@@ -1,10 +1,10 @@
 #include "Platform/FileDescriptor.h"
 #include "Processes/AgentSession.h"
+#include "Support/ProcessState.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
-#include <cerrno>
 #include <csignal>
 #include <cstddef>
 #include <cstring>
@@ -51,12 +51,8 @@ class AgentServiceTest : public AgentSession {
         all.insert("NOTIFY_SOCKET", QString::fromStdString(socket.string()));
         return all;
     }
-    static void ask(std::optional<std::int64_t> process) {
-        ASSERT_TRUE(process);
-        ASSERT_EQ(::kill(static_cast<pid_t>(*process), SIGTERM), 0);
-    }
-    static bool isGone(std::optional<std::int64_t> process) {
-        return ::kill(static_cast<pid_t>(*process), 0) != 0 && errno == ESRCH;
+    static void ask(std::int64_t process) {
+        ASSERT_EQ(::kill(static_cast<pid_t>(process), SIGTERM), 0);
     }
 
     std::filesystem::path socket = bus.runtimeFolder() / "notify";
@@ -73,8 +69,8 @@ TEST_F(AgentServiceTest, TellsThatItIsReadyThenThatItLivesEachSecondAndThatItEnd
     QElapsedTimer time;
     time.start();
     ASSERT_TRUE(eventually([&] { return manager.timesTold("WATCHDOG=1") >= before + 3; }));
-    EXPECT_GT(time.elapsed(), 1500);
-    EXPECT_LT(time.elapsed(), 6000);
+    EXPECT_GT(time.elapsed(), 1000);
+    EXPECT_LT(time.elapsed(), 20'000);
     EXPECT_EQ(manager.timesTold("STOPPING=1"), 0);
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());
@@ -86,24 +82,26 @@ TEST_F(AgentServiceTest, HandsTheFansBackWhenItsGuardIsAskedToEndBeforeIt) {
     AgentProcess agent(environment());
     ASSERT_TRUE(selectsMaximum());
     const auto second = guard();
-    ask(second);
+    ASSERT_TRUE(second);
+    ask(*second);
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());
     EXPECT_EQ(agent.status(), 0);
     EXPECT_TRUE(automatic());
-    EXPECT_TRUE(eventually([&] { return isGone(second); }));
+    EXPECT_TRUE(eventually([&] { return isGone(*second); }));
 }
 
 TEST_F(AgentServiceTest, IsSurvivedByItsGuardThatIsAskedToEndOnceTheAgentIsKilled) {
     AgentProcess agent(environment());
     ASSERT_TRUE(selectsMaximum());
     const auto second = guard();
+    ASSERT_TRUE(second);
     // So that the guard is still at it when it is asked.
     simulator.send(SIGSTOP);
     agent.send(SIGKILL);
     ASSERT_TRUE(agent.ends());
-    ask(second);
+    ask(*second);
     simulator.send(SIGCONT);
     EXPECT_TRUE(eventually([this] { return automatic(); }));
-    EXPECT_TRUE(eventually([&] { return isGone(second); }));
+    EXPECT_TRUE(eventually([&] { return isGone(*second); }));
 }

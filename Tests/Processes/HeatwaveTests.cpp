@@ -23,10 +23,11 @@ class HeatwaveTest : public AgentSession {
     HeatwaveTest() {
         startMac();
         startAgent();
-        bridge.send(command::Select{action::Fixed{0}});
+        const Action slowest = action::Fixed{0};
+        EXPECT_TRUE(obeys(command::Select{slowest}, [&] { return state.selection == slowest; }));
     }
 
-    void startMac(const QString& speed = "30") {
+    void startMac(const QString& speed = "15") {
         mac = std::make_unique<SimulatorProgram>(
             bus, QStringList{"--scenario", "heatwave", "--speed", speed, "--sensors", "12"});
     }
@@ -84,9 +85,10 @@ class HeatwaveTest : public AgentSession {
         watched.start();
         watchUntil([&] { return watched.elapsed() >= milliseconds; });
     }
-    /// Until it is about to grow too hot, while the fans run as slowly as they can.
+    /// Until it grows hot, some seconds before it is too hot, while the fans run as slowly as they
+    /// can.
     void waitForTheHeat() {
-        ASSERT_TRUE(watchUntil([this] { return manual() && isAsHotAs(SafetyLatch::on - 8); }));
+        ASSERT_TRUE(watchUntil([this] { return manual() && isAsHotAs(SafetyLatch::on - 20); }));
         ASSERT_FALSE(isSafe()) << "the fans are slow";
         ASSERT_FALSE(wasTooHot);
     }
@@ -102,7 +104,7 @@ class HeatwaveTest : public AgentSession {
     bool wasTooHot = false;
     /// In milliseconds. A tick, and what a busy machine adds to it.
     qint64 longestDanger = 0;
-    static constexpr qint64 tick = 2000;
+    static constexpr qint64 tick = 5000;
 };
 
 } // namespace
@@ -172,6 +174,8 @@ TEST_F(HeatwaveTest, IsMetWithFullSpeedWhileTheAgentIsStoppedAndThenLeftToTheFir
 
 TEST_F(HeatwaveTest, IsMetWithFullSpeedThatStaysWhenAgentAndGuardAreKilledAtOnce) {
     ASSERT_TRUE(watchUntilTheLatchEngages());
+    // So that it starts no other guard.
+    agent->send(SIGSTOP);
     killGuard();
     kill(*agent);
     watchFor(2000);
@@ -182,6 +186,8 @@ TEST_F(HeatwaveTest, IsMetWithFullSpeedThatStaysWhenAgentAndGuardAreKilledAtOnce
 
 TEST_F(HeatwaveTest, IsMetByNobodyWhenAgentAndGuardAreKilledAtOnceUntilAnAgentIsStarted) {
     waitForTheHeat();
+    // So that it starts no other guard.
+    agent->send(SIGSTOP);
     killGuard();
     kill(*agent);
     EXPECT_TRUE(watchUntil([this] { return wasTooHot; }));
@@ -211,7 +217,7 @@ TEST_F(HeatwaveTest, IsMetByAnAgentWhoseBusIsStopped) {
     asked.start();
     agent->send(SIGTERM);
     ASSERT_TRUE(agent->ends());
-    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_LT(asked.elapsed(), onThisMachine(2000));
     EXPECT_EQ(agent->status(), 0);
     EXPECT_TRUE(automatic());
     bus.send(SIGCONT);
@@ -232,13 +238,14 @@ TEST_F(HeatwaveTest, IsMetByAnAgentWhereNobodyAnswersInPlaceOfItsBus) {
     asked.start();
     agent->send(SIGTERM);
     ASSERT_TRUE(agent->ends());
-    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_LT(asked.elapsed(), onThisMachine(2000));
     EXPECT_EQ(agent->status(), 0);
     EXPECT_TRUE(automatic());
 }
 
 TEST_F(HeatwaveTest, IsLeftToTheFirmwareWhenTheAgentIsStoppedBeforeItIsTooHot) {
-    ASSERT_TRUE(eventually([this] { return manual() && isAsHotAs(SafetyLatch::on - 8); }));
+    // Late enough that it is too hot long before the agent counts as gone.
+    ASSERT_TRUE(eventually([this] { return manual() && isAsHotAs(SafetyLatch::on - 12); }));
     ASSERT_FALSE(isSafe()) << "the fans are slow";
     QElapsedTimer stopped;
     stopped.start();

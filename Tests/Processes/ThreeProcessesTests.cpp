@@ -16,7 +16,8 @@ namespace {
 /// The window's model in this process, the Mac and its agent in one each.
 class ThreeProcessesTest : public testing::Test {
   protected:
-    Model& openModel() {
+    Model& openModel() { return openModel(registry); }
+    Model& openModel(IORegistry& registry) {
         model = std::make_unique<Model>(registry, bridge, clock, visibility);
         PrivateBus::settle(connection);
         return *model;
@@ -30,7 +31,9 @@ class ThreeProcessesTest : public testing::Test {
     QDBusConnection connection = bus.connect();
     DBusNotificationCenter center{connection};
     Bridge bridge{center};
-    SocketRegistry registry{bus.socket()};
+    SocketRegistry registry{bus.socket(), patienceWithMac};
+    /// For a Mac that is stopped.
+    SocketRegistry impatient{bus.socket()};
     SystemClock clock;
     SettableVisibility visibility;
     std::unique_ptr<Model> model;
@@ -123,7 +126,7 @@ TEST_F(ThreeProcessesTest, MeetAgainOnABusThatWasStartedAnew) {
 
 TEST_F(ThreeProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {
     const SimulatorProgram simulator(bus);
-    openModel();
+    openModel(impatient);
     ASSERT_EQ(model->fans().size(), 2U);
     simulator.send(SIGSTOP);
     ASSERT_TRUE(eventually([&] { return model->fans().empty(); }));

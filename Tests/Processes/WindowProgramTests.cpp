@@ -148,7 +148,7 @@ TEST_F(WindowProgramTest, SharesTheControllerWithASecondWindow) {
     first.send(SIGKILL);
     ASSERT_TRUE(first.ends());
     // Neither the one that died nor the one that stays keeps a third from the Mac.
-    SocketRegistry registry(bus.socket());
+    SocketRegistry registry(bus.socket(), patienceWithMac);
     EXPECT_EQ(SMC(registry).fans().size(), 3U);
     EXPECT_TRUE(second.runs());
     EXPECT_TRUE(quits(second));
