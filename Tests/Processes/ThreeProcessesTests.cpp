@@ -17,8 +17,8 @@ namespace {
 class ThreeProcessesTest : public testing::Test {
   protected:
     Model& openModel() { return openModel(registry); }
-    Model& openModel(IORegistry& registry) {
-        model = std::make_unique<Model>(registry, bridge, clock, visibility);
+    Model& openModel(IORegistry& mac) {
+        model = std::make_unique<Model>(mac, bridge, clock, visibility);
         PrivateBus::settle(connection);
         return *model;
     }
