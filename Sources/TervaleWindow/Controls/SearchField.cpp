@@ -33,8 +33,13 @@ void SearchField::nameButtons() {
     magnifier->setText(tr("Search"));
     connect(magnifier, &QAction::triggered, this, [this] { setFocus(Qt::OtherFocusReason); });
     for (QAction* action : findChildren<QAction*>()) {
-        if (action != magnifier)
-            action->setText(tr("Clear"));
+        if (action == magnifier)
+            continue;
+        action->setText(tr("Clear"));
+        // The toolkit hides it from sight alone while there is nothing to clear.
+        const auto follow = [this, action] { action->setVisible(!text().isEmpty()); };
+        connect(this, &QLineEdit::textChanged, action, follow);
+        follow();
     }
 }
 
