@@ -126,6 +126,10 @@ qreal baseline(const QRectF& bounds, Qt::Alignment alignment, const QFontMetrics
 
 } // namespace
 
+bool hasDigitCells(const QString& text) {
+    return !needsTheTextEngine(text);
+}
+
 qreal tabularTextWidth(const QFont& font, const QString& text) {
     return totalAdvance(pieces(Face(font), text));
 }

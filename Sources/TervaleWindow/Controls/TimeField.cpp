@@ -3,6 +3,7 @@
 #include "Base/Precondition.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/ForgetTyping.h"
+#include "TervaleWindow/Controls/TabularLineEdit.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -27,14 +28,13 @@ TimeField::TimeField(QWidget* parent) : QTimeEdit(parent) {
     // A time is written from its hours on everywhere. Where text begins on the right, the toolkit
     // would turn the sections round, and seven o'clock would read "00:7".
     setLayoutDirection(Qt::LeftToRight);
+    setLineEdit(new TabularLineEdit(this));
     setButtonSymbols(QAbstractSpinBox::NoButtons);
     setFocusPolicy(Qt::StrongFocus);
     setAlignment(Qt::AlignCenter);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     followLocale();
     lineEdit()->installEventFilter(this);
-    // By its usual name the toolkit knows it for a part that nobody can read on its own.
-    lineEdit()->setObjectName(QString());
     connect(this, &QTimeEdit::userTimeChanged, this, &TimeField::announce);
     connect(this, &QTimeEdit::editingFinished, this, &TimeField::endTyping);
 }
@@ -90,6 +90,14 @@ bool TimeField::eventFilter(QObject* watched, QEvent* event) {
     if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease)
         QMetaObject::invokeMethod(this, &TimeField::selectCurrentSection, Qt::QueuedConnection);
     return QTimeEdit::eventFilter(watched, event);
+}
+
+void TimeField::focusInEvent(QFocusEvent* event) {
+    QTimeEdit::focusInEvent(event);
+    // The toolkit marks the section that the keys are at only where a key brought the focus. Once
+    // the click has put the cursor there.
+    if (event->reason() == Qt::MouseFocusReason)
+        QMetaObject::invokeMethod(this, &TimeField::selectCurrentSection, Qt::QueuedConnection);
 }
 
 void TimeField::keyPressEvent(QKeyEvent* event) {

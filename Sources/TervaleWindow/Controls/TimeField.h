@@ -33,6 +33,7 @@ class TimeField : public QTimeEdit {
   protected:
     StepEnabled stepEnabled() const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;

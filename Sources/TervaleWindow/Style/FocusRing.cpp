@@ -211,6 +211,12 @@ void FocusRing::show(QWidget& widget) {
         frame->setStyle(&style);
     }
     frame->setWidget(&widget);
+    // The toolkit refuses a window, which has nobody to draw around it. It hides the frame of what
+    // is out of sight, which Tab scrolls to only now.
+    if (frame->widget() == &widget) {
+        frame->show();
+        frame->raise();
+    }
 }
 
 } // namespace tervale

@@ -1,9 +1,12 @@
 #include "TervaleWindow/Controls/SearchField.h"
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Support/ControlsFixture.h"
+#include "TervaleWindow/Support/PaintedTexts.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
+
+#include <utility>
 
 using namespace tervale;
 
@@ -112,6 +115,82 @@ TEST_F(FieldTest, ASearchIsClearedByEscape) {
     EXPECT_EQ(field.text(), "");
     EXPECT_EQ(changes.count(), 4);
     EXPECT_EQ(accessible(field)->text(QAccessible::Name), "Filter sensors");
+}
+
+TEST_F(FieldTest, ATimesDigitsAllTakeTheSameWidth) {
+    TimeField& field = showTime(11 * 60);
+    const auto colon = [&field] {
+        for (const PaintedText& text : paintedTexts(field)) {
+            if (text.text == ":")
+                return text.place.left();
+        }
+        return -1;
+    };
+    field.clearFocus();
+    const int place = colon();
+    ASSERT_GT(place, 0);
+    for (const int minute : {11, 71, 4 * 60 + 44, 22 * 60 + 22, 20 * 60 + 1}) {
+        field.setMinuteOfDay(minute);
+        EXPECT_EQ(colon(), place) << field.text().toStdString();
+    }
+}
+
+TEST_F(FieldTest, ATimeFitsIntoItsField) {
+    TimeField& field = showTime(0);
+    for (const int minute : {0, 4 * 60 + 44, 23 * 60 + 59}) {
+        field.setMinuteOfDay(minute);
+        for (const PaintedText& text : paintedTexts(field))
+            EXPECT_TRUE(field.rect().contains(text.place)) << text.text.toStdString();
+    }
+}
+
+TEST_F(FieldTest, ATimesSectionIsMarkedAfterAClickAsAfterTab) {
+    const auto marked = [](TimeField& field) {
+        return field.findChild<QLineEdit*>()->selectedText();
+    };
+    TimeField& field = showTime(425);
+    field.clearFocus();
+    field.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(marked(field), "07");
+    auto* edit = field.findChild<QLineEdit*>();
+    const QPoint middle = edit->rect().center();
+    for (const auto& [place, section] :
+         {std::pair(middle - QPoint(12, 0), "07"), std::pair(middle + QPoint(12, 0), "05")}) {
+        field.clearFocus();
+        EXPECT_EQ(marked(field), "");
+        QTest::mouseClick(edit, Qt::LeftButton, {}, place);
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(field.hasFocus());
+        EXPECT_EQ(marked(field), section);
+    }
+}
+
+TEST_F(FieldTest, ATimesSectionIsMarkedAfterAClickBesideItsText) {
+    TimeField& field = showTime(425);
+    field.clearFocus();
+    QTest::mouseClick(&field, Qt::LeftButton, {}, QPoint(2, field.height() / 2));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(field.hasFocus());
+    EXPECT_FALSE(field.findChild<QLineEdit*>()->selectedText().isEmpty());
+    const QString before = field.findChild<QLineEdit*>()->selectedText();
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_NE(field.findChild<QLineEdit*>()->selectedText(), before);
+}
+
+TEST_F(FieldTest, ATimesMarkedSectionIsPaintedSo) {
+    TimeField& field = showTime(425);
+    field.setSelectedSection(QDateTimeEdit::HourSection);
+    const QImage picture = field.grab().toImage();
+    const QColor mark = field.palette().color(QPalette::Highlight);
+    const auto hasMark = [&](int left, int right) {
+        for (int x = left; x < right; ++x) {
+            if (isClose(picture.pixelColor(x, field.height() / 2 - 6), mark, 2))
+                return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(hasMark(4, field.width() / 2));
+    EXPECT_FALSE(hasMark(field.width() / 2 + 1, field.width() - 4));
 }
 
 TEST_F(FieldTest, ATimeTypedAfterAClickReplacesTheSectionThere) {

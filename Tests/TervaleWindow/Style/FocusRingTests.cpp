@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPaintEvent>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStyleFactory>
 
 #include <utility>
@@ -115,6 +116,37 @@ TEST_F(FocusRingTest, SurroundsTheWindowsOwnControlsInAnyStyle) {
     EXPECT_TRUE(visibleRing()->geometry().contains(button.geometry()));
     EXPECT_FALSE(isClose(ringColor(button), window.palette().color(QPalette::Window)));
     tervale::wear(lookUnderTest());
+}
+
+TEST_F(FocusRingTest, IsThereAfterTabScrolledTheControlIntoView) {
+    auto* area = new QScrollArea;
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    auto* first = new QPushButton("Revert");
+    auto* last = new QPushButton("Save");
+    column->addWidget(first);
+    column->addSpacing(900);
+    column->addWidget(last);
+    area->setWidget(content);
+    area->setWidgetResizable(true);
+    area->setFixedSize(240, 160);
+    area->setFocusPolicy(Qt::NoFocus);
+    show(area);
+    first->setFocus(Qt::TabFocusReason);
+    for (QPushButton* next : {last, first, last}) {
+        // The area scrolls for a key that comes to it from within.
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QApplication::processEvents();
+        ASSERT_TRUE(next->hasFocus());
+        ASSERT_NE(visibleRing(), nullptr);
+        EXPECT_EQ(visibleRing()->widget(), next);
+        QWidget* viewport = area->viewport();
+        const QRect ring(visibleRing()->mapTo(viewport, QPoint()), visibleRing()->size());
+        const QRect control(next->mapTo(viewport, QPoint()), next->size());
+        EXPECT_EQ(ring.center(), control.center());
+        EXPECT_TRUE(viewport->rect().contains(control));
+        EXPECT_EQ(ring.width(), control.width() + 2 * focusRingWidth);
+    }
 }
 
 TEST_F(FocusRingTest, IsAroundTheKnobOfASliderThatTheKeyboardReached) {
