@@ -163,6 +163,8 @@ QString symbolName(Symbol symbol) {
         return "minus";
     case Symbol::minusCircle:
         return "minus.circle";
+    case Symbol::questionmarkCircle:
+        return "questionmark.circle";
     case Symbol::chevronUpDown:
         return "chevron.up.chevron.down";
     }

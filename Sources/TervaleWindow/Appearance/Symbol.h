@@ -30,6 +30,7 @@ enum class Symbol {
     plusSquareOnSquare,      // "plus.square.on.square"
     minus,                   // "minus"
     minusCircle,             // "minus.circle"
+    questionmarkCircle,      // "questionmark.circle"
     chevronUpDown,           // "chevron.up.chevron.down"
 };
 

@@ -2,10 +2,13 @@
 
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Theme.h"
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FocusRing.h"
 
 #include <QKeyEvent>
+
+#include <algorithm>
 
 namespace tervale {
 
@@ -34,6 +37,32 @@ bool ModeButton::isSelected() const {
 
 void ModeButton::setSelected(Selection selection) {
     setChecked(selection == Selection::selected);
+    settleTabStop();
+}
+
+QList<ModeButton*> ModeButton::row() const {
+    if (!parentWidget())
+        return {};
+    return parentWidget()->findChildren<ModeButton*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void ModeButton::settleTabStop() {
+    const QList<ModeButton*> all = row();
+    const auto first = [&all](const auto& is) {
+        const auto found = std::find_if(all.begin(), all.end(), is);
+        return found == all.end() ? nullptr : *found;
+    };
+    const ModeButton* stop = first([](const ModeButton* each) { return each->hasFocus(); });
+    if (!stop)
+        stop = first([](const ModeButton* each) { return each->isSelected(); });
+    if (!stop && !all.isEmpty())
+        stop = all.front();
+    for (ModeButton* each : all) {
+        // A Mac gives a button the Tab key alone, and assistive technology must reach all of them.
+        const int others = (each->focusPolicy() & ~Qt::TabFocus) | Qt::ClickFocus;
+        each->setFocusPolicy(
+            static_cast<Qt::FocusPolicy>(each == stop ? others | Qt::TabFocus : others));
+    }
 }
 
 QSize ModeButton::sizeHint() const {
@@ -44,18 +73,27 @@ QSize ModeButton::minimumSizeHint() const {
     return {2 * capsuleHeight, capsuleHeight};
 }
 
+void ModeButton::focusInEvent(QFocusEvent* event) {
+    settleTabStop();
+    QPushButton::focusInEvent(event);
+}
+
+void ModeButton::focusOutEvent(QFocusEvent* event) {
+    settleTabStop();
+    QPushButton::focusOutEvent(event);
+}
+
 void ModeButton::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (key == Qt::Key_Up || key == Qt::Key_Down) {
         // Those are the pane's, to scroll with.
         event->ignore();
-    } else if (key == Qt::Key_Left || key == Qt::Key_Right) {
-        const auto row =
-            parentWidget()->findChildren<ModeButton*>(QString(), Qt::FindDirectChildrenOnly);
+    } else if (isKeyOf(KeyCommand::goAlongModes, *event)) {
+        const QList<ModeButton*> all = row();
         const bool forward = (key == Qt::Key_Right) == (layoutDirection() == Qt::LeftToRight);
-        const qsizetype place = row.indexOf(this) + (forward ? 1 : -1);
-        if (place >= 0 && place < row.size())
-            row[place]->setFocus(Qt::TabFocusReason);
+        const qsizetype place = all.indexOf(this) + (forward ? 1 : -1);
+        if (place >= 0 && place < all.size())
+            all[place]->setFocus(Qt::TabFocusReason);
     } else {
         QPushButton::keyPressEvent(event);
     }

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Symbol.h"
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Style/FieldPainting.h"
 
 #include <QAction>
@@ -48,7 +49,7 @@ QSize SearchField::sizeHint() const {
 }
 
 void SearchField::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && !text().isEmpty())
+    if (isKeyOf(KeyCommand::clearFilter, *event) && !text().isEmpty())
         clear();
     else
         QLineEdit::keyPressEvent(event);

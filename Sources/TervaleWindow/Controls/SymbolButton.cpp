@@ -3,6 +3,7 @@
 #include "TervaleWindow/Style/ControlPainting.h"
 #include "TervaleWindow/Style/FocusRing.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 namespace tervale {
@@ -23,6 +24,12 @@ SymbolButton::SymbolButton(Symbol symbol, const QString& name, QWidget* parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
     FocusRing::shared().surround(*this, symbolButtonRadius);
+}
+
+QMargins SymbolButton::overhang() {
+    constexpr int aroundSymbol = (side - symbolSide) / 2;
+    return QGuiApplication::isRightToLeft() ? QMargins(aroundSymbol, 0, 0, 0)
+                                            : QMargins(0, 0, aroundSymbol, 0);
 }
 
 QSize SymbolButton::sizeHint() const {

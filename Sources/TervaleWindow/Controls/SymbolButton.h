@@ -14,6 +14,9 @@ class SymbolButton : public QPushButton {
     /// `name` is its tool tip and what assistive technology calls it.
     SymbolButton(Symbol symbol, const QString& name, QWidget* parent = nullptr);
 
+    /// By how much one at the end of a line goes beyond it, so that its symbol ends with the line.
+    static QMargins overhang();
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Profiles/AccessibleCurve.h"
 #include "TervaleWindow/Profiles/CurvePainting.h"
 
@@ -264,33 +265,25 @@ void CurveCanvas::keyPressEvent(QKeyEvent* event) {
 }
 
 bool CurveCanvas::editByKey(const QKeyEvent& event) {
-    const double size = event.modifiers().testFlag(Qt::ShiftModifier) ? largeStep : smallStep;
-    const auto step = stepOf(event.key(), size);
-    if (step && event.modifiers().testFlag(Qt::AltModifier)) {
+    const bool far = isKeyOf(KeyCommand::movePointFar, event);
+    const auto step = stepOf(event.key(), far ? largeStep : smallStep);
+    if (step && (far || isKeyOf(KeyCommand::movePoint, event))) {
         if (moves.beginsWith(event))
             emit settled();
         edit([&step](CurveEditing& state) { return state.moveChosen(step->units, step->percent); });
         showPosition();
         return true;
     }
-    switch (event.key()) {
-    case Qt::Key_Left:
-        choose(CurveEditing::Direction::left);
-        return true;
-    case Qt::Key_Right:
-        choose(CurveEditing::Direction::right);
-        return true;
-    case Qt::Key_Insert:
-    case Qt::Key_Plus:
+    if (isKeyOf(KeyCommand::choosePoint, event))
+        choose(event.key() == Qt::Key_Left ? CurveEditing::Direction::left
+                                           : CurveEditing::Direction::right);
+    else if (isKeyOf(KeyCommand::addPoint, event))
         insertByKey();
-        return true;
-    case Qt::Key_Delete:
-    case Qt::Key_Backspace:
+    else if (isKeyOf(KeyCommand::removePoint, event))
         removeByKey();
-        return true;
-    default:
+    else
         return false;
-    }
+    return true;
 }
 
 void CurveCanvas::insertByKey() {

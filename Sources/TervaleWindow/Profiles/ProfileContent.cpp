@@ -2,12 +2,12 @@
 
 #include "Base/Overloaded.h"
 #include "TervaleWindow/Controls/Card.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Profiles/CurveCanvas.h"
 #include "TervaleWindow/Profiles/CurveEditor.h"
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
-#include "TervaleWindow/Profiles/ScheduleRow.h"
 #include "TervaleWindow/Profiles/TemperatureContent.h"
 
 #include <QVBoxLayout>
@@ -59,7 +59,7 @@ class ScheduleContent final : public ProfileContent {
         : ProfileContent(draft, parent),
           editor(new ScheduleEditor) {
         Card* card = cardAround(editor, this);
-        card->setContentsMargins(card->contentsMargins() - ScheduleRow::overhang());
+        card->setContentsMargins(card->contentsMargins() - SymbolButton::overhang());
         tightLayout<QVBoxLayout>(this)->addWidget(card);
         connect(editor, &ScheduleEditor::edited, this, &ScheduleContent::perform);
         connect(editor, &ScheduleEditor::settled, this, &ScheduleContent::settle);

@@ -1,6 +1,7 @@
 #include "TervaleWindow/Profiles/ProfilesList.h"
 
 #include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Model/DisplayName.h"
 #include "TervaleWindow/Profiles/ProfileDefaults.h"
@@ -61,7 +62,7 @@ void ProfilesList::makeList() {
         if (!displaying)
             draft.select(selectedId());
     });
-    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+    for (const QKeySequence& key : keysOf(KeyCommand::removeProfile)) {
         auto* shortcut = new QShortcut(key, list);
         shortcut->setContext(Qt::WidgetShortcut);
         // A key that is held down must not empty the list.

@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Accessibility/Announcer.h"
 #include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Controls/PaneFrame.h"
 #include "TervaleWindow/Controls/SymbolLabel.h"
 #include "TervaleWindow/Controls/SymbolView.h"
@@ -56,7 +57,8 @@ ProfilesView::ProfilesView(Model& model, Bridge& bridge, QWidget* parent,
     connect(list, &ProfilesList::added, this, [this] { editor->editName(); });
     connect(revertButton, &QPushButton::clicked, this, &ProfilesView::revert);
     connect(saveButton, &QPushButton::clicked, this, &ProfilesView::save);
-    auto* saveShortcut = new QShortcut(QKeySequence::Save, this);
+    auto* saveShortcut = new QShortcut(this);
+    saveShortcut->setKeys(keysOf(KeyCommand::save));
     saveShortcut->setAutoRepeat(false);
     connect(saveShortcut, &QShortcut::activated, this, &ProfilesView::save);
     connect(&model, &Model::stateChanged, this, &ProfilesView::followModel);
@@ -132,7 +134,8 @@ QWidget* ProfilesView::makeBottomBar() {
     revertButton = new QPushButton(tr("Revert"));
     saveButton = new QPushButton(tr("Save"));
     saveButton->setDefault(true);
-    saveButton->setToolTip(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText));
+    saveButton->setToolTip(
+        keysOf(KeyCommand::save).constFirst().toString(QKeySequence::NativeText));
     auto* bar = new QWidget;
     bar->setFixedHeight(bottomBarHeight);
     bottomRow = tightLayout<QHBoxLayout>(bar);

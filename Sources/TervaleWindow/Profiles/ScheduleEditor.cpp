@@ -1,6 +1,7 @@
 #include "TervaleWindow/Profiles/ScheduleEditor.h"
 
 #include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/TightLayout.h"
 #include "TervaleWindow/Profiles/ScheduleRows.h"
@@ -26,7 +27,7 @@ ScheduleEditor::ScheduleEditor(QWidget* parent) : QWidget(parent) {
     layout->addSpacing(8);
     layout->addWidget(rows);
     auto* divider = new Divider(Qt::Horizontal, this);
-    divider->setContentsMargins(ScheduleRow::overhang());
+    divider->setContentsMargins(SymbolButton::overhang());
     layout->addWidget(divider);
     layout->addSpacing(9);
     layout->addWidget(addButton, 0, Qt::AlignLeading);

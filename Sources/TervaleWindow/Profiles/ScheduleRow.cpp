@@ -14,7 +14,6 @@
 #include "TervaleWindow/Controls/TimeField.h"
 #include "TervaleWindow/Profiles/WholePercent.h"
 
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -59,12 +58,6 @@ int minuteOf(ScheduleEditing::ClockTime time) {
 }
 
 } // namespace
-
-QMargins ScheduleRow::overhang() {
-    constexpr int aroundSymbol = 5;
-    return QGuiApplication::isRightToLeft() ? QMargins(aroundSymbol, 0, 0, 0)
-                                            : QMargins(0, 0, aroundSymbol, 0);
-}
 
 ScheduleRow::ScheduleRow(QWidget* parent)
     : QWidget(parent),
@@ -120,7 +113,7 @@ void ScheduleRow::layOut() {
     firstLine->addWidget(removeButton);
     auto* lines = tightLayout<QVBoxLayout>(this);
     auto* divider = new Divider(Qt::Horizontal, this);
-    divider->setContentsMargins(overhang());
+    divider->setContentsMargins(SymbolButton::overhang());
     lines->addWidget(divider);
     lines->addLayout(firstLine);
     lines->addLayout(secondLine);

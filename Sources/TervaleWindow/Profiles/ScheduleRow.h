@@ -32,10 +32,6 @@ class ScheduleRow final : public QWidget {
 
     explicit ScheduleRow(QWidget* parent = nullptr);
 
-    /// The room that a row takes beyond the text above it, so that the symbol of its last button,
-    /// and not the button, ends where that does.
-    static QMargins overhang();
-
     /// Shows the window at `index` without any signal.
     void display(const ScheduleEditing& editing, std::size_t index,
                  std::span<const Profile> profiles);

@@ -1,5 +1,6 @@
 #include "TervaleWindow/Sensors/SensorsView.h"
 
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Controls/SearchField.h"
 #include "TervaleWindow/Sensors/SensorList.h"
 
@@ -80,9 +81,9 @@ void SensorsView::hideEvent(QHideEvent* event) {
 }
 
 void SensorsView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && !search->text().isEmpty())
+    if (isKeyOf(KeyCommand::clearFilter, *event) && !search->text().isEmpty())
         search->clear();
-    else if (event->key() == Qt::Key_Down && search->hasFocus())
+    else if (isKeyOf(KeyCommand::enterSensors, *event) && search->hasFocus())
         list->setFocus(Qt::TabFocusReason);
     else
         PaneFrame::keyPressEvent(event);

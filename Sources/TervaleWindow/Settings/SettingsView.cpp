@@ -2,6 +2,7 @@
 
 #include "TervaleWindow/Controls/Card.h"
 #include "TervaleWindow/Controls/Divider.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Controls/TabularLabel.h"
 #include "TervaleWindow/Controls/TextLabel.h"
 #include "TervaleWindow/Controls/TightLayout.h"
@@ -9,6 +10,7 @@
 #include "TervaleWindow/Settings/VersionText.h"
 
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -27,6 +29,7 @@ QWidget* makeVersionRow(const QString& version) {
     value->setText(version);
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* layout = tightLayout<QHBoxLayout>(row);
+    layout->setContentsMargins(SymbolButton::overhang());
     layout->setSpacing(12);
     layout->addWidget(new TextLabel(QStringLiteral("Version")));
     layout->addWidget(value, 1);
@@ -69,6 +72,18 @@ SettingsView::SettingsView(Model& modelShown, Bridge& bridgeUsed,
     addPanel(makeSafetySection());
 }
 
+void SettingsView::offerHelp(const QList<QAction*>& entries) {
+    if (help)
+        return;
+    help = new SymbolButton(Symbol::questionmarkCircle, tr("Help"));
+    auto* menu = new QMenu(help);
+    menu->addActions(entries);
+    help->setMenu(menu);
+    lastRow->addWidget(help, 0, Qt::AlignVCenter);
+    // A layout would show it from the event loop alone.
+    help->show();
+}
+
 QWidget* SettingsView::makeLaunchPanel() {
     auto* title = new TextLabel(QStringLiteral("Launch at login"));
     auto* toggle = new ToggleSwitch(title->text());
@@ -109,13 +124,16 @@ QWidget* SettingsView::makeAboutPanel(const QString& version) {
             [this] { bridge.send(command::CheckForUpdates{}); });
     auto* updateRow = new QWidget;
     updateRow->setFixedHeight(updateRowHeight);
-    tightLayout<QHBoxLayout>(updateRow)->addWidget(button, 0, Qt::AlignLeft | Qt::AlignVCenter);
+    lastRow = tightLayout<QHBoxLayout>(updateRow);
+    lastRow->addWidget(button, 0, Qt::AlignLeft | Qt::AlignVCenter);
 
     auto* card = new Card;
-    card->setPadding({cardSides, 0, cardSides, 0});
+    card->setPadding(QMargins(cardSides, 0, cardSides, 0) - SymbolButton::overhang());
+    auto* divider = new Divider;
+    divider->setContentsMargins(SymbolButton::overhang());
     auto* column = tightLayout<QVBoxLayout>(card);
     column->addWidget(makeVersionRow(version));
-    column->addWidget(new Divider);
+    column->addWidget(divider);
     column->addWidget(updateRow);
     return card;
 }

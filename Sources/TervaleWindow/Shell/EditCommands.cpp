@@ -1,5 +1,6 @@
 #include "TervaleWindow/Shell/EditCommands.h"
 
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Profiles/ProfilesView.h"
 
 #include <QAbstractSpinBox>
@@ -30,15 +31,6 @@ bool canSelectAll(const QLineEdit& field) {
     return !field.text().isEmpty();
 }
 
-/// Control-Z or with Shift first, which some desktops list after another key or not at all.
-QList<QKeySequence> keysOf(QKeySequence::StandardKey standard, Qt::KeyboardModifiers modifiers) {
-    const QKeySequence first(modifiers | Qt::Key_Z);
-    QList<QKeySequence> keys = QKeySequence::keyBindings(standard);
-    keys.removeAll(first);
-    keys.prepend(first);
-    return keys;
-}
-
 QString titleOf(const QString& command, const QString& step) {
     return step.isEmpty() ? command : QStringLiteral("%1 %2").arg(command, step);
 }
@@ -47,9 +39,8 @@ QString titleOf(const QString& command, const QString& step) {
 
 EditCommands::EditCommands(QObject* parent)
     : QObject(parent),
-      undo(command(tr("Undo"), keysOf(QKeySequence::Undo, Qt::ControlModifier))),
-      redo(command(tr("Redo"),
-                   keysOf(QKeySequence::Redo, Qt::ControlModifier | Qt::ShiftModifier))) {
+      undo(command(tr("Undo"), keysOf(KeyCommand::undo))),
+      redo(command(tr("Redo"), keysOf(KeyCommand::redo))) {
     addTextCommand(tr("Cut"), QKeySequence::Cut, &QLineEdit::cut, canCut);
     addTextCommand(tr("Copy"), QKeySequence::Copy, &QLineEdit::copy, canCopy);
     addTextCommand(tr("Paste"), QKeySequence::Paste, &QLineEdit::paste, canPaste);

@@ -11,10 +11,12 @@ namespace tervale {
 
 class ContentView;
 class EditCommands;
+enum class KeyCommand;
 enum class Pane;
 
 /// The commands of the window and their keys, in the menus that a Mac has for them. Elsewhere the
-/// window goes without menus and keeps the keys.
+/// window goes without a menu bar and keeps the keys; what has none, About and the list of the keys
+/// are in a menu that F10, the Menu key, the pointer's second button and the Settings pane open.
 class WindowCommands final : public QObject {
     Q_OBJECT
 
@@ -27,8 +29,11 @@ class WindowCommands final : public QObject {
 
     /// The menus in their order; nothing in a window that goes without them.
     const QMenuBar* menus() const { return bar.get(); }
-    /// The commands that have a key, each with it, as rows of a table in rich text.
+    /// What there are keys for, each with them, as rows of a table in rich text.
     QString keys() const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     struct Menu {
@@ -37,10 +42,16 @@ class WindowCommands final : public QObject {
         std::vector<QAction*> actions;
     };
 
-    QAction* command(const QString& title, const QKeySequence& key, void (WindowCommands::*run)());
+    using Run = void (WindowCommands::*)();
+    QAction* command(const QString& title, const QList<QKeySequence>& keys, Run run);
+    QAction* command(KeyCommand key, Run run);
     QAction* paneCommand(Pane pane);
     void makeCommands();
     void makeMenus();
+    void offerInWindow();
+    /// The menu of a window without a menu bar, made when it is first asked for.
+    QMenu& windowMenu();
+    void showWindowMenu();
     void followSection();
 
     void showAbout();
@@ -62,8 +73,10 @@ class WindowCommands final : public QObject {
     QAction* findSensor = nullptr;
     QAction* closeWindow = nullptr;
     QAction* help = nullptr;
+    QAction* openMenu = nullptr;
     std::vector<QAction*> panes;
     std::unique_ptr<QMenuBar> bar;
+    QMenu* menuOfWindow = nullptr;
     /// The commands that the user can reach.
     std::vector<QAction*> offered;
 };

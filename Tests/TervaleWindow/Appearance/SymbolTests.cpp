@@ -28,6 +28,7 @@ constexpr std::array allSymbols{Symbol::fan,
                                 Symbol::plusSquareOnSquare,
                                 Symbol::minus,
                                 Symbol::minusCircle,
+                                Symbol::questionmarkCircle,
                                 Symbol::chevronUpDown};
 
 QImage emptyImage(const QSize& size) {

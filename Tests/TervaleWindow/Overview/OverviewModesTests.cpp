@@ -71,6 +71,36 @@ TEST_F(OverviewModes, GoesAlongTheModesByTheArrowsAndStopsAtTheirEnd) {
     EXPECT_TRUE(takeCommands().empty());
 }
 
+TEST_F(OverviewModes, AreOneStopOfTheTabKeyAsRadioButtonsAre) {
+    const InLocale leftToRight(QLocale::c());
+    show();
+    view->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    BridgeState state;
+    state.selection = action::Fixed{0.5};
+    publish(state);
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    // Back from what comes next, to the one that is selected.
+    slider().setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Backtab);
+    EXPECT_TRUE(mode("50%").hasFocus());
+    press(Qt::Key_Left);
+    ASSERT_TRUE(mode("25%").hasFocus());
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(slider().hasFocus());
+    press(Qt::Key_Backtab);
+    EXPECT_TRUE(mode("50%").hasFocus());
+    // None is selected while a timer runs.
+    state.timerAction = action::Automatic{};
+    publish(state);
+    EXPECT_TRUE(mode("50%").hasFocus());
+    press(Qt::Key_Tab);
+    ASSERT_TRUE(slider().hasFocus());
+    press(Qt::Key_Backtab);
+    EXPECT_TRUE(mode("Automatic").hasFocus());
+    EXPECT_TRUE(takeCommands().empty());
+}
+
 TEST_F(OverviewModes, LetsTheAgentsStatusExplainWhileThereIsOne) {
     show();
     BridgeState state;

@@ -1,14 +1,20 @@
+#include "TervaleWindow/Controls/KeyTable.h"
 #include "TervaleWindow/Controls/SearchField.h"
+#include "TervaleWindow/Controls/SymbolButton.h"
 #include "TervaleWindow/Sensors/SensorsView.h"
 #include "TervaleWindow/Shell/WindowCommandsFixture.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
+
+#include <algorithm>
 
 using namespace tervale;
 
@@ -216,6 +222,115 @@ TEST_F(WindowCommandsTest, KeepsItsKeysInAWindowWithoutMenus) {
     EXPECT_TRUE(view->findChild<SearchField*>()->hasFocus());
     QTest::keySequence(view.get(), QKeySequence(QKeySequence::HelpContents));
     EXPECT_NE(view->findChild<QMessageBox*>(), nullptr);
+}
+
+TEST_F(WindowCommandsTest, ShowsEveryKeyThatThereIs) {
+    show();
+    const QString shown = view->findChild<WindowCommands*>()->keys();
+    for (const KeyRow& row : keyTable()) {
+        EXPECT_TRUE(shown.contains("<td>" + row.title.toHtmlEscaped() + "</td>"))
+            << row.title.toStdString();
+        EXPECT_TRUE(shown.contains(shownKeys(row, QKeySequence::NativeText).toHtmlEscaped()))
+            << row.title.toStdString();
+    }
+    // None that the table does not know.
+    for (const QAction* each : view->actions()) {
+        const auto inTable = [each](const KeyRow& row) {
+            return row.keys.contains(each->shortcut());
+        };
+        EXPECT_TRUE(std::any_of(keyTable().begin(), keyTable().end(), inTable))
+            << each->text().toStdString();
+    }
+    QTest::keyClick(view.get(), Qt::Key_F1);
+    const auto* note = view->findChild<QMessageBox*>();
+    ASSERT_NE(note, nullptr);
+    EXPECT_TRUE(note->informativeText().contains(shown));
+}
+
+TEST_F(WindowCommandsTest, NamesThePanesInItsKeysAsTheSidebarDoes) {
+    show();
+    for (const Pane pane : allPanes)
+        EXPECT_EQ(keyRow(static_cast<KeyCommand>(pane)).title, title(pane));
+}
+
+TEST_F(WindowCommandsTest, ShowsInAMenuBarOnlyKeysThatWorkThere) {
+    show();
+    const QString shown = menuBar().keys();
+    EXPECT_FALSE(shown.contains("Keyboard Shortcuts"));
+    EXPECT_FALSE(shown.contains("<td>Menu</td>"));
+    EXPECT_TRUE(shown.contains("<td>Copy</td>"));
+    EXPECT_TRUE(shown.contains("<td>Minimize</td>"));
+}
+
+/// The menu of a window without a menu bar.
+class WindowMenu : public WindowCommandsFixture {
+  protected:
+    static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+    void expectHelpAndAbout() {
+        QMenu* open = openMenu();
+        ASSERT_NE(open, nullptr);
+        EXPECT_EQ(titles(open->actions()), (QStringList{"Keyboard Shortcuts", "About Tervale", "-",
+                                                        "Settings…", "Quit Tervale"}));
+        ASSERT_TRUE(take(*open, "About Tervale"));
+        const auto* note = view->findChild<QMessageBox*>();
+        ASSERT_NE(note, nullptr);
+        EXPECT_EQ(note->text(), "Tervale");
+    }
+};
+
+TEST_F(WindowMenu, OpensByAKey) {
+    show();
+    QTest::keyClick(view.get(), Qt::Key_F10);
+    expectHelpAndAbout();
+}
+
+TEST_F(WindowMenu, OpensWhereNothingHasAMenuOfItsOwn) {
+    show();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(90, 400),
+                            view->mapToGlobal(QPoint(90, 400)));
+    QWidget* there = view->childAt(90, 400);
+    QApplication::sendEvent(there, &event);
+    expectHelpAndAbout();
+}
+
+TEST_F(WindowMenu, OpensByAButtonOfTheSettingsPane) {
+    show();
+    view->setSection(Pane::settings);
+    SymbolButton* help = nullptr;
+    for (auto* each : view->detail()->findChildren<SymbolButton*>()) {
+        if (each->accessibleName() == "Help")
+            help = each;
+    }
+    ASSERT_NE(help, nullptr);
+    ASSERT_TRUE(help->isVisible());
+    // A key opens the menu and comes back only once it is closed.
+    QTimer::singleShot(0, view.get(), [this] {
+        expectHelpAndAbout();
+        while (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+    });
+    QTest::keyClick(help, Qt::Key_Space);
+    EXPECT_NE(view->findChild<QMessageBox*>(), nullptr);
+}
+
+TEST_F(WindowMenu, OpensANoteOnce) {
+    show();
+    const QList<QAction*> offered = view->actions();
+    const auto help = std::find_if(offered.begin(), offered.end(), [](const QAction* each) {
+        return each->text() == "Keyboard Shortcuts";
+    });
+    ASSERT_NE(help, offered.end());
+    const auto notes = [this] {
+        const auto all = view->findChildren<QMessageBox*>();
+        return std::count_if(all.begin(), all.end(), [](auto* each) { return each->isVisible(); });
+    };
+    (*help)->trigger();
+    (*help)->trigger();
+    EXPECT_EQ(notes(), 1);
+    view->findChild<QMessageBox*>()->close();
+    EXPECT_EQ(notes(), 0);
+    (*help)->trigger();
+    EXPECT_EQ(notes(), 1);
 }
 
 } // namespace
