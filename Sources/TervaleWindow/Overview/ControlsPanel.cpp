@@ -86,6 +86,7 @@ QLayout* ControlsPanel::makeSliderRow() {
     sliderFigure = new TabularLabel(roundedFont(15, QFont::Medium));
     // The slider is read with it.
     markAsDecoration(*sliderFigure);
+    sliderFigure->setToolTip(slider->accessibleName());
     sliderFigure->setFixedWidth(46);
     sliderFigure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(slider, &FractionSlider::fractionChanged, this,
@@ -154,9 +155,15 @@ void ControlsPanel::setEditingSlider(bool editing) {
 }
 
 void ControlsPanel::updateModes() {
-    for (const auto& [button, action] : modes)
-        button->setSelected(isSelected(model, action) ? Selection::selected
-                                                      : Selection::unselected);
+    for (const auto& [button, action] : modes) {
+        const bool selected = isSelected(model, action);
+        button->setSelected(selected ? Selection::selected : Selection::unselected);
+        const QString meaning = selected ? tr("Chosen now") : QString();
+        if (button->accessibleDescription() == meaning)
+            continue;
+        button->setAccessibleDescription(meaning);
+        button->setToolTip(meaning);
+    }
 }
 
 void ControlsPanel::updateSlider() {

@@ -30,6 +30,8 @@ void FanColumn::show(const Model::DisplayFan& fan, Caption caption) {
                .min = fan.min,
                .max = fan.max,
                .manual = fan.manual});
+    if (number->text() != title)
+        dial->setToolTip(tr("%1: the arc is its speed, the tick its target").arg(title));
     number->setText(title);
     number->setVisible(caption == Caption::number);
     arrange();

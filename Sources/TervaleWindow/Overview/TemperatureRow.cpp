@@ -1,5 +1,6 @@
 #include "TervaleWindow/Overview/TemperatureRow.h"
 
+#include "Profiles/TemperatureInput.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Controls/Decoration.h"
@@ -27,6 +28,12 @@ TemperatureRow::TemperatureRow(SensorGroup group, QGridLayout& grid, int row)
     title->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     // The bar is read with both.
     bar->setAccessibleName(title->text());
+    const QString kind =
+        TemperatureInput::averaged(group) ? tr("core average") : tr("hottest sensor");
+    bar->setAccessibleDescription(kind);
+    for (QWidget* part : {static_cast<QWidget*>(title), static_cast<QWidget*>(bar), figures})
+        part->setToolTip(QStringLiteral("%1, %2").arg(title->text(), kind));
+    hottestFigure->setToolTip(tr("%1, hottest core").arg(title->text()));
     markAsDecoration(*title);
     markAsDecoration(*figure);
     figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

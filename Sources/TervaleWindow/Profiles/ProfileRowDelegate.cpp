@@ -66,13 +66,16 @@ bool ProfileRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                    const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const bool marked = isMarked(index);
+    const int room = layoutOf(option.rect, marked, option.direction).text.width();
     const QString name = index.data().toString();
-    const int room = layoutOf(option.rect, isMarked(index), option.direction).text.width();
     const bool cut = QFontMetrics(fontOf(option)).horizontalAdvance(name) > room;
+    // With what the mark means.
+    const QString whole = index.data(Qt::AccessibleTextRole).toString();
     // As rich text a tool tip breaks its lines; names are no markup.
-    QToolTip::showText(event->globalPos(),
-                       cut ? QStringLiteral("<p>%1</p>").arg(name.toHtmlEscaped()) : QString(),
-                       view);
+    QToolTip::showText(
+        event->globalPos(),
+        cut || marked ? QStringLiteral("<p>%1</p>").arg(whole.toHtmlEscaped()) : QString(), view);
     return true;
 }
 

@@ -1,10 +1,13 @@
 #include "TervaleWindow/Sensors/SensorSectionCard.h"
 
+#include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Gauges/GaugeMath.h"
 #include "TervaleWindow/Sensors/AccessibleSensorSection.h"
 #include "TervaleWindow/Sensors/SensorSectionPainting.h"
 
+#include <QHelpEvent>
 #include <QPaintEvent>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -104,6 +107,24 @@ double SensorSectionCard::longestWay() const {
 
 void SensorSectionCard::advance() {
     update(sectionLayout().barColumn() & visibleRegion().boundingRect());
+}
+
+bool SensorSectionCard::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return Card::event(event);
+    const auto& help = *static_cast<QHelpEvent*>(event);
+    const SensorSectionLayout layout = sectionLayout();
+    const RowRange here = layout.rowsIn({help.pos(), QSize(1, 1)});
+    if (here.first < here.end) {
+        const SensorRow& row = shown.rows[static_cast<std::size_t>(here.first)];
+        QToolTip::showText(
+            help.globalPos(),
+            QStringLiteral("%1: %2, %3").arg(shown.title(), row.name, celsius(row.value)), this,
+            layout.row(here.first).row);
+    } else {
+        QToolTip::hideText();
+    }
+    return true;
 }
 
 void SensorSectionCard::paintEvent(QPaintEvent* event) {

@@ -32,6 +32,8 @@ class SensorSectionCard final : public Card {
     bool isAnimating() const { return animation.isRunning(); }
 
   protected:
+    /// The tool tip of a row says what its bar and its figure are of.
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

@@ -21,6 +21,26 @@ TEST_F(OverviewGauges, NumbersItsFansOnlyWhenThereAreSeveral) {
     EXPECT_EQ(view->findChildren<FanDial*>().size(), 1);
 }
 
+TEST_F(OverviewGauges, SaysWhatItsDialsBarsAndFiguresAreOf) {
+    show();
+    for (const auto* dial : view->findChildren<FanDial*>())
+        EXPECT_TRUE(dial->toolTip().startsWith(dial->accessibleName() + ":"));
+    QStringList tips;
+    for (const auto* bar : view->findChildren<ThermalBar*>()) {
+        if (bar->isVisible())
+            tips << bar->toolTip();
+        EXPECT_TRUE(bar->toolTip().startsWith(bar->accessibleName() + ", "));
+        EXPECT_TRUE(bar->toolTip().endsWith(bar->accessibleDescription()));
+    }
+    EXPECT_TRUE(tips.contains("CPU, core average")) << tips.join("; ").toStdString();
+    const auto* ssd = view->findChild<QLabel*>();
+    for (const auto* label : view->findChildren<QLabel*>()) {
+        if (label->text() == "SSD")
+            ssd = label;
+    }
+    EXPECT_EQ(ssd->toolTip(), "SSD, hottest sensor");
+}
+
 TEST_F(OverviewGauges, HasNoDialsWithoutAController) {
     controller.absent = true;
     show();

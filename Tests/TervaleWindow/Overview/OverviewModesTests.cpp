@@ -101,6 +101,19 @@ TEST_F(OverviewModes, AreOneStopOfTheTabKeyAsRadioButtonsAre) {
     EXPECT_TRUE(takeCommands().empty());
 }
 
+TEST_F(OverviewModes, SaysWhatALitButtonMeans) {
+    show();
+    BridgeState state;
+    state.selection = action::Fixed{0.5};
+    publish(state);
+    for (const auto* button : view->findChildren<ModeButton*>()) {
+        const QString meaning = button->isSelected() ? "Chosen now" : "";
+        EXPECT_EQ(button->toolTip(), meaning) << button->text().toStdString();
+        EXPECT_EQ(button->accessibleDescription(), meaning);
+    }
+    EXPECT_EQ(mode("50%").toolTip(), "Chosen now");
+}
+
 TEST_F(OverviewModes, LetsTheAgentsStatusExplainWhileThereIsOne) {
     show();
     BridgeState state;

@@ -1,4 +1,8 @@
+#include "TervaleWindow/Appearance/Format.h"
 #include "TervaleWindow/Sensors/SensorsFixture.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
 
 using namespace tervale;
 
@@ -142,6 +146,22 @@ TEST_F(Sensors, StartsOverWhenItIsShownAgain) {
     EXPECT_EQ(search().text(), "");
     EXPECT_EQ(controller.calls - before, 2);
     EXPECT_EQ(lines(), QStringList({"Other: 2 sensors", "Wi-Fi 41", "Other TaLP 32.5"}));
+}
+
+TEST_F(Sensors, SaysInATooltipWhatABarIsOf) {
+    useUsualSensors();
+    show();
+    SensorSectionCard& card = *cards().front();
+    const auto tipAt = [&card](const QPoint& place) {
+        QToolTip::hideText();
+        QHelpEvent event(QEvent::ToolTip, place, card.mapToGlobal(place));
+        QApplication::sendEvent(&card, &event);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(tipAt(QPoint(20, 8)), "") << "the section's title";
+    const SensorRow& row = card.section().rows.at(1);
+    EXPECT_EQ(tipAt(card.sectionLayout().row(1).bar.center()),
+              card.section().title() + ": " + row.name + ", " + celsius(row.value));
 }
 
 TEST_F(Sensors, MakesNoWidgetsForItsRows) {
