@@ -19,7 +19,9 @@
 #else
 #include "Platform/Linux/ControllerSocket.h"
 #include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/DesktopAppearance.h"
 #include "Platform/Linux/DesktopMotion.h"
+#include "Platform/Linux/DesktopSettings.h"
 #include "Platform/Linux/FilePreferences.h"
 #include "Platform/Linux/LoginManager.h"
 #include "Platform/Linux/LoginSession.h"
@@ -28,6 +30,7 @@
 #include <QDBusConnection>
 #endif
 
+#include <memory>
 #include <utility>
 
 namespace tervale {
@@ -62,6 +65,11 @@ std::function<std::optional<SymbolMask>(const std::string&, int, double)> makeSy
 
 std::function<bool()> makeIncreasedContrast() {
     return &increasedContrast;
+}
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): that of Linux keeps it
+std::function<DesktopLook()> makeDesktopLook(std::function<void()>) {
+    return nullptr;
 }
 
 std::function<bool()> makeReducedMotion() {
@@ -127,11 +135,32 @@ std::function<bool()> makeIncreasedContrast() {
     return nullptr;
 }
 
+namespace {
+
+/// One for all who ask, as long as somebody does.
+std::shared_ptr<const DesktopSettings> desktopSettings() {
+    static std::weak_ptr<const DesktopSettings> shared;
+    std::shared_ptr<const DesktopSettings> settings = shared.lock();
+    if (!settings) {
+        // Without a bus, the files of GTK's settings tell alone.
+        const QDBusConnection bus =
+            sessionBusIsThere() ? QDBusConnection::sessionBus() : QDBusConnection(QString());
+        settings = std::make_shared<DesktopSettings>(bus, configurationFolder());
+        shared = settings;
+    }
+    return settings;
+}
+
+} // namespace
+
+std::function<DesktopLook()> makeDesktopLook(std::function<void()> changed) {
+    const auto appearance =
+        std::make_shared<DesktopAppearance>(desktopSettings(), std::move(changed));
+    return [appearance] { return appearance->look(); };
+}
+
 std::function<bool()> makeReducedMotion() {
-    // Without a bus, the file of GTK's settings tells alone.
-    const QDBusConnection bus =
-        sessionBusIsThere() ? QDBusConnection::sessionBus() : QDBusConnection(QString());
-    const auto motion = std::make_shared<DesktopMotion>(bus, configurationFolder());
+    const auto motion = std::make_shared<DesktopMotion>(desktopSettings());
     return [motion] { return motion->isReduced(); };
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/DesktopLook.h"
 #include "Platform/SessionWatch.h"
 #include "Platform/SleepWatch.h"
 #include "Platform/SymbolMask.h"
@@ -62,6 +63,11 @@ std::shared_ptr<void> makeTolerantTimer(std::chrono::milliseconds interval,
 /// Tells whether the user asked the system for more contrast; null for a system whose palette alone
 /// tells it.
 std::function<bool()> makeIncreasedContrast();
+
+/// Tells what the user asked the desktop's windows to look like, as far as it has answered, and
+/// calls `changed` whenever that is something else. Null for a system whose palette alone tells
+/// it. Quick. Needs an application object of the toolkit.
+std::function<DesktopLook()> makeDesktopLook(std::function<void()> changed);
 
 /// Tells whether the user asked the desktop or the system for less motion; null where nobody can
 /// tell. Quick. Needs an application object of the toolkit.

@@ -1,21 +1,24 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusContext>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QMap>
 #include <QObject>
 #include <QString>
+#include <QStringList>
+#include <QVariantMap>
 
 namespace tervale {
 
 /// A desktop's portal of settings on a test's bus.
-class FakePortal : public QObject, protected QDBusContext {
+class FakePortal : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
   public:
     explicit FakePortal(QDBusConnection bus) {
+        qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
         bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
                            QDBusConnection::ExportAllContents);
         bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
@@ -31,12 +34,16 @@ class FakePortal : public QObject, protected QDBusContext {
 
   public slots:
     /// Wraps a value twice, as older portals do.
-    QDBusVariant Read(const QString& group, const QString& key) {
+    QMap<QString, QVariantMap> ReadAll(const QStringList& groups) {
         ++answers;
-        const QVariant value = settings.value(group + '/' + key);
-        if (!value.isValid())
-            sendErrorReply(QStringLiteral("org.freedesktop.portal.Error.NotFound"), key);
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(value)));
+        QMap<QString, QVariantMap> found;
+        for (auto each = settings.begin(); each != settings.end(); ++each) {
+            const QString group = each.key().section('/', 0, 0);
+            if (groups.contains(group))
+                found[group][each.key().section('/', 1)] =
+                    QVariant::fromValue(QDBusVariant(each.value()));
+        }
+        return found;
     }
 };
 

@@ -43,6 +43,9 @@ constexpr Shades darkShades = shadesOn(themeColors::dark, 0.126f, 0.032f);
 constexpr Shades contrastLightShades{0.8f, 0.2f, 0.6f, 0.7f, 0.05f, 0xff8a3d00, 0xff0b4fc0};
 constexpr Shades contrastDarkShades{0.8f, 0.3f, 0.6f, 0.7f, 0.06f, 0xffffbf80, 0xff8cb9ff};
 
+constexpr QRgb black = 0xff000000;
+constexpr QRgb white = 0xffffffff;
+
 double linear(float shade) {
     const auto component = static_cast<double>(shade);
     return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
@@ -68,7 +71,7 @@ std::optional<bool>& systemContrast() {
 /// while painting would take too long.
 class ContrastWatch final : public QObject {
   public:
-    explicit ContrastWatch(std::function<bool()> query) : query(std::move(query)) {
+    explicit ContrastWatch(std::function<std::optional<bool>()> query) : query(std::move(query)) {
         ask();
         qApp->installEventFilter(this);
     }
@@ -90,7 +93,7 @@ class ContrastWatch final : public QObject {
         palette = QGuiApplication::palette().cacheKey();
     }
 
-    std::function<bool()> query;
+    std::function<std::optional<bool>()> query;
     /// The application's, when the system was last asked.
     qint64 palette = 0;
 };
@@ -174,7 +177,7 @@ QPalette paletteOf(const Basics& basics) {
 
 } // namespace
 
-void askForHighContrast(std::function<bool()> query) {
+void askForHighContrast(std::function<std::optional<bool>()> query) {
     static QPointer<ContrastWatch> watch;
     delete watch;
     systemContrast().reset();
@@ -230,6 +233,24 @@ QPalette darkPalette() {
                       .control = 0xff3a3a3e,
                       .toolTip = 0xff3a3a3e,
                       .link = opaque(themeColors::dark.accentLabel)});
+}
+
+QPalette highContrastLightPalette() {
+    return paletteOf({.window = white,
+                      .card = white,
+                      .label = black,
+                      .control = white,
+                      .toolTip = white,
+                      .link = contrastLightShades.accentLabel});
+}
+
+QPalette highContrastDarkPalette() {
+    return paletteOf({.window = black,
+                      .card = black,
+                      .label = white,
+                      .control = black,
+                      .toolTip = black,
+                      .link = contrastDarkShades.accentLabel});
 }
 
 } // namespace tervale

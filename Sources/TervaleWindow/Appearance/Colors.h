@@ -4,6 +4,7 @@
 #include <QPalette>
 
 #include <functional>
+#include <optional>
 
 namespace tervale {
 
@@ -41,11 +42,15 @@ struct Colors {
 };
 
 /// Asks `query` whether the user wants more contrast: now, and whenever the system changes the
-/// application's palette or its theme. With none, the palette tells. Needs the application object.
-void askForHighContrast(std::function<bool()> query);
+/// application's palette or its theme. With none, and where it answers nothing, the palette tells.
+/// Needs the application object.
+void askForHighContrast(std::function<std::optional<bool>()> query);
 
 /// The palettes that the window draws with where the desktop brings none of its own.
 QPalette lightPalette();
 QPalette darkPalette();
+/// The same in black and white, for who asked for more contrast.
+QPalette highContrastLightPalette();
+QPalette highContrastDarkPalette();
 
 } // namespace tervale

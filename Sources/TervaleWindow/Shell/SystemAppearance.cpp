@@ -1,6 +1,5 @@
 #include "TervaleWindow/Shell/SystemAppearance.h"
 
-#include "Platform/Platform.h"
 #include "TervaleWindow/Appearance/Colors.h"
 #include "TervaleWindow/Appearance/Fonts.h"
 #include "TervaleWindow/Appearance/Motion.h"
@@ -9,9 +8,14 @@
 #include "TervaleWindow/Style/WindowStyle.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QOperatingSystemVersion>
+#include <QPointer>
 #include <QStyle>
 #include <QStyleHints>
+#include <QWidget>
+
+#include <optional>
 
 namespace tervale {
 
@@ -22,14 +26,21 @@ bool desktopHasPalette() {
     return QApplication::palette() != QApplication::style()->standardPalette();
 }
 
-/// The window's own palette, in the scheme that the desktop asks for where the toolkit can tell.
-void useOwnPalette() {
+/// Whether the toolkit takes the desktop for a dark one, where it can tell.
+bool toolkitIsDark() {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
-    const bool dark = QApplication::styleHints()->colorScheme() == Qt::ColorScheme::Dark;
-    QApplication::setPalette(dark ? darkPalette() : lightPalette());
+    return QApplication::styleHints()->colorScheme() == Qt::ColorScheme::Dark;
 #else
-    QApplication::setPalette(lightPalette());
+    return false;
 #endif
+}
+
+/// The window's own palette for a desktop of this look.
+QPalette paletteFor(const DesktopLook& look) {
+    const bool dark = look.scheme ? look.scheme == DesktopLook::Scheme::dark : toolkitIsDark();
+    if (look.highContrast)
+        return dark ? highContrastDarkPalette() : highContrastLightPalette();
+    return dark ? darkPalette() : lightPalette();
 }
 
 /// Only what is selected is tinted; every other colour stays the desktop's, and follows it.
@@ -38,6 +49,76 @@ void tintDesktopPalette() {
     tint.setColor(QPalette::Highlight, Theme::accent());
     tint.setColor(QPalette::HighlightedText, Qt::white);
     QApplication::setPalette(tint);
+}
+
+/// Has whatever draws by the palette look at it again, though it stayed as it was.
+void drawAnew() {
+    QEvent theme(QEvent::ThemeChange);
+    QCoreApplication::sendEvent(qApp, &theme);
+    for (QWidget* widget : QApplication::allWidgets()) {
+        QEvent palette(QEvent::PaletteChange);
+        QCoreApplication::sendEvent(widget, &palette);
+        widget->update();
+    }
+}
+
+enum class PaletteOwner { desktop, window };
+
+/// Has the window look as the desktop asks it to, now and after each change.
+class LookFollower final : public QObject {
+  public:
+    LookFollower(const DesktopLookSource& source, PaletteOwner owner)
+        : owner(owner),
+          ask(source ? source([this] { follow(); }) : nullptr) {
+        if (owner == PaletteOwner::desktop) {
+            tintDesktopPalette();
+            askForHighContrast([this] { return contrastBesidePalette(); });
+        } else {
+            QApplication::setPalette(paletteFor(look()));
+        }
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+        connect(QApplication::styleHints(), &QStyleHints::colorSchemeChanged, this,
+                &LookFollower::follow);
+#endif
+    }
+    ~LookFollower() override {
+        if (owner == PaletteOwner::desktop)
+            askForHighContrast(nullptr);
+    }
+
+  private:
+    DesktopLook look() const {
+        return ask ? ask() : DesktopLook();
+    }
+    /// A palette of the desktop's may tell it too.
+    std::optional<bool> contrastBesidePalette() const {
+        return look().highContrast ? std::optional(true) : std::nullopt;
+    }
+    void follow() {
+        if (owner == PaletteOwner::window)
+            QApplication::setPalette(paletteFor(look()));
+        else
+            drawAnew();
+    }
+
+    PaletteOwner owner;
+    std::function<DesktopLook()> ask;
+};
+
+QPointer<LookFollower>& lookFollower() {
+    static QPointer<LookFollower> follower;
+    return follower;
+}
+
+void followLook(const DesktopLookSource& source, PaletteOwner owner) {
+    // What it asks may not outlive the toolkit.
+    static const bool ends = [] {
+        qAddPostRoutine([] { delete lookFollower(); });
+        return true;
+    }();
+    static_cast<void>(ends);
+    delete lookFollower();
+    lookFollower() = new LookFollower(source, owner);
 }
 
 /// The symbols of the system where it has some.
@@ -64,7 +145,7 @@ ControlDrawing controlDrawing() {
                : ControlDrawing::window;
 }
 
-void useSystemAppearance([[maybe_unused]] QApplication& application, ControlDrawing drawing) {
+void useSystemAppearance(QApplication&, ControlDrawing drawing, const DesktopLookSource& desktop) {
     useSystemSymbols();
     askForHighContrast(makeIncreasedContrast());
     askForReducedMotion(makeReducedMotion());
@@ -74,15 +155,7 @@ void useSystemAppearance([[maybe_unused]] QApplication& application, ControlDraw
     const bool themed = desktopHasPalette();
     // Brings the fonts along, each kind of control its own.
     QApplication::setStyle(new WindowStyle);
-    if (themed) {
-        tintDesktopPalette();
-        return;
-    }
-    useOwnPalette();
-#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
-    QObject::connect(QApplication::styleHints(), &QStyleHints::colorSchemeChanged, &application,
-                     &useOwnPalette);
-#endif
+    followLook(desktop, themed ? PaletteOwner::desktop : PaletteOwner::window);
 }
 
 } // namespace tervale

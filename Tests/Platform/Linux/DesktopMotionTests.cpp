@@ -1,5 +1,6 @@
 #include "Platform/Linux/DesktopMotion.h"
 #include "Support/FakePortal.h"
+#include "Support/GtkSettings.h"
 #include "Support/PrivateBus.h"
 #include "Support/TemporaryFolder.h"
 
@@ -7,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <memory>
 
 using namespace tervale;
 
@@ -19,12 +20,11 @@ const QString interface = "org.gnome.desktop.interface";
 class DesktopMotionTest : public testing::Test {
   protected:
     void writeGtkSettings(const std::string& line, const std::string& version = "gtk-3.0") {
-        std::filesystem::create_directories(configuration.path / version);
-        std::ofstream(configuration.path / version / "settings.ini")
-            << "[Settings]\ngtk-theme-name=Any\n"
-            << line << '\n';
+        tervale::writeGtkSettings(configuration.path, "gtk-theme-name=Any\n" + line, version);
     }
-    DesktopMotion motion() { return {bus.connect(), configuration.path}; }
+    DesktopMotion motion() {
+        return DesktopMotion(std::make_shared<DesktopSettings>(bus.connect(), configuration.path));
+    }
     static void change(FakePortal& portal, const QString& group, const QString& key,
                        const QVariant& value) {
         emit portal.SettingChanged(group, key, QDBusVariant(value));
@@ -53,7 +53,9 @@ TEST_F(DesktopMotionTest, IsWhatGtksSettingsSayWithoutAPortal) {
 
 TEST_F(DesktopMotionTest, IsWhatGtksSettingsSayWithoutABus) {
     writeGtkSettings("gtk-enable-animations=0");
-    EXPECT_TRUE(DesktopMotion(QDBusConnection(QString()), configuration.path).isReduced());
+    const auto settings =
+        std::make_shared<DesktopSettings>(QDBusConnection(QString()), configuration.path);
+    EXPECT_TRUE(DesktopMotion(settings).isReduced());
 }
 
 TEST_F(DesktopMotionTest, IsReducedWhereTheDesktopAnimatesNothing) {
@@ -84,7 +86,7 @@ TEST_F(DesktopMotionTest, FollowsEachChange) {
     FakePortal portal(bus.connect());
     portal.settings[interface + "/enable-animations"] = true;
     const DesktopMotion asked = motion();
-    ASSERT_TRUE(eventually([&] { return portal.answers == 2; }));
+    ASSERT_TRUE(eventually([&] { return portal.answers == 1; }));
     change(portal, interface, "enable-animations", false);
     EXPECT_TRUE(eventually([&] { return asked.isReduced(); }));
     change(portal, interface, "enable-animations", true);
@@ -98,7 +100,7 @@ TEST_F(DesktopMotionTest, FollowsEachChange) {
 TEST_F(DesktopMotionTest, PassesOverWhatIsNoSetting) {
     FakePortal portal(bus.connect());
     const DesktopMotion asked = motion();
-    ASSERT_TRUE(eventually([&] { return portal.answers == 2; }));
+    ASSERT_TRUE(eventually([&] { return portal.answers == 1; }));
     change(portal, interface, "enable-animations", "no");
     change(portal, interface, "cursor-blink", false);
     change(portal, "org.example", "enable-animations", false);
