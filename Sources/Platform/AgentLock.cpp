@@ -61,10 +61,9 @@ FileLock AgentLock::take(const std::filesystem::path& path, std::chrono::millise
     }
     if (!taken) {
         const std::optional<Holder> other = holder(path);
-        throw Refused(other && other->process
-                          ? "An agent runs already: process " + std::to_string(*other->process) +
-                                "."
-                          : "An agent runs already.");
+        throw Refused(other && other->process ? "An agent runs already: process " +
+                                                    std::to_string(*other->process) + "."
+                                              : "An agent runs already.");
     }
     return std::move(*taken);
 }

@@ -29,8 +29,8 @@ class AgentLock {
         using Refused::Refused;
     };
     struct Holder {
-        /// None in the moment in which the lock is taken and the file not yet written, and where the
-        /// disk is full.
+        /// None in the moment in which the lock is taken and the file not yet written, and where
+        /// the disk is full.
         std::optional<std::int64_t> process;
         /// As the file has it.
         std::string started;
