@@ -78,7 +78,7 @@ TEST_F(ProfileStoreTest, KeepsTheOldListRatherThanWriteWhatIsNotReadBack) {
 TEST_F(ProfileStoreTest, ReadsAListWithOneBadProfileAsEmptyAndWritesOverIt) {
     store.setProfiles({load("a", 1)});
     Preferences::Data data = *defaults.data("profiles");
-    data.resize(data.size() - 1);
+    data.pop_back();
     const Preferences::Data tail =
         bytes(R"(,{"id":"7C3E2F80-5D1A-4B6E-9A0C-2F4D8E1B6A95","name":"n","kind":{"temperature":)"
               R"({"_0":{"group":"neural","average":true},"_1":{"points":[]}}}}])");
