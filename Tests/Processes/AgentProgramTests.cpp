@@ -64,7 +64,7 @@ TEST_F(AgentProgramTest, DrivesTheFansAndHandsThemBackWhenToldToEnd) {
         sinceSignal.start();
         agent.send(signal);
         ASSERT_TRUE(agent.ends());
-        EXPECT_LT(sinceSignal.elapsed(), onThisMachine(2000));
+        EXPECT_LT(sinceSignal.elapsed(), 2000);
         EXPECT_EQ(agent.status(), 0);
         EXPECT_TRUE(automatic());
         EXPECT_TRUE(eventually(
@@ -233,7 +233,7 @@ TEST_F(AgentProgramTest, StartsAnotherGuardWhenItsGuardIsKilled) {
         return now && now != before;
     }));
     // A tick until it is missed, and one more where it takes longer to come up than is waited for.
-    EXPECT_LT(sinceKill.elapsed(), 9000);
+    EXPECT_LT(sinceKill.elapsed(), 3500);
     EXPECT_TRUE(eventually([this] { return manual(); }));
     agent.send(SIGKILL);
     ASSERT_TRUE(agent.ends());
@@ -309,7 +309,7 @@ TEST_F(AgentProgramTest, HasTheMachineWaitForAControllerThatDoesNotAnswerBeforeS
     emit manager.PrepareForSleep(true);
     ASSERT_TRUE(eventually([&] { return !manager.isDelayed(); }));
     EXPECT_GT(waited.elapsed(), 2500);
-    EXPECT_LT(waited.elapsed(), 20'000) << "but not for ever";
+    EXPECT_LT(waited.elapsed(), 6500) << "but not for ever";
     EXPECT_TRUE(eventually(
         [&] { return agent.errors().contains("could not be handed back before the sleep"); }));
     simulator.send(SIGCONT);
@@ -330,7 +330,7 @@ TEST_F(AgentProgramTest, EndsWithinTwoSecondsWhileItTriesToHandBackBeforeSleep) 
     asked.start();
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());
-    EXPECT_LT(asked.elapsed(), onThisMachine(2000));
+    EXPECT_LT(asked.elapsed(), 2000);
     EXPECT_EQ(agent.status(), 3);
     simulator.send(SIGCONT);
     EXPECT_TRUE(eventually([this] { return automatic(); })) << "the guard goes on trying";
@@ -367,7 +367,7 @@ TEST_F(AgentProgramTest, EndsAtOnceWithoutItsBusWhereItsSessionIsOver) {
     EXPECT_TRUE(agent.runs()) << "the bus alone is not the session";
     manager.session.state = "closing";
     ASSERT_TRUE(agent.ends());
-    EXPECT_LT(waited.elapsed(), 20'000);
+    EXPECT_LT(waited.elapsed(), 6000);
     EXPECT_EQ(agent.status(), 0);
     EXPECT_TRUE(agent.errors().contains("The session is over."));
     EXPECT_TRUE(automatic());

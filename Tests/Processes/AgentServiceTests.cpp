@@ -69,8 +69,8 @@ TEST_F(AgentServiceTest, TellsThatItIsReadyThenThatItLivesEachSecondAndThatItEnd
     QElapsedTimer time;
     time.start();
     ASSERT_TRUE(eventually([&] { return manager.timesTold("WATCHDOG=1") >= before + 3; }));
-    EXPECT_GT(time.elapsed(), 1000);
-    EXPECT_LT(time.elapsed(), 20'000);
+    EXPECT_GT(time.elapsed(), 1500);
+    EXPECT_LT(time.elapsed(), 6000);
     EXPECT_EQ(manager.timesTold("STOPPING=1"), 0);
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());

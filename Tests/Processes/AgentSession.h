@@ -20,12 +20,6 @@ namespace tervale {
 
 inline const Action maximum = action::Fixed{1};
 
-/// Of a limit that the programs keep, in milliseconds; a busy machine adds to it. Strict where
-/// $TERVALE_STRICT_TIMES is set.
-inline qint64 onThisMachine(qint64 limit) {
-    return qEnvironmentVariableIsSet("TERVALE_STRICT_TIMES") ? limit : 5 * limit;
-}
-
 /// A session in which a test starts agents: it speaks with them as a window does, and sees the
 /// controller as they do.
 class AgentSession : public testing::Test {

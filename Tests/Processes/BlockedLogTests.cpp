@@ -66,7 +66,7 @@ TEST_F(BlockedLogTest, KeepsNoGuardFromHandingBackAtOnceWhenTheAgentIsKilled) {
     sinceKill.start();
     agent->send(SIGKILL);
     EXPECT_TRUE(eventually([this] { return automatic(); }));
-    EXPECT_LT(sinceKill.elapsed(), onThisMachine(1000));
+    EXPECT_LT(sinceKill.elapsed(), 1000);
 }
 
 TEST_F(BlockedLogTest, KeepsNoGuardFromHandingBackForAnAgentThatIsStopped) {
@@ -77,7 +77,7 @@ TEST_F(BlockedLogTest, KeepsNoGuardFromHandingBackForAnAgentThatIsStopped) {
     agent->send(SIGSTOP);
     // It tells of each silent second.
     EXPECT_TRUE(eventually([this] { return automatic(); }));
-    EXPECT_LT(sinceStop.elapsed(), 20'000);
+    EXPECT_LT(sinceStop.elapsed(), 13000);
     EXPECT_TRUE(agent->ends());
 }
 
@@ -89,9 +89,9 @@ TEST_F(BlockedLogTest, KeepsNoAgentFromEndingWithinTwoSeconds) {
         sinceSignal.start();
         agent->send(signal);
         EXPECT_TRUE(eventually([this] { return automatic(); }));
-        EXPECT_LT(sinceSignal.elapsed(), onThisMachine(1000));
+        EXPECT_LT(sinceSignal.elapsed(), 1000);
         ASSERT_TRUE(agent->ends());
-        EXPECT_LT(sinceSignal.elapsed(), onThisMachine(2000));
+        EXPECT_LT(sinceSignal.elapsed(), 2000);
         EXPECT_EQ(agent->status(), 0);
         read();
         logged.clear();
@@ -139,7 +139,7 @@ TEST_F(BlockedLogTest, KeepsNoAgentFromHandingBackBeforeSleep) {
     sinceNews.start();
     emit manager.PrepareForSleep(true);
     ASSERT_TRUE(eventually([&] { return !manager.isDelayed(); }));
-    EXPECT_LT(sinceNews.elapsed(), onThisMachine(1000));
+    EXPECT_LT(sinceNews.elapsed(), 1000);
     EXPECT_TRUE(automatic()) << "before the machine is let sleep";
     emit manager.PrepareForSleep(false);
     EXPECT_TRUE(eventually([this] { return manual(); }));

@@ -3,7 +3,6 @@
 
 #include <QElapsedTimer>
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -130,8 +129,7 @@ class NeverStuckAtAnyMomentTest : public NeverStuckTest, public testing::WithPar
     }
     void kill(ChildProcess& agent) {
         agent.send(SIGKILL);
-        handBacks.push_back(timeUntilAutomatic());
-        EXPECT_LT(handBacks.back(), onThisMachine(1000));
+        EXPECT_LT(timeUntilAutomatic(), 1000);
         ASSERT_TRUE(agent.ends());
         // What it was about to write comes no more.
         EXPECT_TRUE(automatic());
@@ -144,8 +142,6 @@ class NeverStuckAtAnyMomentTest : public NeverStuckTest, public testing::WithPar
         return number;
     }()};
     int lists = 0;
-    /// How long each took, in milliseconds.
-    std::vector<qint64> handBacks;
 };
 
 } // namespace
@@ -172,9 +168,6 @@ TEST_P(NeverStuckAtAnyMomentTest, HandsTheFansBackWithinASecondOfAKillDuringMax)
         kill(*agent);
     }
     EXPECT_EQ(seenManual, killsInAQuarter);
-    // A busy machine may keep some of them, but not half of them.
-    std::ranges::sort(handBacks);
-    EXPECT_LT(handBacks.at(handBacks.size() / 2), 1000);
     EXPECT_GE(lists, killsInAQuarter / 2) << "hardly any list was saved";
     // The last list is whole, or the one before it.
     const AgentProcess last(bus);
@@ -224,7 +217,7 @@ TEST_F(NeverStuckTest, HandsTheFansBackWithinASecondOfACrash) {
         const rlimit none{0, 0};
         ASSERT_EQ(::prlimit(static_cast<pid_t>(agent.id()), RLIMIT_CORE, &none, nullptr), 0);
         agent.send(signal);
-        EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
+        EXPECT_LT(timeUntilAutomatic(), 1000);
         ASSERT_TRUE(agent.ends());
         EXPECT_NE(agent.status(), 0);
         EXPECT_TRUE(automatic());
@@ -260,7 +253,7 @@ TEST_F(NeverStuckTest, KillsAnAgentThatIsStoppedAndHandsTheFansBack) {
     EXPECT_TRUE(manual()) << "a short halt is none of the guard's business";
     ASSERT_TRUE(eventually([this] { return automatic(); }));
     EXPECT_GE(stopped.elapsed(), 9000);
-    EXPECT_LT(stopped.elapsed(), 20'000);
+    EXPECT_LT(stopped.elapsed(), 13000);
     wait(std::chrono::milliseconds(15000 - stopped.elapsed()));
     agent.send(SIGCONT);
     ASSERT_TRUE(agent.ends());
@@ -310,7 +303,7 @@ TEST_F(NeverStuckTest, DrivesTheFansAgainOnceTheControllersSocketIsBack) {
     EXPECT_TRUE(eventually([this] { return !state.status; }));
     // The guard's own connection is a new one as well.
     agent.send(SIGKILL);
-    EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
+    EXPECT_LT(timeUntilAutomatic(), 1000);
 }
 
 TEST_F(NeverStuckTest, HandsTheFansBackThoughTheControllerDoesNotAnswerAtFirst) {
@@ -334,7 +327,7 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughTheControllerDoesNotAnswer) {
     asked.start();
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());
-    EXPECT_LT(asked.elapsed(), onThisMachine(2000));
+    EXPECT_LT(asked.elapsed(), 2000);
     EXPECT_EQ(agent.status(), 3) << "another start would mend it";
     EXPECT_TRUE(agent.errors().contains("The fans could not be handed back"));
     simulator.send(SIGCONT);
@@ -351,11 +344,11 @@ TEST_F(NeverStuckTest, ReplacesAGuardThatIsStoppedWithinThreeTicks) {
     QElapsedTimer sinceStop;
     sinceStop.start();
     ASSERT_TRUE(eventually([&] { return guard() && guard() != stopped; }));
-    EXPECT_LT(sinceStop.elapsed(), 9000) << "two signs unanswered, and a tick to find out";
+    EXPECT_LT(sinceStop.elapsed(), 4500) << "two signs unanswered, and a tick to find out";
     EXPECT_TRUE(isGone(*stopped)) << "nobody stands beside the new one";
     EXPECT_TRUE(manual());
     agent.send(SIGKILL);
-    EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
+    EXPECT_LT(timeUntilAutomatic(), 1000);
 }
 
 TEST_F(NeverStuckTest, HandsTheFansBackAtTheTickThatFindsNoGuardAndNoOtherComes) {
@@ -368,8 +361,7 @@ TEST_F(NeverStuckTest, HandsTheFansBackAtTheTickThatFindsNoGuardAndNoOtherComes)
     ASSERT_TRUE(held);
     ASSERT_TRUE(stopsNextGuard(agent));
     ASSERT_TRUE(eventually([this] { return automatic(); }));
-    EXPECT_LT(sinceKill.elapsed(), onThisMachine(1900))
-        << "a tick, and no wait for a guard that is stopped";
+    EXPECT_LT(sinceKill.elapsed(), 1900) << "a tick, and no wait for a guard that is stopped";
     EXPECT_TRUE(eventually([this] {
         return state.status ==
                "The fans are automatic, since no guard could be started that hands them back.";
@@ -379,7 +371,7 @@ TEST_F(NeverStuckTest, HandsTheFansBackAtTheTickThatFindsNoGuardAndNoOtherComes)
     EXPECT_TRUE(eventually([this] { return manual() && guard(); })) << "it goes on trying";
     EXPECT_TRUE(eventually([this] { return !state.status; }));
     agent.send(SIGKILL);
-    EXPECT_LT(timeUntilAutomatic(), onThisMachine(1000));
+    EXPECT_LT(timeUntilAutomatic(), 1000);
 }
 
 TEST_F(NeverStuckTest, EndsWithinTwoSecondsWhileItsNextGuardIsStopped) {
@@ -393,7 +385,7 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsWhileItsNextGuardIsStopped) {
     asked.start();
     agent.send(SIGTERM);
     ASSERT_TRUE(agent.ends());
-    EXPECT_LT(asked.elapsed(), onThisMachine(2000));
+    EXPECT_LT(asked.elapsed(), 2000);
     EXPECT_EQ(agent.status(), 0);
     EXPECT_TRUE(automatic());
 }
@@ -410,7 +402,7 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughItsGuardIsStopped) {
         asked.start();
         agent.send(signal);
         ASSERT_TRUE(agent.ends());
-        EXPECT_LT(asked.elapsed(), onThisMachine(2000));
+        EXPECT_LT(asked.elapsed(), 2000);
         EXPECT_EQ(agent.status(), 0);
         EXPECT_TRUE(automatic());
         EXPECT_TRUE(eventually([&] { return isGone(*stopped); }));
@@ -430,11 +422,11 @@ TEST_F(NeverStuckTest, EndsWithinTwoSecondsThoughItsGuardCannotBeBuried) {
     QElapsedTimer asked;
     asked.start();
     agent.send(SIGTERM);
-    const bool ended = eventually([&] { return !agent.runs() || asked.elapsed() > 60'000; });
+    const bool ended = eventually([&] { return !agent.runs() || asked.elapsed() > 5000; });
     const qint64 time = asked.elapsed();
     ::waitpid(process, nullptr, 0);
     EXPECT_TRUE(ended);
-    EXPECT_LT(time, onThisMachine(2000));
+    EXPECT_LT(time, 2000);
     ASSERT_TRUE(agent.ends());
     EXPECT_EQ(agent.status(), 0);
     EXPECT_TRUE(automatic());

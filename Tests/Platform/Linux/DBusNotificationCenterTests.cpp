@@ -264,8 +264,7 @@ TEST_F(DBusNotificationCenterTest, KeepsNobodyWaitingForABusThatDoesNotAnswer) {
             longest = std::max(longest, time.elapsed() - last);
             last = time.elapsed();
         }
-        // The toolkit would wait for the bus for 25 seconds.
-        EXPECT_LT(longest, 10'000);
+        EXPECT_LT(longest, 500);
         EXPECT_EQ(attempts, 1) << "that of the beginning";
         EXPECT_EQ(channels, std::vector{Channel::gone});
     }
