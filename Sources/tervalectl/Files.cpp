@@ -49,10 +49,16 @@ bool isStandardOutput(const std::string& path) {
     return path == standardStream || path == "/dev/stdout";
 }
 
-/// Whether another file takes its place, rather than the text being written into it.
+/// Whether another file takes its place, rather than the text being written into it. What cannot be
+/// looked at may be a pipe or a device, and is not replaced.
 bool isReplaced(const std::string& path) {
-    const QFileInfo info(QFile::decodeName(path.c_str()));
-    return !isOpenFile(path) && (info.isFile() || !info.exists());
+    if (isOpenFile(path))
+        return false;
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (!std::filesystem::status_known(status))
+        throw cannotWrite(path, error.message());
+    return std::filesystem::is_regular_file(status) || !std::filesystem::exists(status);
 }
 
 void replace(const std::string& path, const QByteArray& text) {

@@ -87,6 +87,12 @@ Function next(const char* name) {
         return fails(concerned) ? result{-1} : real arguments;                                     \
     }
 
+#define FAULTY_POINTER(pointee, name, parameters, arguments, concerned)                            \
+    extern "C" pointee* name parameters {                                                          \
+        static const auto real = next<pointee*(*)parameters>(#name);                               \
+        return fails(concerned) ? nullptr : real arguments;                                        \
+    }
+
 #define FAULTY_OPEN(name, parameters, arguments, concerned)                                        \
     extern "C" int name parameters {                                                               \
         static const auto real = next<int(*) parameters>(#name);                                   \
@@ -126,6 +132,31 @@ FAULTY(int, unlink, (const char* path), (path), isBelow(path))
 FAULTY(int, stat, (const char* path, void* status), (path, status), isBelow(path))
 FAULTY(int, lstat, (const char* path, void* status), (path, status), isBelow(path))
 FAULTY(int, fstat, (int file, void* status), (file, status), isWatched(file))
+FAULTY(int, stat64, (const char* path, void* status), (path, status), isBelow(path))
+FAULTY(int, lstat64, (const char* path, void* status), (path, status), isBelow(path))
+FAULTY(int, fstat64, (int file, void* status), (file, status), isWatched(file))
+FAULTY(int, fstatat, (int at, const char* path, void* status, int flags), (at, path, status, flags),
+       isBelow(path, at))
+FAULTY(int, fstatat64, (int at, const char* path, void* status, int flags),
+       (at, path, status, flags), isBelow(path, at))
+FAULTY(int, access, (const char* path, int mode), (path, mode), isBelow(path))
+FAULTY(int, faccessat, (int at, const char* path, int mode, int flags), (at, path, mode, flags),
+       isBelow(path, at))
+FAULTY(int, chmod, (const char* path, unsigned mode), (path, mode), isBelow(path))
+FAULTY(int, unlinkat, (int at, const char* path, int flags), (at, path, flags), isBelow(path, at))
+FAULTY(int, futimens, (int file, const void* times), (file, times), isWatched(file))
+FAULTY(int, statvfs, (const char* path, void* status), (path, status), isBelow(path))
+FAULTY(int, statvfs64, (const char* path, void* status), (path, status), isBelow(path))
+FAULTY(long, lseek, (int file, long offset, int from), (file, offset, from), isWatched(file))
+FAULTY(long, lseek64, (int file, long offset, int from), (file, offset, from), isWatched(file))
+FAULTY(SignedSize, readlink, (const char* path, char* target, Size size), (path, target, size),
+       isBelow(path))
+FAULTY(SignedSize, writev, (int file, const void* parts, int numberOfParts),
+       (file, parts, numberOfParts), isWatched(file))
+
+// These tell of a failure by a null pointer.
+FAULTY_POINTER(void, opendir, (const char* path), (path), isBelow(path))
+FAULTY_POINTER(char, realpath, (const char* path, char* resolved), (path, resolved), isBelow(path))
 FAULTY(int, statx, (int at, const char* path, int flags, unsigned mask, void* status),
        (at, path, flags, mask, status), isBelow(path, at) || isWatched(at))
 

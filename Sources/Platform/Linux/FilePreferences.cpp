@@ -129,13 +129,26 @@ void removeLeftovers(const std::filesystem::path& folder, const std::string& fil
     }
 }
 
-/// Where the value lies: at the end of the links that people may have put in its place.
-std::filesystem::path followed(std::filesystem::path path) {
+/// Where the value lies: at the end of the links that people may have put in its place. Nothing,
+/// and the reason in `errno`, where that cannot be told: a link must not be taken for the value
+/// itself.
+std::optional<std::filesystem::path> followed(std::filesystem::path path) {
     constexpr int mostLinks = 40;
-    std::error_code error;
-    for (int i = 0; i < mostLinks && std::filesystem::is_symlink(path, error); ++i)
+    for (int i = 0; i < mostLinks; ++i) {
+        struct stat status {};
+        if (::lstat(path.c_str(), &status) != 0)
+            return errno == ENOENT ? std::optional(path) : std::nullopt;
+        if (!S_ISLNK(status.st_mode))
+            return path;
+        std::error_code error;
         path = path.parent_path() / std::filesystem::read_symlink(path, error);
-    return path;
+        if (error) {
+            errno = error.value();
+            return std::nullopt;
+        }
+    }
+    errno = ELOOP;
+    return std::nullopt;
 }
 
 std::filesystem::path homeFolder() {
@@ -181,28 +194,32 @@ std::optional<std::string> FilePreferences::setData(const std::string& key, cons
         return std::generic_category().message(EFBIG);
     if (!createFolder(folder))
         return reason();
-    const std::filesystem::path path = followed(folder / key);
-    const std::filesystem::path place = path.parent_path();
-    const std::string name = path.filename();
+    const auto path = followed(folder / key);
+    if (!path)
+        return reason();
+    const std::filesystem::path place = path->parent_path();
+    const std::string name = path->filename();
     removeLeftovers(place, name);
     std::string temporary = place / (temporaryPrefix(name) + "XXXXXX");
     if (auto why = writeTemporary(temporary, data))
         return why;
-    if (::rename(temporary.c_str(), path.c_str()) != 0)
+    if (::rename(temporary.c_str(), path->c_str()) != 0)
         return givenUp(temporary);
     return syncFolder(place) ? std::nullopt : std::optional(reason());
 }
 
 bool FilePreferences::keepCopy(const std::string& key, const std::string& copy) {
     precondition(isSafeKey(key) && isSafeKey(copy), "a preferences key is no safe file name");
-    const std::filesystem::path source = followed(folder / key);
+    const auto source = followed(folder / key);
+    if (!source)
+        return false;
     const std::filesystem::path target = folder / copy;
     // A second name needs no room on a full disk, and no permission to read.
-    if (::linkat(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), 0) == 0)
+    if (::linkat(AT_FDCWD, source->c_str(), AT_FDCWD, target.c_str(), 0) == 0)
         return true;
     // What has no second name, such as a folder, or lies elsewhere, is moved, if nothing is lost.
     return errno != EEXIST &&
-           ::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0;
+           ::renameat2(AT_FDCWD, source->c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0;
 }
 
 std::vector<std::string> FilePreferences::keys(const std::string& prefix) const {
