@@ -21,6 +21,7 @@ constexpr const char* unreadableSelectionNotice =
 constexpr const char* unreadableNotKept =
     "Those profiles were not saved: the ones that cannot be read could not be kept beside them.";
 constexpr const char* tooLong = "Those profiles were not saved: they are too long.";
+constexpr const char* overlongCommand = "A command was not taken: it is too long.";
 constexpr const char* timerRefused = "That timer was not set: it must end within 24 hours.";
 
 /// In the order of the alternatives.
@@ -30,7 +31,7 @@ constexpr std::array commandNames{"select",           "startTimer",  "saveProfil
 static_assert(commandNames.size() == std::variant_size_v<BridgeCommand>);
 
 /// Of a notice that is shown until the user does something.
-constexpr Date untilDismissed{std::numeric_limits<double>::infinity()};
+constexpr double untilDismissed = std::numeric_limits<double>::infinity();
 
 bool holdsSafetyReading(const TemperatureReadings& readings) {
     return std::ranges::any_of(allTemperatureInputs, [&](TemperatureInput input) {
@@ -59,8 +60,8 @@ Agent::Agent(Seams given)
     preferences.takeUp(state);
     tellUnreadable();
     commandObserver = bridge.onCommand([this](const BridgeCommand& command) { receive(command); });
+    overlongObserver = bridge.onOverlongCommand([this] { refuseOverlong(); });
     channelObserver = bridge.onChannel([this](Channel channel) {
-        trace(channel == Channel::back ? "The session bus is back." : "The session bus is gone.");
         // Whoever was out of reach has missed what was published.
         if (channel == Channel::back)
             publish();
@@ -127,6 +128,7 @@ std::optional<std::string> Agent::giveWay() {
     over = true;
     // A command that arrives now would take the fans again.
     commandObserver.reset();
+    overlongObserver.reset();
     channelObserver.reset();
     std::optional<std::string> error = unreached ? std::nullopt : fans.handBack();
     // What has arrived by now is kept, however long the disk takes.
@@ -148,6 +150,18 @@ void Agent::receive(const BridgeCommand& command) {
         unanswered = true;
         unconfirmed = true;
     }
+    confirmSoon();
+}
+
+void Agent::refuseOverlong() {
+    trace("A command was too long to be read.");
+    notify(overlongCommand);
+    unanswered = true;
+    unconfirmed = true;
+    confirmSoon();
+}
+
+void Agent::confirmSoon() {
     if (std::exchange(confirming, true))
         return;
     if (seams.later)
@@ -239,7 +253,7 @@ void Agent::endTimer() {
 }
 
 void Agent::notify(std::string text) {
-    notice = Notice{std::move(text), seams.clock.now() + noticeDuration};
+    notice = Notice{std::move(text), seams.clock.steady() + noticeDuration};
 }
 
 void Agent::tellUnreadable() {
@@ -261,7 +275,7 @@ void Agent::control() {
 }
 
 void Agent::tellStatus() {
-    if (notice && seams.clock.now() >= notice->until)
+    if (notice && seams.clock.steady() >= notice->until)
         notice.reset();
     state.status = status.text({.unreached = unreached,
                                 .error = failure,

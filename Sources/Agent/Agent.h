@@ -79,15 +79,20 @@ class Agent {
   private:
     struct Notice {
         std::string text;
-        Date until;
+        /// By the steady clock.
+        double until;
     };
 
     void receive(const BridgeCommand& command);
+    /// Answers who sent what nobody reads.
+    void refuseOverlong();
     void perform(const BridgeCommand& command);
     void saveProfiles(const std::vector<Profile>& profiles);
     void setLaunchAtLogin(bool enabled);
     void startTimer(const command::StartTimer& timer);
     void endTimer();
+    /// Confirms once all that waits has arrived.
+    void confirmSoon();
     /// Drives, stores and confirms what has arrived.
     void confirm();
     /// What is not stored yet.
@@ -132,6 +137,7 @@ class Agent {
     /// By the steady clock, while there is a timer.
     double timerLimit = 0;
     ObserverToken commandObserver;
+    ObserverToken overlongObserver;
     ObserverToken channelObserver;
 };
 

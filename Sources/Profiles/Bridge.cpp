@@ -104,6 +104,10 @@ ObserverToken observe(NotificationCenter& center, const char* name,
 
 } // namespace
 
+bool Bridge::fits(const BridgeCommand& command) {
+    return textOf(command).has_value();
+}
+
 bool Bridge::fits(const BridgeState& state) {
     return textOf(state).has_value();
 }
@@ -122,6 +126,14 @@ void Bridge::quitWindow() {
 
 ObserverToken Bridge::onCommand(std::function<void(const BridgeCommand&)> handler) {
     return observe<BridgeCommand>(center, commandName, std::move(handler));
+}
+
+ObserverToken Bridge::onOverlongCommand(std::function<void()> handler) {
+    return center.observe(commandName,
+                          [handler = std::move(handler)](const std::optional<std::string>& object) {
+                              if (object && object->size() > maximumTextSize)
+                                  handler();
+                          });
 }
 
 ObserverToken Bridge::onState(std::function<void(const BridgeState&)> handler) {

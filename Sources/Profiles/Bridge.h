@@ -88,7 +88,8 @@ class Bridge {
     /// The longest text, in bytes, of a list of profiles that commands and states carry, whatever
     /// else a state tells.
     static constexpr std::size_t maximumProfilesSize = maximumTextSize - std::size_t{2} * 1024;
-    /// Whether a state's text is short enough to be published.
+    /// Whether a text is short enough to be sent.
+    static bool fits(const BridgeCommand& command);
     static bool fits(const BridgeState& state);
 
     /// `center` outlives the bridge.
@@ -99,6 +100,8 @@ class Bridge {
     void quitWindow();
 
     [[nodiscard]] ObserverToken onCommand(std::function<void(const BridgeCommand&)> handler);
+    /// Of a command whose text is too long to be read.
+    [[nodiscard]] ObserverToken onOverlongCommand(std::function<void()> handler);
     [[nodiscard]] ObserverToken onState(std::function<void(const BridgeState&)> handler);
     [[nodiscard]] ObserverToken onQuitWindow(std::function<void()> handler);
     /// See `NotificationCenter::observeChannel`.

@@ -43,6 +43,7 @@ AgentProgram::AgentProgram(const AgentCommandLine::Run& run, NotificationCenter&
         loginItem = makeLoginItem();
     log(Level::info, std::string("Version ") + version::text + (run.dryRun ? ", dry run" : ""));
     QObject::connect(&timer, &QTimer::timeout, &timer, [this] { tick(); });
+    channelObserver = center.observeChannel([this](Channel channel) { logChannel(channel); });
     timer.start(1s);
     sinceTick.start();
     begin();
@@ -184,6 +185,13 @@ bool AgentProgram::keepGuard() {
 void AgentProgram::logState() {
     for (const std::string& line : stateLog.changes(agent->currentState()))
         log(Level::info, line);
+}
+
+void AgentProgram::logChannel(Channel channel) {
+    if (channel == Channel::back)
+        log(Level::info, "The session bus is back.");
+    else
+        log(Level::warning, "The session bus is gone. It is looked for.");
 }
 
 void AgentProgram::log(Level level, std::string_view line) {

@@ -74,6 +74,7 @@ class AgentProgram {
     bool keepGuard();
     std::optional<std::string> reach();
     void logState();
+    void logChannel(Channel channel);
     void log(AgentLog::Level level, std::string_view line);
 
     SystemClock clock;
@@ -95,6 +96,7 @@ class AgentProgram {
     LoadReading load;
     /// Null where only the flag is kept.
     std::function<std::optional<std::string>(bool)> loginItem;
+    ObserverToken channelObserver;
     /// From `begin` on.
     std::optional<Agent> agent;
     /// With which exit status.

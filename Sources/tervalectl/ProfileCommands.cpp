@@ -2,6 +2,7 @@
 
 #include "Base/Terminal.h"
 #include "JSON/JSON.h"
+#include "Profiles/Bridge.h"
 #include "Profiles/Validation.h"
 #include "tervalectl/AgentConnection.h"
 #include "tervalectl/Files.h"
@@ -57,6 +58,9 @@ void write(JSONWriter& json, const Examined& finding) {
 
 /// Has the agent store the profiles, unless one of them has a problem.
 void save(const std::vector<Profile>& profiles, AgentConnection& agent, Context& context) {
+    // Nobody would hear of it.
+    if (!Bridge::fits(command::SaveProfiles{profiles}))
+        throw refusal("Those profiles were not saved: they are too long.");
     const auto confirms = [&](const BridgeState& state) { return state.profiles == profiles; };
     printStored(agent.perform(command::SaveProfiles{profiles}, confirms), context);
 }

@@ -23,6 +23,7 @@ constexpr std::string_view dryRun = "Dry run: ";
 /// the fans from being driven.
 constexpr std::array answers{
     "Tervale is up to date."sv,
+    "A command was not taken: it is too long."sv,
     "That timer was not set: "sv,
     "Those profiles were not saved: they are too long."sv,
     "The profiles that could not be read are kept as "sv,

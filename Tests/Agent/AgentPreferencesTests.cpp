@@ -1,5 +1,6 @@
 #include "Agent/AgentFixture.h"
 #include "Agent/StarterProfiles.h"
+#include "JSON/JSON.h"
 #include "Profiles/ProfileStore.h"
 #include "Profiles/StoringFailure.h"
 
@@ -46,6 +47,17 @@ TEST_F(AgentTest, RefusesProfilesThatWouldSilenceIt) {
     EXPECT_EQ(answersTo(command::SaveProfiles{{profileNamed(name, kind::Load{})}}), 1U);
     EXPECT_EQ(last().profiles.size(), 1U);
     EXPECT_EQ(last().status, std::nullopt);
+}
+
+TEST_F(AgentTest, AnswersACommandThatIsTooLongToBeRead) {
+    const std::vector<Profile> before = last().profiles;
+    const std::string name(std::size_t{9} * 1024 * 1024, 'n');
+    const std::size_t answers = heard.size();
+    center.post(Bridge::commandName,
+                encode(BridgeCommand(command::SaveProfiles{{profileNamed(name, kind::Load{})}})));
+    EXPECT_EQ(heard.size(), answers + 1);
+    EXPECT_EQ(last().profiles, before);
+    EXPECT_EQ(last().status, "A command was not taken: it is too long.");
 }
 
 /// Preferences that fail as a disk does: nothing is read, or nothing is written.

@@ -198,6 +198,16 @@ TEST_F(FanPermissionTest, EndsATimerInTimeThoughTheClockIsSetBack) {
     EXPECT_FALSE(manual());
 }
 
+TEST_F(FanPermissionTest, EndsANoticeInTimeThoughTheClockIsSetBack) {
+    Bridge(center).send(command::CheckForUpdates{});
+    ASSERT_EQ(agent.currentState().status, "Tervale is up to date.");
+    clock.set(Date{-86400});
+    tick(static_cast<int>(Agent::noticeDuration) - 1);
+    EXPECT_EQ(agent.currentState().status, "Tervale is up to date.");
+    tick();
+    EXPECT_EQ(agent.currentState().status, std::nullopt);
+}
+
 TEST_F(FanPermissionTest, EndsATimerByTheWallClockThatIsSetForward) {
     Bridge(center).send(command::StartTimer{action::Fixed{1}, 60});
     clock.set(Date{3600});

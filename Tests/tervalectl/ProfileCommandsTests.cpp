@@ -184,6 +184,15 @@ TEST_F(ProfileCommands, RefuseWhatIsTooLargeToBeProfiles) {
               ExitStatus::refused);
 }
 
+TEST_F(ProfileCommands, RefuseAListThatIsTooLongToBeSent) {
+    Profile endless = busy;
+    endless.name.assign(Bridge::maximumTextSize, 'n');
+    std::ofstream(folder.path / "long") << encode(std::vector<Profile>{endless});
+    EXPECT_EQ(run({"profiles", "import", file("long")}), ExitStatus::refused);
+    EXPECT_EQ(errors, "tervalectl: Those profiles were not saved: they are too long.\n");
+    EXPECT_EQ(agent.state.profiles, std::vector{quiet});
+}
+
 TEST_F(ProfileCommands, ImportFromAPipe) {
     const std::string path = folder.path / "pipe";
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
