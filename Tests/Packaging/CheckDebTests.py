@@ -1,6 +1,7 @@
 import importlib.machinery
 import importlib.util
 import os
+import platform
 import shutil
 import subprocess
 import tarfile
@@ -95,15 +96,25 @@ class Dependencies(unittest.TestCase):
 @unittest.skipUnless(shutil.which("c++") and shutil.which("readelf") or os.environ.get("CI") == "true",
                      "a compiler is missing")
 class Hardening(unittest.TestCase):
+    # With as many functions as a program has, and a frame of two pages.
     PROGRAM = """#include <cstdio>
     #include <cstring>
+    %s
     int main(int, char** arguments) {
-        char text[64];
+        char text[8192];
         std::strcpy(text, arguments[0]);
         std::puts(text);
-    }"""
+    }""" % "\n".join(f"int number{i}() {{ return {i}; }}" for i in range(200))
     ALL = ["-O2", "-fPIC", "-pie", "-fstack-protector-strong", "-U_FORTIFY_SOURCE", "-D_FORTIFY_SOURCE=2",
            "-Wl,-z,relro,-z,now,-z,noexecstack"]
+    if platform.machine() == "x86_64":
+        ALL += ["-fstack-clash-protection", "-fcf-protection=full"]
+
+    # What only that processor's compiler has.
+    PROCESSOR = (
+        (["-fcf-protection=none"], "program may be led into the middle of a function"),
+        (["-fno-stack-clash-protection"], "no program touches its stack page by page"),
+    ) if platform.machine() == "x86_64" else ()
 
     @classmethod
     def setUpClass(cls):
@@ -127,6 +138,7 @@ class Hardening(unittest.TestCase):
                 (["-Wl,-z,norelro"], "program leaves its tables writable"),
                 (["-Wl,-z,execstack"], "program can run what lies on its stack"),
                 (["-fno-stack-protector"], "program does not guard its stack"),
-                (["-U_FORTIFY_SOURCE"], "no program checks the lengths that it copies")):
+                (["-U_FORTIFY_SOURCE"], "no program checks the lengths that it copies"),
+                *self.PROCESSOR):
             with self.subTest(expected):
                 self.assertEqual(self.faults(*options), [expected])

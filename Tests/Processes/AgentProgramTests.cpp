@@ -365,6 +365,8 @@ TEST_F(AgentProgramTest, EndsAtOnceWithoutItsBusWhereItsSessionIsOver) {
     waited.start();
     ASSERT_TRUE(eventually([&] { return waited.elapsed() > 1500; }));
     EXPECT_TRUE(agent.runs()) << "the bus alone is not the session";
+    EXPECT_TRUE(eventually(
+        [&] { return agent.errors().contains("The session bus is gone. It is looked for."); }));
     manager.session.state = "closing";
     ASSERT_TRUE(agent.ends());
     EXPECT_LT(waited.elapsed(), 6000);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using namespace tervale;
 
 namespace {
@@ -37,6 +39,24 @@ TEST_P(EveryProgramTest, PrintsNoControlCharactersOfItsArguments) {
         EXPECT_EQ(program.status(), 2) << argument;
         const QString errors = QString::fromUtf8(program.errors());
         EXPECT_TRUE(errors.endsWith('\n'));
+        for (const QChar character : errors.chopped(1))
+            EXPECT_TRUE(character.isPrint()) << errors.toStdString();
+    }
+}
+
+TEST(ProgramsTest, PrintNoControlCharactersOfWhatTheyRefuse) {
+    const PrivateBus bus;
+    const QString name = QString::fromUtf8("/a\x1B[2Jb\u009B/s");
+    const std::pair<const char*, QStringList> refused[] = {
+        {TERVALE_SIMULATOR, {"--socket", name}},
+        {TERVALE_CTL, {"profiles", "validate", name}},
+        {TERVALE_CTL, {"profiles", "export", "--simulate", name}}};
+    for (const auto& [path, arguments] : refused) {
+        ChildProcess program(QString::fromUtf8(path), arguments, bus.environment());
+        ASSERT_TRUE(program.ends());
+        EXPECT_EQ(program.status(), 1) << path;
+        const QString errors = QString::fromUtf8(program.errors());
+        EXPECT_TRUE(errors.contains("[2Jb")) << errors.toStdString();
         for (const QChar character : errors.chopped(1))
             EXPECT_TRUE(character.isPrint()) << errors.toStdString();
     }

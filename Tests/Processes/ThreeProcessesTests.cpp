@@ -122,6 +122,8 @@ TEST_F(ThreeProcessesTest, MeetAgainOnABusThatWasStartedAnew) {
     }));
     EXPECT_EQ(states.back().selection, Action(action::Fixed{1}));
     EXPECT_TRUE(programs.agent.runs());
+    EXPECT_TRUE(
+        eventually([&] { return programs.agent.errors().contains("The session bus is back."); }));
 }
 
 TEST_F(ThreeProcessesTest, ShowTheFansAgainOnceAStoppedProcessGoesOn) {

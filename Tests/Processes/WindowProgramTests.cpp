@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <optional>
 
 using namespace tervale;
 
@@ -119,6 +120,30 @@ TEST_F(WindowProgramTest, OpensWithoutABusThatAnswers) {
     WindowProgram window(lonely);
     EXPECT_TRUE(eventually([&] { return hasDrawn(window); }));
     EXPECT_TRUE(window.runs());
+}
+
+TEST_F(WindowProgramTest, AsksForTheStateAgainOnANewSessionBus) {
+    WindowProgram window(bus);
+    ASSERT_TRUE(hearsRequestState());
+    std::optional<DBusNotificationCenter> newCenter;
+    int again = 0;
+    ObserverToken token;
+    bus.stop();
+    bus.start([&](const QDBusConnection& first) {
+        newCenter.emplace(first);
+        token = Bridge(*newCenter).onCommand([&](const BridgeCommand& command) {
+            if (std::holds_alternative<command::RequestState>(command))
+                ++again;
+        });
+        PrivateBus::settle(first);
+    });
+    ASSERT_TRUE(eventually([&] { return again > 0; }));
+    ASSERT_TRUE(eventually([&] {
+        Bridge(*newCenter).quitWindow();
+        return !window.runs();
+    }));
+    EXPECT_EQ(window.status(), 0);
+    EXPECT_EQ(again, 1);
 }
 
 TEST_F(WindowProgramTest, PollsTheControllerOnTheSocket) {

@@ -12,9 +12,21 @@ PrivateBus::PrivateBus() {
 }
 
 void PrivateBus::start() {
+    serve(busAddress);
+}
+
+void PrivateBus::start(const std::function<void(const QDBusConnection&)>& first) {
+    const std::filesystem::path hidden = folder.path / "hidden.socket";
+    const QString address = QStringLiteral("unix:path=%1").arg(QString::fromStdString(hidden));
+    serve(address);
+    first(connectTo(address));
+    std::filesystem::rename(hidden, busSocket());
+}
+
+void PrivateBus::serve(const QString& address) {
     daemon.emplace(QStringLiteral("dbus-daemon"),
                    QStringList{QStringLiteral("--session"), QStringLiteral("--nofork"),
-                               QStringLiteral("--print-address"), "--address=" + busAddress},
+                               QStringLiteral("--print-address"), "--address=" + address},
                    QProcessEnvironment::systemEnvironment());
     daemon->says("\n");
 }
@@ -25,9 +37,13 @@ PrivateBus::~PrivateBus() {
 }
 
 QDBusConnection PrivateBus::connect() {
+    return connectTo(busAddress);
+}
+
+QDBusConnection PrivateBus::connectTo(const QString& address) {
     static int number = 0;
     connections << QStringLiteral("test-%1").arg(++number);
-    return QDBusConnection::connectToBus(busAddress, connections.constLast());
+    return QDBusConnection::connectToBus(address, connections.constLast());
 }
 
 void PrivateBus::settle(const QDBusConnection& connection) {

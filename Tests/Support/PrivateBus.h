@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -23,6 +24,8 @@ class PrivateBus {
     /// Ends the bus, and starts another one at the same address.
     void stop() { daemon.reset(); }
     void start();
+    /// Starts it so that nobody finds it before `first` has used a connection to it.
+    void start(const std::function<void(const QDBusConnection&)>& first);
     /// To the bus.
     void send(int signal) const { daemon->send(signal); }
     /// The file of its socket.
@@ -44,6 +47,9 @@ class PrivateBus {
     bool emitWithTool(const QStringList& arguments) const;
 
   private:
+    void serve(const QString& address);
+    QDBusConnection connectTo(const QString& address);
+
     TemporaryFolder folder;
     QString busAddress;
     std::optional<ChildProcess> daemon;

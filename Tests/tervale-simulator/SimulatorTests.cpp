@@ -76,6 +76,13 @@ TEST_F(SimulatorTest, RefusesASocketWhereNobodyWouldLook) {
     std::filesystem::create_directory(folder.path / "shared");
     ASSERT_EQ(::chmod((folder.path / "shared").c_str(), 0777), 0);
     run.socket = folder.path / "shared" / "socket";
-    EXPECT_THROW(start(), SocketServer::Refused);
+    std::string reason;
+    try {
+        start();
+    } catch (const SocketServer::Refused& refusal) {
+        reason = refusal.what();
+    }
+    EXPECT_EQ(reason, "Cannot serve on '" + run.socket->string() +
+                          "': its folder is not this user's alone to write to.");
     EXPECT_FALSE(std::filesystem::exists(*run.socket));
 }

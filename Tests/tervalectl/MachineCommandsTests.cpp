@@ -2,6 +2,7 @@
 #include "SMC/DelegatingRegistry.h"
 #include "SMC/SMCCodec.h"
 #include "SMC/SMCStructure.h"
+#include "Support/BreakableCenter.h"
 #include "tervalectl/CommandRunner.h"
 #include "tervalectl/MachineReading.h"
 
@@ -225,6 +226,25 @@ TEST_F(MachineCommands, MonitorTellsWhatTheAgentSays) {
     EXPECT_EQ(output.find("launchAtLogin"), std::string::npos) << output;
     // As before, it can be replayed.
     EXPECT_TRUE(std::holds_alternative<MachineReading>(decode<MachineReading>(output)));
+}
+
+TEST_F(MachineCommands, MonitorAsksTheAgentAgainOnANewSessionBus) {
+    BreakableCenter breakable;
+    ScriptedAgent agent(breakable);
+    otherCenter = &breakable;
+    registry = &onlyController;
+    atLoad = [&, loads = 0]() mutable {
+        // Once before the first line, and once for each.
+        if (++loads != 3)
+            return;
+        breakable.change(Channel::gone);
+        agent.state.status = "Too hot: Max until it is cooler.";
+        breakable.change(Channel::back);
+    };
+    ASSERT_EQ(run({"monitor", "--json", "--count", "2", "--interval", "0.1"}), ExitStatus::done);
+    const auto end = output.find('\n');
+    EXPECT_GT(output.find("Too hot"), end) << output;
+    EXPECT_NE(output.find("Too hot"), std::string::npos) << output;
 }
 
 TEST_F(MachineCommands, MonitorShowsWhatTheSafetyLatchDoes) {
